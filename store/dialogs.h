@@ -1,0 +1,94 @@
+#pragma once
+// The fields of each dialog's record by name, and the slot table that opens a dialog by its code.
+
+#include <QPoint>
+
+#include <functional>
+
+#include "store/state.h"
+
+/// Indices of gDlg, which are the page codes of the dialogs where they have one.
+enum DialogCode {
+    kDlgEntry = 2,
+    kDlgTemplate = 3,
+    kDlgBook = 4,
+    kDlgPictures = 6,
+    kDlgInput = 7,
+    kDlgNote = 10,
+    kDlgTree = 17
+};
+
+/// frmAccountNew.
+struct EntryDialog {
+    explicit EntryDialog(DialogRecord& r = State().gDlg[kDlgEntry])
+        : done(r.Flag1), isNew(r.Flag2), id(r.Num1), secondId(r.Num2) {}
+    int& done;
+    int& isNew;
+    int& id;        ///< in: the row to change; out: the main row, -1 when the opened row is gone
+    int& secondId;  ///< out: the second kind row, -1 none
+};
+
+/// frmAccountTemplate.
+struct TemplateDialog {
+    explicit TemplateDialog(DialogRecord& r = State().gDlg[kDlgTemplate]) : done(r.Flag1), title(r.Text1) {}
+    int& done;
+    QString& title;
+};
+
+/// frmBookNew.
+struct BookDialog {
+    explicit BookDialog(DialogRecord& r = State().gDlg[kDlgBook])
+        : done(r.Flag1), isNew(r.Flag2), path(r.Text1) {}
+    int& done;
+    int& isNew;
+    QString& path;  ///< the book to show when isNew is 0
+};
+
+/// The picture window.
+struct PictureDialog {
+    explicit PictureDialog(DialogRecord& r = State().gDlg[kDlgPictures])
+        : done(r.Flag1), isNew(r.Flag2), id(r.Num1), table(r.Text1), count(r.Text2) {}
+    int& done;
+    int& isNew;
+    int& id;
+    QString& table;
+    QString& count;
+};
+
+/// frmInput.
+struct InputDialog {
+    explicit InputDialog(DialogRecord& r = State().gDlg[kDlgInput])
+        : done(r.Flag1), prompt(r.Text1), label2(r.Text2), label3(r.Text3), text(r.Text4), memo(r.Text5),
+          startText(r.Text6), money(r.Num1), mode(r.Num2), otherDisabled(r.Flag2), other(r.Flag3),
+          otherChecked(r.Flag4) {}
+    int& done;           ///< in: show the memo row; out: confirmed
+    QString& prompt;
+    QString& label2;
+    QString& label3;
+    QString& text;       ///< in: caption; out: the text typed
+    QString& memo;       ///< in and out
+    QString& startText;  ///< in: the text that stands in the box at first
+    int& money;          ///< whole hundredths, in and out
+    int& mode;           ///< 0: a password; 1 or more: plain text with the amount and the check box
+    int& otherDisabled;
+    int& other;
+    int& otherChecked;
+};
+
+/// frmTree.
+struct TreeDialog {
+    explicit TreeDialog(DialogRecord& r = State().gDlg[kDlgTree]) : done(r.Flag1), key(r.Text1), name(r.Text2) {}
+    int& done;
+    QString& key;  ///< in: the table, tKind or tSubAcc; out: the chosen code
+    QString& name;
+};
+
+using DialogOpener = std::function<void(QPoint at)>;
+
+/// Puts in what OpenModal(code) calls.
+void RegisterDialog(int code, DialogOpener opener);
+void ClearDialogs();
+
+/// Shows the dialog modally with its code in gPage, and puts the old page code back. False when no dialog
+/// of that code is there. at is a point of the screen for dialogs that open beside a control.
+bool OpenModal(int code, QPoint at = {});

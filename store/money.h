@@ -1,0 +1,32 @@
+#pragma once
+// Numbers as texts. All rounding works on the 15-digit decimal text of a number, not on its binary value.
+
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+
+/// Plain number text with at most 15 significant digits; exponent form from 1E+15 on.
+QString PlainNumber(double x);
+
+/// x rounded to 2 places, halves to the even digit: "12", "12.50".
+QString MoneyText(double x);
+
+/// x rounded to 2 places, halves away from zero, always with two decimals: "12.00".
+QString FixedText(double x);
+
+/// The number that the leading characters of text spell; 0 if there is none or it is not finite.
+double Val(QStringView text);
+
+/// The value of a text that is wholly a number: sign, digits with at most one point, exponent; finite and
+/// of at most 15 significant digits. Blanks at the ends do not count.
+std::optional<double> NumericValue(QStringView text);
+
+/// Whole hundredths of an amount, if they fit 32 bits.
+std::optional<int> Hundredths(double amount);
+
+/// x in groups of State().nGroup digits (3 or 4, otherwise none); zeroText when it rounds to 0.
+/// Decimals beyond two survive.
+QString GroupNumber(double x, const QString& separator, const QString& zeroText);
+/// The same on a number's text, for cells that hold texts already. nGroup as above.
+QString GroupText(const QString& plain, int nGroup, const QString& separator, const QString& zeroText);
