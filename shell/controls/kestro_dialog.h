@@ -1,0 +1,60 @@
+#pragma once
+// KestroDialog: the frame of every modal window.
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+#include "shell/controls/window_frame.h"
+
+class PngButton;
+
+enum class DialogKind {
+    common,  ///< title 40, footer 56
+    small    ///< title 32, footer 48: message box and input box
+};
+
+/// Frameless, movable by its title, on the ground of `surface`. Enter is the default button's as in any
+/// QDialog; Escape runs onEscape, the close box onClose.
+class KestroDialog : public QDialog {
+ public:
+    explicit KestroDialog(DialogKind kind, const QString& caption = {}, QWidget* parent = nullptr);
+    ~KestroDialog() override;
+
+    void SetCaption(const QString& caption);
+    /// The room between title and footer, without a layout.
+    QWidget* Body() const { return body_; }
+    /// The bar at the bottom with its dividing line; made at the first call.
+    QWidget* Footer();
+    /// A line between title and body, for forms of more than three rows.
+    void SetTitleLine(bool shown);
+    int TitleHeight() const;
+    int FooterHeight() const;
+    /// Size of the window without its shadow; text that does not fit may make it taller later.
+    void SetNamedSize(QSize size);
+    void SetSmallest(QSize size) { frame_->SetSmallest(size); }
+    QSize NamedSize() const { return frame_->Named().size(); }
+    void SetOpacity(double opacity) { frame_->SetOpacity(opacity); }
+
+    std::function<void()> onEscape;  ///< default: reject
+    std::function<void()> onClose;   ///< default: reject
+
+    void reject() override;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    void Arrange();
+
+    std::unique_ptr<WindowFrame> frame_;
+    DialogKind kind_;
+    PngButton* close_;
+    QWidget* body_;
+    QWidget* footer_ = nullptr;
+    bool titleLine_ = false;
+};
