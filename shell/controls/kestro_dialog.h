@@ -9,14 +9,15 @@
 #include "shell/controls/window_frame.h"
 
 class PngButton;
+class QAbstractButton;
 
 enum class DialogKind {
     common,  ///< title 40, footer 56
     small    ///< title 32, footer 48: message box and input box
 };
 
-/// Frameless, movable by its title, on the ground of `surface`. Enter is the default button's as in any
-/// QDialog; Escape runs onEscape, the close box onClose.
+/// Frameless, movable by its title, on the ground of `surface`. Enter presses the default button, Escape runs
+/// onEscape, the close box onClose.
 class KestroDialog : public QDialog {
  public:
     explicit KestroDialog(DialogKind kind, const QString& caption = {}, QWidget* parent = nullptr);
@@ -29,6 +30,8 @@ class KestroDialog : public QDialog {
     QWidget* Footer();
     /// A line between title and body, for forms of more than three rows.
     void SetTitleLine(bool shown);
+    /// The button that Enter presses, unless a focused button or a box takes it.
+    void SetDefaultButton(QAbstractButton* button) { default_ = button; }
     int TitleHeight() const;
     int FooterHeight() const;
     /// Size of the window without its shadow; text that does not fit may make it taller later.
@@ -40,15 +43,15 @@ class KestroDialog : public QDialog {
     std::function<void()> onEscape;  ///< default: reject
     std::function<void()> onClose;   ///< default: reject
 
-    void reject() override;
-
  protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    void Leave(const std::function<void()>& road);
     void Arrange();
 
     std::unique_ptr<WindowFrame> frame_;
@@ -56,5 +59,6 @@ class KestroDialog : public QDialog {
     PngButton* close_;
     QWidget* body_;
     QWidget* footer_ = nullptr;
+    QAbstractButton* default_ = nullptr;
     bool titleLine_ = false;
 };

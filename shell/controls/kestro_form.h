@@ -4,14 +4,10 @@
 #include <QWidget>
 
 #include <functional>
-#include <map>
 #include <memory>
-#include <vector>
 
 #include "shell/controls/window_frame.h"
 
-class HeaderButton;
-class HeaderTab;
 class KestroHeader;
 
 class KestroForm : public QWidget {
@@ -45,8 +41,6 @@ class KestroForm : public QWidget {
     void SetSmallest(QSize size) { frame_->SetSmallest(size); }
     void SetNamedSize(QSize size) { frame_->SetNamedSize(size); }
     QSize NamedSize() const { return frame_->Named().size(); }
-    /// Chooses other skin tokens for everything inside.
-    void Reskin();
 
     std::function<void(int)> onTab;
     std::function<void(int)> onDisplayMode;
@@ -54,7 +48,6 @@ class KestroForm : public QWidget {
     std::function<void()> onBookLabel;
     std::function<void()> onLogo;
     std::function<void()> onClose;  ///< the window stays open; its owner decides
-    std::function<void()> onResize;
 
  protected:
     void paintEvent(QPaintEvent* event) override;
@@ -62,6 +55,7 @@ class KestroForm : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 
  private:
+    void Connect();
     void Arrange();
 
     std::unique_ptr<WindowFrame> frame_;

@@ -12,7 +12,7 @@ class PngButton : public QAbstractButton {
 
     void SetIcon(const QString& icon);
     void SetTip(const QString& tip);
-    /// The close button of a window: filled with `danger` under the pointer.
+    /// The close button of a window: a cross, on `danger` under the pointer.
     void SetClosing(bool closing) { closing_ = closing; }
     /// A 1 px outline, for buttons that stand beside a box.
     void SetFramed(bool framed) { framed_ = framed; }
@@ -22,11 +22,13 @@ class PngButton : public QAbstractButton {
     QSize sizeHint() const override { return {side_, side_}; }
 
  protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    void PaintCross(QPainter& p, bool onFill) const;
+
     QString icon_;
     int side_;
     bool closing_ = false;

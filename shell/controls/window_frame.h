@@ -2,10 +2,12 @@
 // The frame that the frameless windows share: shadow margin, outline, moving, resizing, maximising.
 
 #include <QObject>
+#include <QPoint>
 #include <QRect>
 
 #include <functional>
 
+class QColor;
 class QMouseEvent;
 class QPainter;
 class QWidget;
@@ -16,6 +18,7 @@ class WindowFrame : public QObject {
  public:
     /// canResize also allows maximising by a double click on the title area.
     WindowFrame(QWidget* window, bool canResize);
+    ~WindowFrame() override;
 
     /// Height of the title area from the top of the named rectangle; every free spot in it moves the window.
     void SetTitleHeight(int height) { titleHeight_ = height; }
@@ -30,7 +33,7 @@ class WindowFrame : public QObject {
     void SetNamedSize(QSize size);
     void SetSmallest(QSize size);
     /// Shadow, ground and outline.
-    void Paint(QPainter& p) const;
+    void Paint(QPainter& p, const QColor& ground) const;
     void ToggleMaximised();
     /// Begins a move from a press at a spot that belongs to a child, such as a tab.
     void StartMove();
@@ -44,16 +47,21 @@ class WindowFrame : public QObject {
  private:
     Qt::Edges EdgesAt(QPoint at) const;
     void ShowCursor(Qt::Edges edges);
+    bool OnWindow(QEvent* event);
+    bool OnHandle(QEvent* event);
+    bool InTitle(QPoint at) const;
     bool Press(const QMouseEvent& event);
     bool Move(const QMouseEvent& event);
+    void Begin(Qt::Edges edges, QPoint global);
     void FollowPointer(QPoint global);
 
     QWidget* window_;
     bool canResize_;
     int titleHeight_ = 0;
     double opacity_ = 0.4;
-    int lastMargin_ = -1;
+    QSize smallest_;
     Qt::Edges edges_;
+    Qt::Edges shownEdges_;
     bool pressed_ = false;
     bool byHand_ = false;
     QPoint pressedAt_;
