@@ -36,9 +36,10 @@ class Calculation {
 
  private:
     void Digit(QChar key);
+    void Percent();
     void Operator(QChar key);
+    void Equals();
     bool Apply();
-    void Fail();
 
     QString entry_ = QStringLiteral("0");
     QString trail_;

@@ -119,8 +119,7 @@ int KestroHeader::ArrangeRight() {
 
 void KestroHeader::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.fillRect(rect(), Skin::Color(Tok::ink));
+    Skin::Box(p, QRectF(rect()).adjusted(0, 0, 0, radius_), radius_, Skin::Color(Tok::ink), {});
     QColor line = Qt::white;
     line.setAlphaF(0.22F);
     Skin::VLine(p, divider_, 16, kHeight - 16, line);

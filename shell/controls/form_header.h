@@ -19,6 +19,8 @@ class KestroHeader : public QWidget {
     void SelectTab(int index);
     void SetMode(int mode);
     void SetBookLabel(const QString& text);
+    /// Of the window's upper corners.
+    void SetRadius(double radius) { radius_ = radius; }
 
     std::vector<HeaderTab*> tabs;
     HeaderLogo* logo;
@@ -41,5 +43,6 @@ class KestroHeader : public QWidget {
 
     QString name_;
     QString version_;
+    double radius_ = 0;
     int divider_ = 0;
 };

@@ -2,9 +2,13 @@
 // KestroButton: push buttons, tool buttons and date buttons.
 
 #include <QAbstractButton>
+#include <QColor>
 #include <QDate>
+#include <QFont>
 
 #include <functional>
+
+#include "shell/skin.h"
 
 enum class ButtonLook {
     primary,
@@ -41,20 +45,29 @@ class KestroButton : public QAbstractButton {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
  private:
+    struct Colors {
+        QColor fill;
+        QColor line;
+        QColor ink;
+    };
+
+    void Changed();
+    bool InToolbar() const { return look_ == ButtonLook::toolbar; }
     int ArrowWidth() const;
     int CaptionWidth() const;
-    bool InToolbar() const { return look_ == ButtonLook::toolbar; }
-    void PaintGround(QPainter& p, const QRectF& r) const;
-    void PaintCaption(QPainter& p, QRect r) const;
-    void PaintDate(QPainter& p, QRect r) const;
-    QColor Ink() const;
+    QFont CaptionFont() const;
+    QRect ArrowRect() const;
+    Colors StateColors() const;
+    Ground IconGround() const;
+    void PaintCaption(QPainter& p, QRect r, const QColor& ink) const;
+    void PaintDate(QPainter& p, QRect r, const QColor& ink) const;
+    void PaintArrow(QPainter& p, const QColor& ink) const;
 
     ButtonLook look_;
     QString icon_;

@@ -31,6 +31,7 @@ class KestroCalculator : public KestroPopup {
     void PressKey(QChar key);
     void Finish();
     void PaintDisplay(QPainter& p) const;
+    QString Grouped(const QString& value) const;
     void PaintKey(QPainter& p, int index) const;
 
     Calculation calculation_;

@@ -40,6 +40,7 @@ class KestroCalendar : public KestroPopup {
     void MoveTo(QDate date);
     void Pick(QDate date);
     void Turn(int steps);
+    void Press(QPoint at);
     void PressChoice(QPoint at);
     void PaintTitle(QPainter& p) const;
     void PaintDays(QPainter& p) const;
@@ -49,7 +50,6 @@ class KestroCalendar : public KestroPopup {
 
     QDate chosen_;
     QDate shown_;  ///< first day of the month on view
-    int firstYear_ = 0;
     int yearPage_ = 0;
     Choosing choosing_ = Choosing::days;
     QPoint pointer_{-1, -1};

@@ -65,11 +65,13 @@ class KestroCombox : public KestroText {
     void Choose(int index);
     void Filter(const QString& typed);
     void Settle();
+    void Step(int by);
+    int IndexOf(const QString& text) const;
     void JumpTo(const QString& letters);
 
     ComboxMode mode_;
     std::vector<ComboxItem> items_;
     std::unique_ptr<ComboxList> list_;
     int current_ = -1;
-    bool typed_ = false;
+    bool typed_ = false;  ///< the text is the user's and has not been settled
 };

@@ -22,10 +22,8 @@ class KestroEditBox : public QPlainTextEdit {
 
  protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void insertFromMimeData(const QMimeData* source) override;
 };

@@ -110,6 +110,7 @@ void KestroForm::SetFooter(QWidget* bar) {
 void KestroForm::Arrange() {
     const QRect named = frame_->Named();
     const bool framed = !isMaximized();
+    header_->SetRadius(frame_->Radius());
     header_->setGeometry(named.x(), named.y(), named.width(), HeaderHeight());
     const int foot = footer_ ? footer_->sizeHint().height() : 0;
     const int bottom = named.bottom() + 1 - (framed ? 1 : 0);
@@ -119,7 +120,6 @@ void KestroForm::Arrange() {
     update();
 }
 
-// The band is a child with square corners; the window's round ones are cut out of it.
 void KestroForm::paintEvent(QPaintEvent*) {
     QPainter p(this);
     frame_->Paint(p, Skin::Color(Tok::page));

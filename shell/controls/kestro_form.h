@@ -47,7 +47,8 @@ class KestroForm : public QWidget {
     std::function<void(const QString&)> onHeaderButton;  ///< "web", "calculator" or "menu"
     std::function<void()> onBookLabel;
     std::function<void()> onLogo;
-    std::function<void()> onClose;  ///< the window stays open; its owner decides
+    std::function<void()> onClose;  ///< the window stays open; its owner decides and
+                                     ///< ends the program by QCoreApplication::exit
 
  protected:
     void paintEvent(QPaintEvent* event) override;

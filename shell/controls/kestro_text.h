@@ -61,11 +61,9 @@ class KestroText : public QLineEdit {
     /// A press of the left button outside the end button.
     virtual void Pressed(QPoint) {}
 
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -78,13 +76,19 @@ class KestroText : public QLineEdit {
     void CleanEdit();
     void PaintOutline(QPainter& p) const;
     void PaintEnds(QPainter& p) const;
+    QColor TextColor() const;
+    void PutCursor(int position, bool marking);
+
+    // Amount mode paints its text itself, as QLineEdit cannot show separators that its text has not.
     void PaintAmount(QPainter& p) const;
+    void PaintPrompt(QPainter& p, int right) const;
+    QString Grouped() const;
     int AmountX(int position) const;
     int AmountPositionAt(int x) const;
-    QString Shown(int position) const;
     QRect AmountRoom() const;
+    int UnitWidth() const;
 
-    TextMode mode_;
+    TextMode mode_ = TextMode::normal;
     QString unit_;
     QString prompt_;
     QString leftIcon_;
