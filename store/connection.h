@@ -30,13 +30,19 @@ class DbError : public std::exception {
     QByteArray what_;
 };
 
+/// Fails an action for a reason of our own, as a failing statement does.
+[[noreturn]] void FailStatement(const QString& description, const QString& statement);
+
+/// What the number of a DbError says about the file.
+enum class DbFault { other, busy, readOnly, moved };
+DbFault FaultOf(int number);
+
 /// 'text' with its quotes doubled: the only way for an outside value into a statement.
 QString Quote(const QString& text);
 
 /// A number for a statement: the sign never meets an operator. Throws DbError when x is not finite.
 QString SqlNumber(double x);
 
-struct Cell;
 struct ConnectionCore;
 
 /// Rows read by column name in any case. All rows are read at open, so no lock stays behind.
@@ -137,7 +143,7 @@ class cConnection {
     /// Found by halving, since ids rise with row numbers; where they do not, by the id itself.
     std::optional<qint64> RowOf(const QString& table, qint64 id);
     /// The where part that names the rows of these ids: "rowid in (…)". Ids below 0 are left out.
-    QString WhereIds(const QString& table, const QString& idColumn, const std::vector<qint64>& ids);
+    QString WhereIds(const QString& table, const std::vector<qint64>& ids);
 
     /// Seams of tests: the VFS that Open uses, a hook before each statement, the passes over whole tables.
     struct Probe {
@@ -148,6 +154,8 @@ class cConnection {
     static Probe& Seams();
 
  private:
+    ConnectionCore& Core() const;
+    bool IdsRise(const QString& table);
     std::unique_ptr<ConnectionCore> core_;
 };
 

@@ -22,6 +22,16 @@ double Val(QStringView text);
 /// of at most 15 significant digits. Blanks at the ends do not count.
 std::optional<double> NumericValue(QStringView text);
 
+/// The general number test of codes: as NumericValue, with any number of digits.
+bool LooksNumeric(QStringView text);
+
+/// What an amount box makes of typed or pasted text: separators, currency signs and blanks drop out,
+/// full-width digits become ASCII. Nothing else is refused.
+QString CleanAmount(const QString& text);
+
+/// A whole number with at least two digits: "07", "-01".
+QString TwoDigits(int x);
+
 /// Whole hundredths of an amount, if they fit 32 bits.
 std::optional<int> Hundredths(double amount);
 

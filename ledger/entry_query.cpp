@@ -1,0 +1,187 @@
+#include "ledger/entry_query.h"
+
+#include <algorithm>
+
+#include "chart/codes.h"
+#include "store/money.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kColumns = u"select Id1,Title1,Mark1,Date1,Time1,Type1,nSign,TypeName1,Value1,IID,IIID,sPic"_s;
+const QString kOrder = u" order by date1,time1,id1 "_s;
+const QString kDash = u"－"_s;
+
+// Columns of kColumns by number.
+enum Column { kId, kTitle, kMark, kDate, kTime, kType, kSign, kTypeName, kValue, kIid, kIiid, kPic };
+
+QString IconGroup(const cReader& row) {
+    const auto digit = [](bool on) { return on ? u'1' : u'0'; };
+    QString icons;
+    icons += digit(row.Int(kMark) != 0);
+    icons += digit(Val(row.Text(kPic)) >= 1);
+    icons += digit(row.Int(kIiid) >= 0);
+    return icons == u"000" ? QString() : icons;
+}
+
+EntryLine LineOf(const cReader& row, int number, const QString& rmb) {
+    const QString money = MoneyText(row.Number(kValue));
+    const bool add = row.Int(kSign) == 1;
+    EntryLine line;
+    line.key = row.Text(kId);
+    line.subKey = row.Text(kType);
+    line.cells = {QString::number(number),
+                  row.Text(kDate) + u"  "_s + row.Text(kTime),
+                  line.subKey + row.Text(kTypeName),
+                  add ? money : QString(),
+                  add ? QString() : money,
+                  rmb,
+                  row.Text(kTitle),
+                  IconGroup(row)};
+    return line;
+}
+
+QString DatePiece(const EntryFilter& f) {
+    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
+    const QString d1 = plain(f.date1);
+    const QString d2 = plain(f.date2);
+    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
+    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
+    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
+    if (has1) return u" and Date1>="_s + Quote(d1);
+    if (has2) return u" and Date1<="_s + Quote(d2);
+    return {};
+}
+
+QString Grouped(double x) {
+    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
+}
+
+double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign) {
+    auto row = book.Read(u"select sum(Value1) as SumAll from tAccount  where 1 "_s + query.where + u" and nSign="_s + sign);
+    return row.Next() ? row.Number(0) : 0;
+}
+
+std::optional<cRecordset> RowById(cConnection& book, const QString& table, qint64 id) {
+    const auto at = book.RowOf(table, id);
+    if (!at) return {};
+    auto row = book.OpenRecordset(u"select * from "_s + table + u" where rowid="_s + QString::number(*at));
+    if (row.Eof()) return {};
+    return row;
+}
+
+QString SignedAmount(const cRecordset& row) {
+    return MoneyText(row.Number(u"Value1") * static_cast<double>(row.Int(u"nSign")));
+}
+
+void FillKind(QStringList& line, const cRecordset& row) {
+    line[1] = row.Text(u"Type1") + row.Text(u"TypeName1");
+    line[2] = SignedAmount(row);
+}
+
+void FillRecord(cConnection& book, QStringList& line, qint64 id) {
+    const auto record = RowById(book, u"tSubAccItem"_s, id);
+    if (!record) return;
+    line[1] = record->Text(u"SubAccKey") + record->Text(u"SubAccName1");
+    line[2] = SignedAmount(*record);
+}
+
+}  // namespace
+
+QString EntryQuery::Sql() const {
+    return columns + u" from tAccount  where 1 "_s + where + order;
+}
+
+EntryQuery BuildEntryQuery(const EntryFilter& f) {
+    EntryQuery query{kColumns, {}, kOrder, f.kind == u"all"};
+    if (f.marked) query.where += u" and Mark1=1"_s;
+    if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
+    query.where += DatePiece(f);
+    return query;
+}
+
+int CountLines(cConnection& book, const EntryQuery& query) {
+    auto row = book.Read(u"select count(id1) as SumCount from tAccount  where 1 "_s + query.where);
+    return row.Next() ? static_cast<int>(row.Int(0)) : 0;
+}
+
+bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
+               const std::function<void(EntryLine&&)>& take) {
+    const int first = page * kLinesPerPage;
+    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' + QString::number(kLinesPerPage));
+    double in = 0;
+    double out = 0;
+    for (int n = 1; rows.Next(); ++n) {
+        const double value = rows.Number(kValue);
+        const auto sign = rows.Int(kSign);
+        (sign == 1 ? in : out) += value;
+        take(LineOf(rows, first + n, MoneyText(query.all ? value * static_cast<double>(sign) : in - out)));
+        job.Step(n);
+        if (job.Stopped()) return false;
+    }
+    return true;
+}
+
+std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {
+    const auto at = book.RowOf(u"tAccount"_s, id);
+    if (!at) return {};
+    auto row = book.Read(kColumns + u" from tAccount where rowid="_s + QString::number(*at));
+    if (!row.Next()) return {};
+    return LineOf(row, number, {});
+}
+
+EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
+    return {SumWhere(book, query, u"1"_s), SumWhere(book, query, u"-1"_s), CountLines(book, query)};
+}
+
+SumTexts ShowSumTexts(const EntrySums& sums, bool all) {
+    const QString count = GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
+    const QString in = Grouped(sums.in);
+    const QString out = Grouped(sums.out);
+    const QString rest = Grouped(sums.in - sums.out);
+    SumTexts t;
+    t.count = u"笔数:"_s + count;
+    t.bill = u"笔数 "_s + count;
+    t.tag = u"笔数："_s + count + u" 笔"_s;
+    t.value = u"差额:"_s + (all ? kDash : rest);
+    t.money = u"增加 "_s + (all ? kDash : in);
+    t.sumbill = u"减少 "_s + (all ? kDash : out);
+    t.summoney = u"差额 "_s + (all ? kDash : rest);
+    if (!all) t.tag += u"\n增加："_s + in + u" 元\n减少："_s + out + u" 元\n差额："_s + rest + u" 元"_s;
+    return t;
+}
+
+std::vector<PageItem> PageItems(int count) {
+    const int pages = std::max(1, (count + kLinesPerPage - 1) / kLinesPerPage);
+    const auto five = [](int x) { return QString::number(x).rightJustified(5, u'0'); };
+    std::vector<PageItem> items;
+    for (int i = 1; i <= pages; ++i) {
+        const int end = i == pages ? count : i * kLinesPerPage;
+        items.push_back({five((i - 1) * kLinesPerPage + 1) + u" - "_s + five(end), QString::number(i - 1)});
+    }
+    return items;
+}
+
+EntryDetail ReadDetail(cConnection& book, qint64 id) {
+    EntryDetail detail;
+    for (const auto& label : {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
+        detail.rows.push_back({label, {}, {}});
+    const auto row = RowById(book, u"tAccount"_s, id);
+    if (!row) return detail;
+    detail.title = row->Text(u"Title1");
+    FillKind(detail.rows[0], *row);
+    const auto partner = RowById(book, u"tAccount"_s, row->Int(u"IID"));
+    if (partner) FillKind(detail.rows[1], *partner);
+    FillRecord(book, detail.rows[2], row->Int(u"IIID"));
+    FillRecord(book, detail.rows[3], row->Int(u"IIID1"));
+    const QString main = QString::number(id);
+    const QString other = partner ? partner->Text(u"Id1") : main;
+    const auto pictures = book.OpenRecordset(u"select Id1 from tPic where sFromTable='tAccount' and (lFromId= "_s +
+                                             main + u" or lFromId1= "_s + other + u')');
+    detail.rows[4][1] = QString::number(pictures.RecordCount()) + u"  张"_s;
+    if (row->Int(u"Mark1") != 0) detail.rows[5][1] = u"    √"_s;
+    return detail;
+}

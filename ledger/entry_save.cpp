@@ -1,0 +1,35 @@
+#include "ledger/entry_save.h"
+
+#include "chart/codes.h"
+#include "ledger/entry_check.h"
+#include "store/messages.h"
+
+using namespace Qt::StringLiterals;
+
+SaveOutcome SaveNewEntry(cConnection& book, EntryValues& entry) {
+    const auto complaint = CheckEntry(entry);
+    if (!complaint.Good()) {
+        ShowMsg(complaint.message);
+        return {false, complaint.focus, {}};
+    }
+    if (!ConfirmEntry(entry)) return {};
+    return {true, EntryField::none, PostEntry(book, entry)};
+}
+
+void DropUnclaimedPictures(cConnection& book) {
+    book.Execute(u"delete from tPic where sFromTable='tAccount' and lFromId=-1 and lFromId1=-1"_s);
+}
+
+bool CheckLeaf(cConnection& book, size_t slot, const QString& code) {
+    if (IsLeafCode(book, code, TableOfSlot(static_cast<int>(slot)))) return true;
+    ShowMsg(slot < kAccount1 ? u"错误：该分类不是最后一级，请重新选择!"_s : u"错误：该账户不是最后一级，请重新选择!"_s,
+            u"确定"_s, kMsgFail);
+    return false;
+}
+
+bool PickCode(cConnection& book, EntryValues& entry, size_t slot, const QString& code) {
+    if (!CheckLeaf(book, slot, code)) return false;
+    entry.code[slot] = code;
+    entry.name[slot] = NameByCode(book, code, TableOfSlot(static_cast<int>(slot)));
+    return true;
+}

@@ -1,0 +1,131 @@
+#include "ledger/posting.h"
+
+#include <cmath>
+
+#include "store/book_format.h"
+#include "store/entry_rows.h"
+#include "store/money.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int SignOf(bool add) {
+    return add ? 1 : -1;
+}
+
+QString StoredAmount(const QString& typed) {
+    return MoneyText(Val(typed));
+}
+
+QString StoredTime(const EntryValues& e) {
+    const auto part = [](const QString& text) { return TwoDigits(static_cast<int>(std::trunc(Val(text)))); };
+    return part(e.hour) + u':' + part(e.minute);
+}
+
+AccountRow KindRow(const EntryValues& e, size_t slot) {
+    AccountRow row;
+    row.Title1 = e.title.trimmed();
+    row.Type1 = e.code[slot];
+    row.TypeName1 = e.name[slot];
+    row.Value1 = StoredAmount(e.money);
+    row.nSign = SignOf(e.add[slot]);
+    row.Mark1 = e.mark;
+    row.Note1 = e.note;
+    row.Date1 = e.date;
+    row.Time1 = StoredTime(e);
+    row.sPic = e.pictures;
+    row.bIsMain = slot == kKind1;
+    return row;
+}
+
+SubAccItemRow RecordRow(const EntryValues& e, size_t slot, qint64 main) {
+    SubAccItemRow row;
+    row.AccId = main;
+    row.Title1 = e.title.trimmed();
+    row.SubAccKey = e.code[slot];
+    row.SubAccName1 = e.name[slot];
+    row.TypeName1 = e.name[kKind1];
+    row.Value1 = StoredAmount(e.accountValue[slot - kAccount1]);
+    row.nSign = SignOf(e.add[slot]);
+    row.Date1 = e.date;
+    row.Time1 = StoredTime(e);
+    return row;
+}
+
+qint64 AddKindRows(cConnection& book, const EntryValues& e, PostedIds& ids) {
+    AccountRow first = KindRow(e, kKind1);
+    first.Id1 = ids.main = NewId(book, u"taccount"_s);
+    auto stored = InsertAccountRow(book, first);
+    if (!e.kind2On) return ids.main;
+    AccountRow second = KindRow(e, kKind2);
+    second.Id1 = ids.second = NewId(book, u"taccount"_s);
+    second.IID = ids.main;
+    stored.Set(u"IID", ids.second);
+    stored.Update();
+    InsertAccountRow(book, second);
+    return ids.main;
+}
+
+qint64 AddRecord(cConnection& book, const EntryValues& e, size_t slot, qint64 main) {
+    SubAccItemRow record = RecordRow(e, slot, main);
+    record.Id1 = NewId(book, u"tsubaccitem"_s);
+    InsertSubAccItemRow(book, record);
+    return record.Id1;
+}
+
+void TieRecords(cConnection& book, const PostedIds& ids) {
+    const QString rows = u" where "_s + book.WhereIds(u"tAccount"_s, {ids.main, ids.second});
+    book.Execute(u"update tAccount set IIID= "_s + QString::number(ids.record1) + rows);
+    book.Execute(u"update tAccount set IIID1= "_s + QString::number(ids.record2) + rows);
+}
+
+void ClaimPictures(cConnection& book, const PostedIds& ids) {
+    book.Execute(u"Update tPic set lFromId= "_s + QString::number(ids.main) + u", lFromId1= "_s +
+                 QString::number(ids.second) + u" where lFromId=-1"_s);
+}
+
+}  // namespace
+
+PostedIds PostEntry(cConnection& book, const EntryValues& entry) {
+    Transaction save(book);
+    PostedIds ids;
+    AddKindRows(book, entry, ids);
+    if (entry.toAccount) {
+        ids.record1 = AddRecord(book, entry, kAccount1, ids.main);
+        if (entry.account2On) ids.record2 = AddRecord(book, entry, kAccount2, ids.main);
+    }
+    TieRecords(book, ids);
+    if (Val(entry.pictures) > 0) ClaimPictures(book, ids);
+    UpdateBalance(book, ids.main, u"tKind"_s, u"+"_s);
+    UpdateBalance(book, ids.second, u"tKind"_s, u"+"_s);
+    UpdateBalance(book, ids.record1, u"tSubAcc"_s, u"+"_s);
+    UpdateBalance(book, ids.record2, u"tSubAcc"_s, u"+"_s);
+    save.Commit();
+    return ids;
+}
+
+void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const QString& op) {
+    if (rowId == -1 || table.isEmpty()) return;
+    const QString chart = table.toLower();
+    const bool kinds = chart == u"tkind";
+    const QString rows = kinds ? u"tAccount"_s : u"tSubAccItem"_s;
+    const auto at = book.RowOf(rows, rowId);
+    if (!at) return;
+    double value = 0;
+    qint64 sign = 0;
+    QString code;
+    {
+        auto row = book.Read(u"select Value1,nSign,"_s + (kinds ? u"Type1"_s : u"SubAccKey"_s) + u" from "_s + rows +
+                             u" where rowid="_s + QString::number(*at));
+        if (!row.Next()) return;
+        value = row.Number(0);
+        sign = row.Int(1);
+        code = row.Text(2);
+    }
+    const QString amount = u' ' + SqlNumber(value);
+    const QString opposite = op == u"+" ? u"-"_s : u"+"_s;
+    const QString change = sign == 1 ? u" set nAdd= nAdd "_s + op + amount + u", Money= Money "_s + op + amount
+                                     : u" set nReduce= nReduce "_s + op + amount + u", Money= Money "_s + opposite + amount;
+    book.Execute(u"update "_s + chart + change + u" where Sort1="_s + Quote(code));
+}

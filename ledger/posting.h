@@ -1,0 +1,21 @@
+#pragma once
+// Posting: the rows of an entry, their ties, and the balances of the two charts.
+
+#include "ledger/entry.h"
+#include "store/connection.h"
+
+struct PostedIds {
+    qint64 main = -1;
+    qint64 second = -1;   ///< second kind row, -1 none
+    qint64 record1 = -1;  ///< account records, -1 none
+    qint64 record2 = -1;
+};
+
+/// Writes a checked entry in one transaction: rows, ties, pictures, and the balances last. Throws DbError and
+/// leaves the book as it was.
+PostedIds PostEntry(cConnection& book, const EntryValues& entry);
+
+/// Applies ("+") or takes back ("-") one row's effect on its chart row. rowId is a tAccount id for tKind and a
+/// tSubAccItem id for tSubAcc; -1, an empty table and a vanished row do nothing. Reads the stored row, so a
+/// reversal has to run before the row is rewritten or deleted.
+void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const QString& op);

@@ -1,0 +1,28 @@
+#pragma once
+// The book file: ids, version, password and the keys of tSet.
+
+#include <QString>
+
+#include <optional>
+
+#include "store/connection.h"
+
+/// Length of ".jotdb", the extension that every book name loses.
+constexpr int kBookExtension = 6;
+
+/// Next free id of one of taccount, tkind, tsubacc, tsubaccitem, tnotebook, tpic; -1 for any other name (the
+/// name is case-sensitive) and for a missing row.
+qint64 NextId(cConnection& book, const QString& table);
+/// The same inside a write: an id below 0 is a failure of the statement.
+qint64 NewId(cConnection& book, const QString& table);
+
+/// Value of a key of tSet; nullopt when the key is missing.
+std::optional<QString> BookKey(cConnection& book, const QString& key);
+
+enum class PassCheck { right, wrong, missing };
+/// Compares text with the book's password by plain equality.
+PassCheck CheckPass(cConnection& book, const QString& text);
+
+/// True when the stored version of the book is the one the program reads. index -1: the current book. Shows
+/// its message otherwise.
+bool CheckBookVersion(int index);

@@ -1,0 +1,12 @@
+#pragma once
+// The two stored book files, carried inside the program.
+
+#include <QByteArray>
+#include <QString>
+
+/// Bytes of the sample book and of the empty template.
+QByteArray SampleBookImage();
+QByteArray EmptyBookImage();
+
+/// Writes the sample book to path unless a file is there. True when it was written.
+bool WriteSampleBook(const QString& path);

@@ -1,0 +1,267 @@
+#include "store/connection.h"
+
+#include <QFileInfo>
+
+#include <cmath>
+
+#include "store/connection_core.h"
+#include "store/money.h"
+#include "store/paths.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOwnError = -1;
+
+void Probe(const QString& sql) {
+    if (const auto& hook = cConnection::Seams().beforeStatement) hook(sql);
+}
+
+QString SqlOf(sqlite3_stmt* statement) {
+    return QString::fromUtf8(sqlite3_sql(statement));
+}
+
+}  // namespace
+
+void FailStatement(const QString& description, const QString& statement) {
+    throw DbError(kOwnError, u"KestroJot"_s, description, statement);
+}
+
+DbFault FaultOf(int number) {
+    switch (number) {
+        case SQLITE_READONLY_DBMOVED:
+        case SQLITE_IOERR_FSTAT:
+        case SQLITE_CANTOPEN:
+            return DbFault::moved;
+        default:
+            break;
+    }
+    switch (number & 0xff) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return number > 0 ? DbFault::busy : DbFault::other;
+        case SQLITE_READONLY:
+            return number > 0 ? DbFault::readOnly : DbFault::other;
+        default:
+            return DbFault::other;
+    }
+}
+
+QString Quote(const QString& text) {
+    QString quoted = text;
+    return u'\'' + quoted.replace(u'\'', u"''"_s) + u'\'';
+}
+
+QString SqlNumber(double x) {
+    if (!std::isfinite(x)) FailStatement(u"数值超出范围"_s, {});
+    return MoneyText(x);
+}
+
+Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
+    sqlite3_stmt* statement = nullptr;
+    const auto text = QString::fromUtf8(sql);
+    Probe(text);
+    if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()) + 1, &statement, rest) != SQLITE_OK)
+        Fail(text);
+    return Statement(statement);
+}
+
+bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
+    const int code = sqlite3_step(statement);
+    if (code == SQLITE_ROW) return true;
+    cConnection::Seams().fullScanSteps += sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
+    if (code != SQLITE_DONE) Fail(sql);
+    return false;
+}
+
+void ConnectionCore::Fail(const QString& sql) const {
+    throw DbError(sqlite3_extended_errcode(db), source, QString::fromUtf8(sqlite3_errmsg(db)), sql);
+}
+
+cConnection::cConnection() = default;
+cConnection::~cConnection() = default;
+cConnection::cConnection(cConnection&&) noexcept = default;
+cConnection& cConnection::operator=(cConnection&&) noexcept = default;
+
+cConnection::Probe& cConnection::Seams() {
+    static struct Probe probe;
+    return probe;
+}
+
+void cConnection::Open(const QString& path, Options options) {
+    auto core = std::make_unique<ConnectionCore>();
+    core->path = path;
+    core->source = QFileInfo(path).fileName();
+    const auto real = RealPath(path);
+    if (!real.rivals.isEmpty())
+        throw DbError(kOwnError, core->source, u"有只差大小写的同名文件："_s + real.rivals.join(u"，"_s), u"open "_s + path);
+    const auto& vfs = Seams().vfs;
+    const int flags = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    if (sqlite3_open_v2(real.path.toUtf8().constData(), &core->db, flags, vfs.isEmpty() ? nullptr : vfs.constData()) !=
+        SQLITE_OK)
+        core->Fail(u"open "_s + path);
+    sqlite3_extended_result_codes(core->db, 1);
+    sqlite3_busy_timeout(core->db, options.waitMs);
+    RegisterTextFunctions(core->db);
+    core_ = std::move(core);
+    try {
+        Execute(u"pragma synchronous=full; select count(*) from sqlite_master"_s);
+    } catch (...) {
+        Close();
+        throw;
+    }
+}
+
+void cConnection::Close() noexcept {
+    core_.reset();
+}
+
+bool cConnection::IsOpen() const {
+    return core_ != nullptr;
+}
+
+QString cConnection::Path() const {
+    return core_ ? core_->path : QString();
+}
+
+ConnectionCore& cConnection::Core() const {
+    if (!core_) FailStatement(u"没有打开的账本"_s, {});
+    return *core_;
+}
+
+void cConnection::Execute(const QString& sql) {
+    auto& core = Core();
+    const QByteArray text = sql.toUtf8();
+    const char* rest = text.constData();
+    while (*rest) {
+        const auto statement = core.Prepare(QByteArray(rest), nullptr);
+        if (!statement) return;
+        const auto length = qstrlen(sqlite3_sql(statement.get()));
+        const auto one = SqlOf(statement.get());
+        while (core.Step(statement.get(), one)) {
+        }
+        rest += length;
+    }
+}
+
+void cConnection::Begin() {
+    Execute(u"begin immediate"_s);
+    Core().added.clear();
+}
+
+void cConnection::Commit() {
+    try {
+        Execute(u"commit"_s);
+    } catch (...) {
+        Rollback();
+        throw;
+    }
+    Core().added.clear();
+}
+
+void cConnection::Rollback() noexcept {
+    if (!core_) return;
+    core_->added.clear();
+    if (InTransaction()) sqlite3_exec(core_->db, "rollback", nullptr, nullptr, nullptr);
+}
+
+bool cConnection::InTransaction() const {
+    return core_ && sqlite3_get_autocommit(core_->db) == 0;
+}
+
+void cConnection::Compact() {
+    Execute(u"vacuum"_s);
+    Core().order.clear();
+}
+
+struct cReader::Body {
+    Statement statement;
+    ConnectionCore* core = nullptr;
+    QString sql;
+};
+
+cReader::cReader(std::unique_ptr<Body> body) : body_(std::move(body)) {}
+cReader::cReader(cReader&&) noexcept = default;
+cReader::~cReader() = default;
+
+cReader cConnection::Read(const QString& sql) {
+    auto body = std::make_unique<cReader::Body>();
+    body->core = &Core();
+    body->sql = sql;
+    body->statement = Core().Prepare(sql.toUtf8());
+    return cReader(std::move(body));
+}
+
+bool cReader::Next() {
+    return body_->core->Step(body_->statement.get(), body_->sql);
+}
+
+QString cReader::Text(int column) const {
+    auto* statement = body_->statement.get();
+    if (sqlite3_column_type(statement, column) == SQLITE_FLOAT) return PlainNumber(Number(column));
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+qint64 cReader::Int(int column) const {
+    return sqlite3_column_int64(body_->statement.get(), column);
+}
+
+double cReader::Number(int column) const {
+    return sqlite3_column_double(body_->statement.get(), column);
+}
+
+std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
+    if (id < 0) return {};
+    auto& core = Core();
+    const auto name = table.toLower();
+    const auto added = core.added.value(name);
+    if (const auto found = added.constFind(id); found != added.constEnd()) return *found;
+    if (!IdsRise(name)) {
+        auto row = Read(u"select rowid from "_s + table + u" where Id1="_s + QString::number(id));
+        return row.Next() ? std::optional(row.Int(0)) : std::nullopt;
+    }
+    auto edges = Read(u"select min(rowid), (select max(rowid) from "_s + table + u") from "_s + table);
+    if (!edges.Next()) return {};
+    qint64 low = edges.Int(0);
+    qint64 high = edges.Int(1);
+    auto probe = Core().Prepare(
+        (u"select rowid, Id1 from "_s + table + u" where rowid>=? order by rowid limit 1"_s).toUtf8());
+    while (low <= high) {
+        const qint64 middle = low + (high - low) / 2;
+        sqlite3_reset(probe.get());
+        sqlite3_bind_int64(probe.get(), 1, middle);
+        if (!core.Step(probe.get(), table)) return {};
+        const qint64 row = sqlite3_column_int64(probe.get(), 0);
+        const qint64 there = sqlite3_column_int64(probe.get(), 1);
+        if (there == id) return row;
+        if (there < id)
+            low = row + 1;
+        else
+            high = middle - 1;
+    }
+    return {};
+}
+
+bool cConnection::IdsRise(const QString& table) {
+    auto versionRow = Read(u"pragma data_version"_s);
+    const qint64 version = versionRow.Next() ? versionRow.Int(0) : 0;
+    auto& order = Core().order[table];
+    if (order.dataVersion == version) return order.rising;
+    bool rising = true;
+    qint64 last = -1;
+    for (auto ids = Read(u"select Id1 from "_s + table + u" order by rowid"_s); rising && ids.Next();) {
+        rising = ids.Int(0) > last;
+        last = ids.Int(0);
+    }
+    order = {version, rising};
+    return rising;
+}
+
+QString cConnection::WhereIds(const QString& table, const std::vector<qint64>& ids) {
+    QStringList rows;
+    for (const auto id : ids)
+        if (const auto row = RowOf(table, id)) rows << QString::number(*row);
+    return u"rowid in ("_s + rows.join(u',') + u')';
+}

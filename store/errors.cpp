@@ -1,0 +1,82 @@
+#include "store/errors.h"
+
+#include <exception>
+
+#include "store/connection.h"
+#include "store/messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kUnknownError = -1;
+
+PendingError Caught(std::exception_ptr failure) noexcept {
+    PendingError error;
+    try {
+        std::rethrow_exception(failure);
+    } catch (const DbError& e) {
+        error = {e.number, e.source, e.description, e.statement};
+    } catch (const std::exception& e) {
+        error = {kUnknownError, u"KestroJot"_s, QString::fromUtf8(e.what()), {}};
+    } catch (...) {
+        error = {kUnknownError, u"KestroJot"_s, u"未知错误"_s, {}};
+    }
+    return error;
+}
+
+QString LikelyReason(const PendingError& error) {
+    switch (FaultOf(error.number)) {
+        case DbFault::busy:
+            return u"账本正被别的程序使用"_s;
+        case DbFault::readOnly:
+            return u"账本文件是只读的"_s;
+        case DbFault::moved:
+            return u"账本文件已被移动或删除"_s;
+        case DbFault::other:
+            break;
+    }
+    return {};
+}
+
+}  // namespace
+
+PendingError& LastError() {
+    static PendingError error;
+    return error;
+}
+
+bool RunEvent(const std::function<void()>& body, const QString& hint) {
+    PendingError failed;
+    if (Succeeds(body, &failed)) return true;
+    LastError() = failed;
+    ReportError(hint);
+    return false;
+}
+
+bool Succeeds(const std::function<void()>& body, PendingError* failed) {
+    if (!body) return true;
+    try {
+        body();
+        return true;
+    } catch (...) {
+        const auto error = Caught(std::current_exception());
+        if (failed) *failed = error;
+        return false;
+    }
+}
+
+void ReportError(const QString& hint) {
+    const auto error = LastError();
+    if (error.number == 0) return;
+    LastError() = {};
+    Succeeds([&] { ShowMsg(ErrorText(error, hint), u"确定"_s, kMsgFail, u"意外错误"_s, 392, 200); });
+}
+
+QString ErrorText(const PendingError& error, const QString& hint) {
+    QStringList lines{u"意外错误，错误信息："_s, u"错误号："_s + QString::number(error.number),
+                      u"错误来源："_s + error.source, u"错误描述："_s + error.description};
+    const auto reason = hint.isEmpty() ? LikelyReason(error) : hint;
+    if (!reason.isEmpty()) lines << u"导致错误的原因可能是："_s << reason;
+    return lines.join(u'\n');
+}

@@ -1,0 +1,22 @@
+#include "store/messages.h"
+
+#include <cstdio>
+
+#include "store/state.h"
+
+std::function<int(const MessageRequest&)>& MessageSlot() {
+    static std::function<int(const MessageRequest&)> slot;
+    return slot;
+}
+
+int ShowMsg(const QString& text, const QString& buttons, int icon, const QString& title, int width, int height,
+            const QByteArray& picture, double opacity) {
+    auto& result = State().gMsgResult;
+    result = 0;
+    if (const auto& slot = MessageSlot()) {
+        result = slot({text, buttons, icon, title, width, height, picture, opacity});
+    } else {
+        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(title), qUtf8Printable(text));
+    }
+    return result;
+}

@@ -1,0 +1,6 @@
+#include "store/notices.h"
+
+ProgramNotices& Notices() {
+    static ProgramNotices notices;
+    return notices;
+}

@@ -1,0 +1,6 @@
+#include "store/outside.h"
+
+OutsideWorld& Outside() {
+    static OutsideWorld world;
+    return world;
+}

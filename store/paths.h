@@ -1,0 +1,49 @@
+#pragma once
+// Path rules as pure functions, and the few questions to the file system. The rules of both platforms can be
+// asked for, whatever the program runs on.
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+enum class PathStyle { posix, windows };
+PathStyle NativeStyle();
+
+/// The folder of the executable, where the skin, the icons and Set.ini lie.
+QString ProgramFolder();
+/// name in the program folder.
+QString BesideProgram(const QString& name);
+
+/// An existing file or folder under the spelling that the file system has: the exact one first, otherwise
+/// ignoring case, level by level. When nothing of that name exists, the name in the real folder.
+struct FoundPath {
+    QString path;
+    bool exists = false;
+    QStringList rivals;  ///< several entries differ by case alone; none of them may be touched
+};
+FoundPath RealPath(const QString& path);
+
+/// True when path is an existing file, ignoring case, and no folder.
+bool FileExists(const QString& path);
+bool FolderExists(const QString& path);
+
+/// What stands before the last "/", or the last "\" when there is no "/"; empty when there is neither.
+QString ParentPath(const QString& path);
+/// The part behind the last separator, less its last cut characters. Trims path in place and turns it to the
+/// style's separator.
+QString FileNameOf(QString& path, int cut, PathStyle style = NativeStyle());
+
+/// The levels that MakeFolders makes, from the top one on, or the reason why it refuses the text.
+struct FolderPlan {
+    QStringList levels;
+    QString error;
+};
+FolderPlan PlanFolders(const QString& path, PathStyle style,
+                       const std::function<bool(const QString&)>& driveExists = {});
+/// Makes a path level by level. Empty on success, otherwise the reason.
+QString MakeFolders(const QString& path);
+
+/// True when a book box may not lie at path (lower case). home is the Windows system drive.
+bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
+                    const QString& programFolder);

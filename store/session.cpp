@@ -1,0 +1,87 @@
+#include "store/session.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "store/book_images.h"
+#include "store/dates.h"
+#include "store/messages.h"
+#include "store/paths.h"
+#include "store/settings.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString FromEnvironment(const char* name, const QString& otherwise) {
+    const QString value = qEnvironmentVariable(name);
+    return value.isEmpty() ? otherwise : value;
+}
+
+QString DataHome() {
+    return FromEnvironment("XDG_DATA_HOME", QDir::homePath() + u"/.local/share"_s);
+}
+
+}  // namespace
+
+void ReopenDB() {
+    cConnection fresh;
+    fresh.Open(CurrentBook().Path);
+    State().gDB = std::move(fresh);
+}
+
+int DueCount() {
+    const auto notes = State().gDB.OpenRecordset(
+        u"select bWake,bWakeOk from tNoteBook where bWake=1 and bWakeOk=0 and wakedate<="_s + Quote(TodayText(u"-"_s)));
+    return notes.RecordCount() + OpenAdCount();
+}
+
+void InitFolders() {
+    auto& state = State();
+    for (int code = 0; code < static_cast<int>(state.gDlg.size()); ++code)
+        ResetDlg(code);
+    state.gPopups = 0;
+    state.nGroup = 3;
+    state.nHtmPageSize = 50;
+    state.nShowAgentIco = 1;
+    state.gCurBook = 0;
+    state.gCmdBook = -1;
+    state.gBooks.assign(1, {});
+    const QString dataHome = FromEnvironment("APPDATA", DataHome());
+    state.gDataDir = dataHome + u"/KestroJot"_s;
+    QDir().mkpath(dataHome);
+    if (!FolderExists(state.gDataDir)) QDir().mkdir(state.gDataDir);
+    state.gDefaultBox = FromEnvironment("SystemDrive", QDir::homePath()) + u"/KestroData/墨鹊理财"_s;
+}
+
+bool CheckFiles() {
+    QString report;
+    int missing = 0;
+    if (!FolderExists(State().gDefaultBox)) {
+        report = MakeFolders(State().gDefaultBox);
+        if (report.isEmpty())
+            WriteSampleBook(SampleBookPath());
+        else
+            ++missing;
+    }
+    for (const auto& name :
+         {u"JotAgent"_s, u"Set.ini"_s, u"Ico.ico"_s, u"Jot.ico"_s, u"HeadIco.ico"_s, u"JotIco"_s}) {
+        const QString path = BesideProgram(name);
+        if (QFileInfo::exists(path)) continue;
+        ++missing;
+        report += u"\n    缺少【"_s + path + u"】文件!"_s;
+    }
+    if (missing == 0) return true;
+    ShowMsg(report, u"确定"_s, kMsgFail, u"严重错误!"_s, 500, missing * 25 + 100);
+    return false;
+}
+
+void ForgetSession() {
+    auto& state = State();
+    state.gSetDB.Close();
+    state.gDB.Close();
+    for (int code = 0; code < static_cast<int>(state.gDlg.size()); ++code)
+        ResetDlg(code);
+    state.gBooks.assign(1, {});
+}

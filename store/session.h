@@ -1,0 +1,22 @@
+#pragma once
+// The open book: opening it anew, and what windows ask of it at once.
+
+#include <QString>
+
+/// Opens gDB anew on the current book; the old connection goes only when the new one stands. Throws DbError.
+void ReopenDB();
+
+/// Reminders of the open book that are due today and not done, and open messages of the service: the number
+/// on the logo.
+int DueCount();
+
+/// Lays out folders and defaults before anything is read: gDataDir (made here) and gDefaultBox, dialog
+/// records, highlight and group defaults.
+void InitFolders();
+
+/// Tests the files beside the program and makes the default book box with the sample book. Shows its box and
+/// returns false when something is missing.
+bool CheckFiles();
+
+/// Drops both connections, the dialog records and the list of books.
+void ForgetSession();
