@@ -27,7 +27,7 @@ struct ListColumn {
     QString type;       ///< "string", "number", "money", "date" or "icons"
     ListColor color = ListColor::none;
     bool flexible = false;  ///< takes the room that is left and gives first
-    QString tip;            ///< tool tip of the heading
+    QString tip = {};       ///< tool tip of the heading
 };
 
 enum class RowStyle { normal, grey1 };
@@ -109,7 +109,8 @@ class KestroList : public QTableView {
     void SetLoading(bool on);
     void SetEmptyText(const QString& text);
 
-    // Callbacks; a column of -1 is the column of check boxes.
+    // Callbacks tell what the user did; calls of this interface are not reported back. A column of -1 is the
+    // column of check boxes.
     std::function<void(int row)> onCurrent;
     std::function<void(int row, int column)> onClick;
     std::function<void(int row, int column)> onDoubleClick;  ///< Enter comes here too, with column 0
@@ -134,6 +135,7 @@ class KestroList : public QTableView {
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -151,18 +153,23 @@ class KestroList : public QTableView {
     void SetHoverRow(int row);
     void ToggleCheck(int row);
     void KeepCurrent(const std::function<void()>& change);
-    void PaintFixed(QPaintEvent* event);
+    void PaintRows(QPainter& p, const QRect& dirty) const;
     void PaintEmpty(QPainter& p) const;
     void PaintLoading(QPainter& p) const;
     bool ShowCellTip(const QPoint& pos, const QPoint& globalPos);
-    bool IsElided(const QModelIndex& index) const;
     void Activate(int row, int column);
+    void MoveTo(int row);
+    bool HandleKey(int key);
+    int LastRow() const;
 
     KestroListModel* model_;
     KestroListHeader* header_;
+    QWidget* headerEnd_;  ///< keeps the scroll bar below the heading
     QTimer loadingTimer_;
     QString emptyText_;
+    Handle current_ = 0;  ///< the current row through changes of the rows
     int hoverRow_ = -1;
+    int pressedRow_ = -1;
     bool sortable_ = true;
     bool loading_ = false;
     bool painted_ = false;

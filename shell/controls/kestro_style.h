@@ -9,6 +9,8 @@ class KestroStyle : public QProxyStyle {
     KestroStyle();
     static KestroStyle* Shared();
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
                     const QWidget* widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
