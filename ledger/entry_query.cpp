@@ -103,6 +103,10 @@ EntryQuery BuildEntryQuery(const EntryFilter& f) {
     return query;
 }
 
+QString CheckedCondition(const QStringList& ids) {
+    return ids.isEmpty() ? u" and id1=-1"_s : u" and id1 in("_s + ids.join(u',') + u')';
+}
+
 int CountLines(cConnection& book, const EntryQuery& query) {
     auto row = book.Read(u"select count(id1) as SumCount from tAccount  where 1 "_s + query.where);
     return row.Next() ? static_cast<int>(row.Int(0)) : 0;
@@ -177,8 +181,9 @@ EntryDetail ReadDetail(cConnection& book, qint64 id) {
     if (partner) FillKind(detail.rows[1], *partner);
     FillRecord(book, detail.rows[2], row->Int(u"IIID"));
     FillRecord(book, detail.rows[3], row->Int(u"IIID1"));
-    const QString main = QString::number(id);
-    const QString other = partner ? partner->Text(u"Id1") : main;
+    const bool isSecond = partner && row->Int(u"bIsMain") == 0;
+    const QString main = (isSecond ? *partner : *row).Text(u"Id1");
+    const QString other = partner ? (isSecond ? *row : *partner).Text(u"Id1") : main;
     const auto pictures = book.OpenRecordset(u"select Id1 from tPic where sFromTable='tAccount' and (lFromId= "_s +
                                              main + u" or lFromId1= "_s + other + u')');
     detail.rows[4][1] = QString::number(pictures.RecordCount()) + u"  张"_s;

@@ -31,6 +31,9 @@ struct EntryQuery {
     QString Sql() const;
 };
 
+/// The condition that keeps the checked lines alone, for printing; no line at all when none is checked.
+QString CheckedCondition(const QStringList& ids);
+
 EntryQuery BuildEntryQuery(const EntryFilter& filter);
 
 /// One line: cells of the columns NO, date, kind, add, reduce, rmb, thing, mark.

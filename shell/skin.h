@@ -17,6 +17,7 @@ enum class Tok {
     ink, page, surface, head, zebra, hover, soft, sel, selBar, selText, grey1, line, line2, btn, btnLine, box,
     text, text2, text3, dis, disBg, accent, accentHover, accentPress, onAccent, add, addBg, reduce, reduceBg,
     danger, dangerFill, dangerPress, warn, info, seal, tip, tipText, tabText, inkText, inkAccent, canvas,
+    icon, iconDetail, iconRed, iconGreen,
     kCount
 };
 
@@ -26,7 +27,8 @@ enum class Type { amount, loginName, title, titleRegular, body, bodyBold, small,
 enum class Ground { plain, header, headerChosen, primary, selected, disabled };
 
 namespace Skin {
-/// Reads the skin of the program folder; dark chooses the second set.
+/// Reads the skin of the program folder; dark chooses the second set. Gives the application its
+/// palette and font.
 void Load(const QString& programFolder, bool dark);
 bool IsDark();
 QColor Color(Tok token);
@@ -34,6 +36,8 @@ QFont Font(Type type);
 /// Height of a line of the type, and the factor by which a large system font scales text and rows.
 int LineHeight(Type type);
 double Scale();
+/// A length that goes with the text, such as the height of a row or a button, times Scale().
+int Px(int length);
 /// SVG of the icon set by name ("edit", "tree/open"), rendered at size for the device ratio, cached.
 QPixmap Icon(const QString& name, int size, double ratio, Ground ground = Ground::plain);
 QIcon WindowIcon();

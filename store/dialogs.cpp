@@ -13,6 +13,10 @@ void RegisterDialog(int code, DialogOpener opener) {
     Openers()[code] = std::move(opener);
 }
 
+bool HasDialog(int code) {
+    return Openers().contains(code);
+}
+
 void ClearDialogs() {
     Openers().clear();
 }

@@ -87,6 +87,7 @@ using DialogOpener = std::function<void(QPoint at)>;
 
 /// Puts in what OpenModal(code) calls.
 void RegisterDialog(int code, DialogOpener opener);
+bool HasDialog(int code);
 void ClearDialogs();
 
 /// Shows the dialog modally with its code in gPage, and puts the old page code back. False when no dialog

@@ -18,6 +18,8 @@ struct OutsideWorld {
         [](const QString&, const QStringList&, const QString&) { return false; };
     /// Moves a file to the trash. False when there is none.
     std::function<bool(const QString&)> trash = [](const QString&) { return false; };
+    /// Starts the desktop's calculator. False when there is none.
+    std::function<bool()> calculator = [] { return false; };
     /// Puts text on the clipboard.
     std::function<void(const QString&)> copyText = [](const QString&) {};
     /// Lets painting, timers and the stop of a job through, nothing else.

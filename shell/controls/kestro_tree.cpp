@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <cmath>
@@ -142,6 +143,7 @@ bool KestroTree::event(QEvent* event) {
 }
 
 void KestroTree::paintEvent(QPaintEvent* event) {
+    QPainter(viewport()).fillRect(event->rect(), Skin::Color(Tok::surface));
     QTreeWidget::paintEvent(event);
     QPainter p(viewport());
     if (frameShape() != QFrame::NoFrame) PaintCorners(p, rect().translated(-viewport()->pos()), this);

@@ -1,0 +1,198 @@
+#include "ledger/frm_account.h"
+
+#include <QKeyEvent>
+
+#include "ledger/entry_columns.h"
+#include "shell/book_switch.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_label.h"
+#include "shell/controls/kestro_text.h"
+#include "store/dates.h"
+#include "store/dialogs.h"
+#include "store/errors.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/outside.h"
+
+using namespace Qt::StringLiterals;
+
+frmAccount::frmAccount(QWidget* parent) : ListPage(parent, EntryPageWords()) {
+    Connect();
+    ConnectStrip();
+    LoadComkindData();
+    ReloadScroll();
+    ReloadScrollBooks();
+    const auto period = QuickPeriodLabels(State().LoadDate);
+    SetPeriod(period.first, period.second);
+    for (auto* later : {btnEdit, btnDel, btnPrint, btnExport})
+        later->setEnabled(false);
+}
+
+void frmAccount::Connect() {
+    btnNew->onClick = [this] { NewEntry(); };
+    txtSearch->onEnter = [this] { ReloadData(); };
+    txtSearch->onEndButton = [this] { ReloadData(); };
+    txtSearch->onKey = [this](QKeyEvent* event) {
+        if (event->key() != Qt::Key_Space && event->key() != Qt::Key_Escape) return false;
+        txtSearch->setText({});
+        return true;
+    };
+    txtSearch->setToolTip(u"1.关键词限于【事情标题】\n2.这是模糊搜索\n3.单击重新载入、刷新"_s);
+    txtSearch->onContextMenu = [](QPoint at) { Menus::Popup(u"text"_s, at); };
+    comKind->onChoose = [this](const QString&, const QString& key) {
+        sKind = key;
+        ShowChosenKind(key);
+        SelectKindInStrip();
+        ReloadData();
+    };
+    comKind->onBrowse = [this] { OpenKindTree(); };
+    comKind->SetBrowse(u"tree"_s, u"在分类树中选择"_s);
+    chkFlag->setToolTip(u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
+    chkFlag->onChange = [this](bool) { ReloadData(); };
+    KestroList1->onRightClick = [](int, const QPoint& at) { Menus::Popup(u"edit"_s, at); };
+    KestroList1->onKey = [this](QKeyEvent* event) { return ListKey(event); };
+    lblValue->setToolTip(u"【单击】查看增加、减少额、差额！会自动复制到 Windows 粘贴板。"_s);
+    lblValue->onClick = [this] { CopySums(); };
+    textMenu_ = Menus::RegisterTextMenu(kPageAccount, [this](const QString& key) { DoTextMenu(key); });
+    notices_.push_back(Notices().booksChanged.Subscribe([this] { ReloadScrollBooks(); }));
+    notices_.push_back(Notices().entrySaved.Subscribe([this](qint64 id) { AppendEntry(id); }));
+    notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
+        if (table.toLower() != u"tkind") return;
+        LoadComkindData();
+        ReloadScroll();
+    }));
+}
+
+int frmAccount::CountRows() {
+    return CountLines(State().gDB, query_);
+}
+
+void frmAccount::ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) {
+    ReadLines(State().gDB, query_, page, job,
+              [&](EntryLine&& line) { take({std::move(line.cells), std::move(line.key), std::move(line.subKey)}); });
+}
+
+void frmAccount::ListLoaded() {
+    KestroList1->SetColumnCaption(kColRmb, query_.all ? u"金   额"_s : u"累计余额"_s);
+    KestroList1->SetSortable(query_.all);
+}
+
+void frmAccount::ReloadData() {
+    EntryFilter filter;
+    filter.kind = sKind;
+    filter.text = txtSearch->text();
+    filter.marked = chkFlag->IsChecked();
+    if (btnDate0->Date().isValid()) filter.date1 = DateText(btnDate0->Date());
+    if (btnDate1->Date().isValid()) filter.date2 = DateText(btnDate1->Date());
+    query_ = BuildEntryQuery(filter);
+    LoadList(false);
+}
+
+void frmAccount::ShowSums() {
+    const auto sums = ShowSumTexts(ReadSums(State().gDB, query_), query_.all);
+    lblCount->SetText(sums.count);
+    lblValue->SetText(sums.value);
+    sumsTag_ = sums.tag;
+    ShowFigures(sums);
+    lblCount->adjustSize();
+    lblValue->move(lblCount->geometry().right() + 25, lblValue->y());
+    lblValue->resize(lblValue->sizeHint().width(), lblValue->height());
+    lblCount->resize(lblCount->width(), lblValue->height());
+}
+
+void frmAccount::ShowDetail() {
+    const int row = KestroList1->CurrentRow();
+    if (row < 0) {
+        FillDetail({}, {}, {});
+        return;
+    }
+    const auto detail = ReadDetail(State().gDB, KestroList1->CurrentKey().toLongLong());
+    FillDetail(u"列表NO【"_s + QString::number(CurrentNumber()) + u"】"_s, detail.title, detail.rows);
+}
+
+void frmAccount::pTRANSACCOUNT() {
+    sKind = u"all"_s;
+    ResetFilters();
+    LoadComkindData();
+    ReloadScroll();
+    ReloadScrollBooks();
+    ReloadData();
+}
+
+void frmAccount::NewEntry() {
+    ResetDlg(kDlgEntry);
+    EntryDialog entry;
+    entry.isNew = 1;
+    if (!OpenModal(kDlgEntry) || !EntryDialog().done) return;
+    AppendEntry(EntryDialog().id);
+}
+
+void frmAccount::AppendEntry(qint64 id) {
+    ShowSums();
+    if (id == -1) return;
+    const int rows = KestroList1->RowCount();
+    auto line = ReadOneLine(State().gDB, id, sPage.toInt() * kLinesPerPage + rows + 1);
+    if (!line) {
+        ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
+        return;
+    }
+    KestroList1->AddRow(std::move(line->cells), line->key, line->subKey);
+    KestroList1->SetCurrentRow(rows);
+    KestroList1->ScrollToRow(rows);
+    ShowDetail();
+}
+
+void frmAccount::CopySums() {
+    Outside().copyText(sumsTag_);
+    ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo, u"提示"_s, 392, 200);
+}
+
+void frmAccount::OpenKindTree() {
+    ResetDlg(kDlgTree);
+    TreeDialog tree;
+    tree.key = u"tKind"_s;
+    OpenModal(kDlgTree, comKind->mapToGlobal(comKind->rect().bottomLeft()));
+    if (tree.done && !tree.key.isEmpty()) ChooseKind(tree.key);
+}
+
+void frmAccount::DoMenu(const QString& menu, const QString& key) {
+    if (menu == u"searchdate") return ReloadData();
+    if (menu == u"key") return DoKey(key);
+    if (menu == u"edit" && key == u"new") return NewEntry();
+    if (menu == u"scroll") return FoldStrip(key == u"zip");
+    if (menu == u"scrollkind" && key == u"scrollmoney") return ShowKindMoney();
+}
+
+void frmAccount::DoKey(const QString& name) {
+    if (name == u"new") NewEntry();
+    if (name == u"reload") ReloadData();
+    if (name == u"find") txtSearch->setFocus(Qt::ShortcutFocusReason);
+}
+
+void frmAccount::DoTextMenu(const QString& key) {
+    if (key == u"textcut") txtSearch->cut();
+    if (key == u"textcopy") txtSearch->copy();
+    if (key == u"textpaste") txtSearch->paste();
+    if (key == u"textselect") txtSearch->selectAll();
+}
+
+bool frmAccount::ListKey(QKeyEvent* event) {
+    if (event->key() != Qt::Key_N || event->modifiers() != Qt::ControlModifier) return false;
+    NewEntry();
+    return true;
+}
+
+void frmAccount::MyTrack_DragDropFiles(int count, const QString& names) {
+    if (count > 1) {
+        ShowMsg(u"不能同时打开多个账本!"_s);
+        return;
+    }
+    OpenDBFile(names);
+}
+
+QString frmAccount::BuildPrintInfo(bool bChecked) const {
+    const QString checked = bChecked ? CheckedCondition(KestroList1->CheckedKeys()) : QString();
+    return u"tAccount/1/【"_s + comKind->text() + u"】账务列表/"_s + query_.where + checked + u"/1"_s;
+}

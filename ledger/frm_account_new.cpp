@@ -1,0 +1,229 @@
+#include "ledger/frm_account_new.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "chart/codes.h"
+#include "ledger/entry_ground.h"
+#include "ledger/entry_save.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_calculator.h"
+#include "shell/controls/kestro_calendar.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_edit_box.h"
+#include "shell/controls/kestro_option.h"
+#include "shell/controls/kestro_text.h"
+#include "shell/controls/png_button.h"
+#include "store/dates.h"
+#include "store/money.h"
+
+using namespace Qt::StringLiterals;
+
+frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common, {}, parent), bNew(record_.isNew != 0) {
+    record_.done = 0;
+    SetTitleLine(true);
+    ground_ = new EntryGround(Body());
+    BuildEntry();
+    BuildAccounts();
+    ConnectEntry();
+    ConnectAccounts();
+    FillLists();
+    SetDefaults();
+    SetTabOrder();
+    Arrange();
+    textMenu_ = Menus::RegisterTextMenu(kDlgEntry, [this](const QString& key) { DoMenu(key); });
+    onEscape = [this] { CancelClicked(); };
+    onClose = [this] {
+        record_.done = 0;
+        reject();
+    };
+}
+
+frmAccountNew::~frmAccountNew() = default;
+
+void frmAccountNew::ConnectEntry() {
+    txtThing->setToolTip(u"文本框右侧图标是记账模板按钮!\n只在新建记账时显示"_s);
+    txtThing->onContextMenu = [this](QPoint at) { OpenTextMenu(u"txtthing"_s, at); };
+    editNote->onContextMenu = [this](QPoint at) { OpenTextMenu(u"editnote"_s, at); };
+    PngReduce->onClick = [this] { MoveDay(-1); };
+    pngPlus->onClick = [this] { MoveDay(1); };
+    txtDate->onClick = [this] { OpenCalendar(); };
+    txtDate->onEndButton = [this] { OpenCalendar(); };
+    KestroCalendar1->onPick = [this](QDate date) { txtDate->setText(DateText(date)); };
+    txtMoney->onClick = [this] { OpenCalculator(0, txtMoney, false); };
+    txtMoney->onEndButton = [this] { OpenCalculator(0, txtMoney, true); };
+    KestroCalculator1->onValue = [this](const QString& value) { TakeCalculated(value); };
+    chkOther->onChange = [this](bool) { Arrange(); };
+    btnCamera->setToolTip(u"有 0 张图片!\n点击查看已保存图片 或 保存图片!"_s);
+    btnCamera->setEnabled(false);
+    btnEnter->onClick = [this] { EnterClicked(); };
+    btnCancel->onClick = [this] { CancelClicked(); };
+    pngArrow->onClick = [this] { ToggleAccounts(); };
+}
+
+void frmAccountNew::ConnectAccounts() {
+    chkOther1->onChange = [this](bool) { Arrange(); };
+    for (size_t i = 0; i < 2; ++i)
+        clones_[i]->onClick = [this, i] { accValues_[i]->setText(txtMoney->text()); };
+    accValues_[0]->SetEndButton(u"calculator"_s, u"计算器"_s, false);
+    accValues_[0]->onClick = [this] { OpenCalculator(1, accValues_[0], false); };
+    accValues_[0]->onEndButton = [this] { OpenCalculator(1, accValues_[0], true); };
+}
+
+void frmAccountNew::FillLists() {
+    for (size_t slot = 0; slot < combos_.size(); ++slot)
+        for (const auto& row : ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot))))
+            combos_[slot]->AddItem(row.code + row.name, row.code, slot < kAccount1 ? u"items"_s : u"book"_s);
+}
+
+void frmAccountNew::SetDefaults() {
+    SetCaption(bNew ? u"新增记账"_s : u"新建记账"_s);
+    txtDate->setText(TodayText(u"-"_s));
+    const QString time = TimeText(true);
+    txtHour->setText(time.left(2));
+    txtMinute->setText(time.mid(3, 2));
+}
+
+EntryValues frmAccountNew::Gather() const {
+    EntryValues e;
+    e.title = txtThing->text();
+    e.money = txtMoney->text();
+    e.date = txtDate->text();
+    e.hour = txtHour->text();
+    e.minute = txtMinute->text();
+    e.note = editNote->Text();
+    e.mark = chkMark->IsChecked();
+    for (size_t slot = 0; slot < combos_.size(); ++slot) {
+        e.text[slot] = combos_[slot]->text();
+        e.add[slot] = options_[slot]->IsAdd();
+    }
+    e.code = sKey;
+    e.name = sName;
+    e.accountValue = {accValues_[0]->text(), accValues_[1]->text()};
+    e.kind2On = chkOther->IsChecked();
+    e.toAccount = bToAccount;
+    e.account2On = chkOther1->IsChecked();
+    return e;
+}
+
+void frmAccountNew::EnterClicked() {
+    EntryValues entry = Gather();
+    const auto outcome = SaveNewEntry(State().gDB, entry);
+    txtMoney->setText(entry.money);
+    for (size_t i = 0; i < 2; ++i)
+        accValues_[i]->setText(entry.accountValue[i]);
+    if (!outcome.done) {
+        SetFocusTo(outcome.focus);
+        return;
+    }
+    record_.id = static_cast<int>(outcome.ids.main);
+    record_.secondId = static_cast<int>(outcome.ids.second);
+    record_.done = 1;
+    accept();
+}
+
+void frmAccountNew::CancelClicked() {
+    if (bNew) DropUnclaimedPictures(State().gDB);
+    record_.done = 0;
+    reject();
+}
+
+void frmAccountNew::SetFocusTo(EntryField field) {
+    const std::array<QWidget*, 12> controls{nullptr,    txtThing,   txtMoney,      txtDate,    txtHour,    txtMinute,
+                                            combos_[0], combos_[1], combos_[2], accValues_[0], combos_[3], accValues_[1]};
+    if (auto* control = controls[static_cast<size_t>(field)]) control->setFocus(Qt::OtherFocusReason);
+}
+
+void frmAccountNew::MoveDay(int days) {
+    const auto date = ParseDate(txtDate->text());
+    txtDate->setText(date ? DateText(date->addDays(days)) : TodayText(u"-"_s));
+}
+
+void frmAccountNew::OpenCalendar() {
+    constexpr int kFirstYear = 2010;
+    constexpr int kLastYear = 2015;
+    const QString shown = txtDate->text().isEmpty() ? TodayText(u"-"_s) : txtDate->text();
+    KestroCalendar1->PopUp(txtDate, ParseDate(shown).value_or(QDate()), kFirstYear, kLastYear);
+}
+
+void frmAccountNew::OpenCalculator(int forBox, KestroText* box, bool ownKeys) {
+    nCalcFor = forBox;
+    KestroCalculator1->PopUp(box, box->text(), State().nGroup, ownKeys);
+}
+
+void frmAccountNew::TakeCalculated(const QString& value) {
+    QString text = FixedText(Val(value));
+    if (text.endsWith(u".00"_s)) text.chop(3);
+    (nCalcFor == 0 ? txtMoney : accValues_[0])->setText(text);
+}
+
+void frmAccountNew::Chosen(size_t slot, const QString& key) {
+    EntryValues picked;
+    const bool leaf = !key.isEmpty() && PickCode(State().gDB, picked, slot, key);
+    sKey[slot] = picked.code[slot];
+    sName[slot] = picked.name[slot];
+    if (!leaf) combos_[slot]->SetText({});
+    ShowCodeTip(slot);
+}
+
+void frmAccountNew::OpenTree(size_t slot) {
+    ResetDlg(kDlgTree);
+    TreeDialog tree;
+    tree.key = TableOfSlot(static_cast<int>(slot));
+    auto* box = combos_[slot];
+    OpenModal(kDlgTree, box->mapToGlobal(box->rect().bottomLeft()));
+    if (!tree.done || tree.key.isEmpty() || !CheckLeaf(State().gDB, slot, tree.key)) return;
+    if (!box->SetCurrentKey(tree.key)) box->SetText(tree.name);
+    Chosen(slot, tree.key);
+}
+
+void frmAccountNew::ShowCodeTip(size_t slot) {
+    const QString tip = sKey[slot].isEmpty()
+                            ? QString()
+                            : CodePathText(State().gDB, TableOfSlot(static_cast<int>(slot)), sKey[slot], true);
+    combos_[slot]->setToolTip(tip);
+}
+
+void frmAccountNew::OpenTextMenu(const QString& box, QPoint at) {
+    sPopupFor = box;
+    Menus::Popup(u"text"_s, at);
+}
+
+void frmAccountNew::DoMenu(const QString& key) {
+    const auto act = [&](auto* box) {
+        if (key == u"textcut") box->cut();
+        if (key == u"textcopy") box->copy();
+        if (key == u"textpaste") box->paste();
+        if (key == u"textselect") box->selectAll();
+    };
+    if (sPopupFor == u"txtthing")
+        act(txtThing);
+    else if (sPopupFor == u"editnote")
+        act(editNote);
+}
+
+void frmAccountNew::ToggleAccounts() {
+    bToAccount = !bToAccount;
+    Arrange();
+    if (bToAccount) combos_[kAccount1]->setFocus(Qt::OtherFocusReason);
+}
+
+void frmAccountNew::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !qobject_cast<QAbstractButton*>(QApplication::focusWidget())) {
+        btnEnter->click();
+        return;
+    }
+    KestroDialog::keyPressEvent(event);
+}
+
+void frmAccountNew::showEvent(QShowEvent* event) {
+    KestroDialog::showEvent(event);
+    txtThing->setFocus(Qt::OtherFocusReason);
+}
+
+void OpenEntryDialog(QPoint) {
+    frmAccountNew window(QApplication::activeWindow());
+    window.exec();
+}

@@ -1,0 +1,106 @@
+#pragma once
+// frmAccountNew: the window in which an entry is typed. It gathers and shows; checks and writing are in
+// entry_check and entry_save.
+
+#include <QPoint>
+
+#include <array>
+
+#include "ledger/entry.h"
+#include "shell/controls/kestro_dialog.h"
+#include "shell/menus.h"
+#include "store/dialogs.h"
+
+class EntryGround;
+class KestroButton;
+class KestroCalculator;
+class KestroCalendar;
+class KestroCheck;
+class KestroCombox;
+class KestroEditBox;
+class KestroLabel;
+class KestroOptionPair;
+class KestroText;
+class PngButton;
+
+/// Reads record 2 and leaves the done flag and the ids there.
+class frmAccountNew : public KestroDialog {
+ public:
+    explicit frmAccountNew(QWidget* parent = nullptr);
+    ~frmAccountNew() override;
+
+    /// The text menu's keys on the box that opened it.
+    void DoMenu(const QString& key);
+
+ protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    void BuildEntry();
+    void BuildAccounts();
+    KestroCombox* MakeCombox(size_t slot);
+    void ConnectEntry();
+    void ConnectAccounts();
+    void Arrange();
+    void ArrangeAccounts();
+    void FillLists();
+    void SetDefaults();
+    void SetTabOrder();
+
+    EntryValues Gather() const;
+    void SetFocusTo(EntryField field);
+    void EnterClicked();
+    void CancelClicked();
+    void MoveDay(int days);
+    void OpenCalendar();
+    void OpenCalculator(int forBox, KestroText* box, bool ownKeys);
+    void TakeCalculated(const QString& value);
+    void Chosen(size_t slot, const QString& key);
+    void OpenTree(size_t slot);
+    void ShowCodeTip(size_t slot);
+    void OpenTextMenu(const QString& box, QPoint at);
+    void ToggleAccounts();
+
+    EntryDialog record_;
+    PopupScope popup_;
+    bool bNew = true;
+    bool bToAccount = false;
+    int nCalcFor = 0;    ///< 0: the calculator fills txtMoney, 1: txtAccValue
+    QString sPopupFor;   ///< txtthing or editnote
+    std::array<QString, 4> sKey, sName;
+    Menus::TextMenuToken textMenu_;
+
+    EntryGround* ground_;
+    KestroText* txtThing;
+    KestroText* txtMoney;
+    KestroText* txtDate;
+    KestroText* txtHour;
+    KestroText* txtMinute;
+    PngButton* pngPlus;
+    PngButton* PngReduce;
+    std::array<KestroCombox*, 4> combos_{};     ///< comKind, comKind1, comAccName, comAccName1
+    std::array<KestroOptionPair*, 4> options_{};  ///< optAdd(i) and optReduce(i)
+    std::array<KestroLabel*, 4> optionLabels_{};
+    std::array<KestroText*, 2> accValues_{};    ///< txtAccValue, txtAccValue1
+    std::array<PngButton*, 2> clones_{};
+    std::array<KestroLabel*, 2> accNameLabels_{};
+    std::array<KestroLabel*, 2> accValueLabels_{};
+    KestroLabel* lblAccount1;
+    KestroCheck* chkOther;
+    KestroCheck* chkOther1;
+    KestroLabel* lblKind1;
+    KestroLabel* lblNote;
+    KestroLabel* lblColon;
+    KestroEditBox* editNote;
+    KestroCheck* chkMark;
+    KestroButton* btnCamera;
+    KestroButton* btnEnter;
+    KestroButton* btnCancel;
+    PngButton* pngArrow;
+    KestroCalculator* KestroCalculator1;
+    KestroCalendar* KestroCalendar1;
+};
+
+/// For RegisterDialog(kDlgEntry, …).
+void OpenEntryDialog(QPoint at);

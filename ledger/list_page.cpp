@@ -1,0 +1,243 @@
+#include "ledger/list_page.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
+
+#include "ledger/detail_panel.h"
+#include "ledger/entry_query.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_calendar.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_label.h"
+#include "shell/controls/kestro_pgress.h"
+#include "shell/controls/kestro_scroll_menu.h"
+#include "shell/controls/kestro_text.h"
+#include "shell/job_yield.h"
+#include "shell/menus.h"
+#include "store/dates.h"
+#include "store/errors.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLoadDelayMs = 1;  // the window paints before the first load
+constexpr int kReserveFrom = 100;
+
+QDate DateOf(const KestroButton* button) {
+    return button->Date().isValid() ? button->Date() : ParseDate(TodayText(u"-"_s)).value_or(QDate());
+}
+
+void ShowPeriod(KestroButton* button, const QString& label, const QString& unset) {
+    const auto date = ParseDate(QString(label).replace(u'\n', u'-'));
+    button->SetDate(date.value_or(QDate()));
+    button->setText(unset);
+}
+
+}  // namespace
+
+ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
+    setAutoFillBackground(false);
+    KestroScrollMenu1 = new KestroScrollMenu(this);
+    BuildToolbar(words);
+    BuildFilters(words);
+    BuildLists(words);
+    KestroPGress1 = new KestroPGress(this);
+    KestroPGress1->hide();
+    KestroPGress1->onClick = [] { Job::Stop(); };
+    AllowDuringJob(KestroPGress1);
+    KestroCalendar1 = new KestroCalendar(this);
+    KestroCalendar1->onPick = [this](QDate date) { PickDate(date); };
+    TimerLoadData.setSingleShot(true);
+    TimerLoadData.setInterval(kLoadDelayMs);
+    TimerLoadData.callOnTimeout([this] { RunEvent([this] { ReloadData(); }); });
+}
+
+ListPage::~ListPage() = default;
+
+void ListPage::BuildToolbar(const ListPageWords& words) {
+    const auto tool = [&](ButtonLook look, const QString& caption, const QString& icon, const QString& tip) {
+        auto* button = new KestroButton(look, caption, icon, this);
+        button->setToolTip(tip);
+        return button;
+    };
+    btnNew = tool(ButtonLook::primary, u"新增"_s, u"new"_s, words.newTip);
+    btnEdit = tool(ButtonLook::toolbar, u"修改"_s, u"edit"_s, words.editTip);
+    btnDel = tool(ButtonLook::toolbar, u"删除"_s, u"del"_s, words.delTip);
+    btnPrint = tool(ButtonLook::toolbar, u"打印"_s, u"print"_s, words.printTip);
+    btnExport = tool(ButtonLook::toolbar, u"导出"_s, u"export"_s, words.exportTip);
+    for (auto* button : {btnDel, btnPrint, btnExport})
+        button->SetArrow(true);
+    txtSearch = new KestroText(TextMode::search, this);
+    txtSearch->SetPrompt(words.searchPrompt);
+}
+
+void ListPage::BuildFilters(const ListPageWords& words) {
+    comKind = new KestroCombox(ComboxMode::chooseOnly, this);
+    comKind->SetLeftIcon(words.kindIcon);
+    comKind->setToolTip(words.comTip);
+    btnDate0 = new KestroButton(ButtonLook::date, u"日期1"_s, {}, this);
+    btnDate1 = new KestroButton(ButtonLook::date, u"日期2"_s, {}, this);
+    btnDate0->setToolTip(
+        u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n2.则【日期1】就是起始日期.\n1.如果不选这项意味着搜>=日期1的记录"_s);
+    btnDate1->setToolTip(
+        u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n3.则【日期2】就是终止日期\n2.可以通过右边的下拉箭头,确定快捷期间."_s);
+    btnDate1->SetArrow(true);
+    btnDate0->onClick = [this] { OpenCalendar(false); };
+    btnDate1->onClick = [this] { OpenCalendar(true); };
+    btnDate1->onArrow = [this] { Menus::Popup(u"shortdate"_s, btnDate1->mapToGlobal(btnDate1->rect().bottomLeft())); };
+    chkFlag = new KestroCheck(u"重要"_s, this);
+    chkFlag->SetIconName(u"flag"_s);
+    chkFlag->setVisible(words.hasFlag);
+    comPage = new KestroCombox(ComboxMode::chooseOnly, this);
+    comPage->SetLeftIcon(u"Pages"_s);
+    comPage->setToolTip(u"列表页数选择框，每１万为一页!"_s);
+    comPage->hide();
+    comPage->onChoose = [this](const QString&, const QString& key) {
+        if (key == sPage) return;
+        sPage = key;
+        LoadList(true);
+    };
+}
+
+void ListPage::BuildLists(const ListPageWords& words) {
+    KestroList1 = new KestroList(this);
+    KestroList1->SetCheckColumn(true);
+    for (const auto& column : words.columns)
+        KestroList1->DefineColumn(column);
+    KestroList1->onCurrent = [this](int) { ShowDetail(); };
+    lblCount = new KestroLabel({}, LabelKind::value, this);
+    lblValue = new KestroLabel({}, LabelKind::value, this);
+    lblValue->SetCopyIcon(true);
+    panel_ = new DetailPanel(this);
+    KestroList2 = panel_->List();
+    pRESETGROUP();
+}
+
+JobBar ListPage::Bar() {
+    JobBar bar;
+    bar.start = [this](int maximum) {
+        KestroPGress1->SetMaximum(maximum);
+        KestroPGress1->SetValue(0);
+        KestroPGress1->show();
+        KestroPGress1->raise();
+        KestroList1->SetLoading(true);
+    };
+    bar.value = [this](int value) { KestroPGress1->SetValue(value); };
+    bar.end = [this] {
+        KestroPGress1->hide();
+        KestroList1->SetLoading(false);
+    };
+    return bar;
+}
+
+void ListPage::LoadList(bool bPaged) {
+    Job job(Bar());
+    if (job.Refused()) return;
+    KestroList1->Clear();
+    const int count = bPaged ? 0 : CountRows();
+    if (!bPaged) FillPages(count);
+    if (bPaged || count > kReserveFrom) {
+        KestroList1->Reserve(std::min(bPaged ? kLinesPerPage : count, kLinesPerPage) + kReserveFrom);
+        job.Start(std::min(bPaged ? kLinesPerPage : count, kLinesPerPage));
+    }
+    bool stopped = false;
+    {
+        KestroList1->BeginFill();
+        const auto filled = qScopeGuard([this] {
+            ListLoaded();
+            KestroList1->EndFill();
+        });
+        ReadRows(sPage.toInt(), job, [this](ListLine&& line) {
+            KestroList1->AddRow(std::move(line.cells), line.key, line.subKey);
+        });
+        stopped = job.Stopped();
+    }
+    if (stopped) ShowMsg(u"已停止剩余部分导出!"_s);
+    ShowDetail();
+    ShowSums();
+}
+
+void ListPage::FillPages(int count) {
+    comPage->Clear();
+    for (const auto& item : PageItems(count))
+        comPage->AddItem(item.text, item.key, u"Pages"_s);
+    comPage->SetCurrent(0);
+    sPage = u"0"_s;
+    comPage->setVisible(count != 0);
+}
+
+void ListPage::ResetFilters() {
+    txtSearch->setText({});
+    SetPeriod({}, {});
+    comKind->SetCurrent(0);
+    chkFlag->SetChecked(false);
+}
+
+void ListPage::SetPeriod(const QString& first, const QString& second) {
+    ShowPeriod(btnDate0, first, u"日期1"_s);
+    ShowPeriod(btnDate1, second, u"日期2"_s);
+    Arrange();
+}
+
+void ListPage::OpenCalendar(bool second) {
+    nCalendarFor = second;
+    auto* button = second ? btnDate1 : btnDate0;
+    KestroCalendar1->PopUp(button, DateOf(button));
+}
+
+void ListPage::PickDate(QDate date) {
+    (nCalendarFor ? btnDate1 : btnDate0)->SetDate(date);
+    Arrange();
+    ReloadData();
+}
+
+void ListPage::pRESETGROUP() {
+    for (auto* list : {KestroList1, KestroList2})
+        for (int column = 0; column < list->ColumnCount(); ++column)
+            if (list->Column(column).type == u"money") list->SetMoneyGroup(column, State().nGroup);
+}
+
+void ListPage::pRetunPrintInfo(int code, int a, int b, int /*c*/) {
+    switch (code) {
+        case -1:
+            KestroPGress1->SetValue(0);
+            KestroPGress1->hide();
+            break;
+        case 0:
+            KestroPGress1->SetMinimum(1);
+            KestroPGress1->SetMaximum(b > 0 ? a : a * 13 / 10);
+            KestroPGress1->show();
+            break;
+        case 1:
+            KestroPGress1->SetValue(a);
+            break;
+        case 2:
+        case 3:
+            KestroPGress1->SetValue(KestroPGress1->Maximum());
+            KestroPGress1->setVisible(code == 2);
+            break;
+        default:
+            break;
+    }
+}
+
+void ListPage::FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
+    panel_->Fill(heading, title, rows);
+}
+
+int ListPage::CurrentNumber() const {
+    return KestroList1->CurrentRow() < 0 ? 0 : KestroList1->Cell(KestroList1->CurrentRow(), 0).toInt();
+}
+
+void ListPage::showEvent(QShowEvent* event) {
+    Page::showEvent(event);
+    if (started_) return;
+    started_ = true;
+    TimerLoadData.start();
+}

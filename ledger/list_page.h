@@ -1,0 +1,110 @@
+#pragma once
+// What the two list pages share: strip, toolbar, filters, paged list, sums, detail list. What differs between
+// them is data and the few functions below.
+
+#include <QTimer>
+
+#include <functional>
+
+#include "shell/controls/kestro_list.h"
+#include "shell/page.h"
+#include "store/job.h"
+#include "store/notices.h"
+
+class KestroButton;
+class KestroCalendar;
+class KestroCheck;
+class KestroCombox;
+class KestroLabel;
+class KestroPGress;
+class KestroScrollMenu;
+class KestroText;
+
+/// One line of a list as it is added.
+struct ListLine {
+    std::vector<QString> cells;
+    QString key;
+    QString subKey;
+};
+
+struct ListPageWords {
+    QString searchPrompt;
+    QString newTip, editTip, delTip, printTip, exportTip;
+    QString comTip;
+    QString kindIcon;
+    std::vector<ListColumn> columns;
+    bool hasFlag = true;
+};
+
+class ListPage : public Page {
+ public:
+    ListPage(QWidget* parent, const ListPageWords& words);
+    ~ListPage() override;
+
+    void pRESETGROUP() override;
+    void pRetunPrintInfo(int code, int a, int b, int c) override;
+    void SetPeriod(const QString& first, const QString& second) override;
+    void SetDisplayMode(int mode) override;
+
+ protected:
+    // What a page answers for its list.
+    virtual int CountRows() = 0;
+    virtual void ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) = 0;
+    virtual void ShowSums() = 0;
+    virtual void ShowDetail() = 0;
+    virtual void ReloadData() = 0;
+    /// After the lines are there, before they show.
+    virtual void ListLoaded() {}
+
+    /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
+    /// filled anew.
+    void LoadList(bool bPaged);
+    void ResetFilters();
+    /// Puts the detail rows under the title line.
+    void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
+    int CurrentNumber() const;
+
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+    KestroScrollMenu* KestroScrollMenu1;
+    KestroButton* btnNew;
+    KestroButton* btnEdit;
+    KestroButton* btnDel;
+    KestroButton* btnPrint;
+    KestroButton* btnExport;
+    KestroText* txtSearch;
+    KestroCombox* comKind;
+    KestroCombox* comPage;
+    KestroButton* btnDate0;
+    KestroButton* btnDate1;
+    KestroCheck* chkFlag;
+    KestroList* KestroList1;
+    KestroList* KestroList2;
+    KestroLabel* lblCount;
+    KestroLabel* lblValue;
+    KestroPGress* KestroPGress1;
+    KestroCalendar* KestroCalendar1;
+
+    QString sPage = QStringLiteral("0");
+    bool nCalendarFor = false;  ///< false: the first date button
+    QTimer TimerLoadData;
+
+ private:
+    void BuildToolbar(const ListPageWords& words);
+    void BuildFilters(const ListPageWords& words);
+    void BuildLists(const ListPageWords& words);
+    void Arrange();
+    void ArrangeToolbar(int x, int width);
+    void ArrangeFilters(int x, int width);
+    void ArrangeLists(const QRect& room);
+    void FillPages(int count);
+    void OpenCalendar(bool second);
+    void PickDate(QDate date);
+    JobBar Bar();
+
+    class DetailPanel;
+    DetailPanel* panel_;
+    int displayMode_ = 1;
+    bool started_ = false;
+};

@@ -1,0 +1,147 @@
+#include "shell/book_switch.h"
+
+#include "shell/file_dialog.h"
+#include "shell/page.h"
+#include "store/book_box.h"
+#include "store/book_format.h"
+#include "store/dates.h"
+#include "store/dialogs.h"
+#include "store/errors.h"
+#include "store/job.h"
+#include "store/messages.h"
+#include "store/notices.h"
+#include "store/paths.h"
+#include "store/session.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Refuse(const QString& text, int icon = kMsgFail) {
+    ShowMsg(text, u"确定"_s, icon);
+}
+
+bool CanOpen(const QString& path) {
+    return Succeeds([&] {
+        cConnection probe;
+        probe.Open(path);
+    });
+}
+
+// The book's path as asked for, or empty after a refusal.
+QString CheckedPath(QString path) {
+    path = path.toLower();
+    if (path.isEmpty())
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath).toLower();
+    if (path.isEmpty()) return {};
+    if (!FileExists(path)) {
+        Refuse(u"文件【"_s + path + u"】不存在！"_s);
+        return {};
+    }
+    if (path.right(kBookExtension) != u".jotdb") {
+        Refuse(u"文件【"_s + path + u"】不是账本文件！"_s);
+        return {};
+    }
+    if (path == CurrentBook().Path) {
+        Refuse(u"当前打开的正是该账本：\n【"_s + path + u"】"_s, kMsgWarn);
+        return {};
+    }
+    if (!CanOpen(path)) {
+        Refuse(u"打开账本文件【"_s + path + u"】错误！"_s);
+        return {};
+    }
+    return path;
+}
+
+bool IsKnownBook(const QString& indexText, int* index) {
+    bool number = false;
+    *index = indexText.toInt(&number);
+    return number && *index >= 0 && *index < static_cast<int>(State().gBooks.size());
+}
+
+}  // namespace
+
+void OpenDBFile(QString path) {
+    if (IsBusy()) return;
+    path = CheckedPath(path);
+    if (path.isEmpty()) return;
+    if (Host().show) Host().show(0);
+    int index = FindBook(path);
+    if (index < 0) {
+        index = AddOutsideBook(path);
+        Notices().booksChanged.Emit();
+    }
+    if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(index);
+    SwitchBook(QString::number(index));
+    if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(State().gCurBook);
+}
+
+void SwitchBook(const QString& indexText) {
+    const int index = indexText.toInt();
+    if (!CheckBookVersion(index)) return;
+    switch (AskBookPass(indexText, false)) {
+        case kPassCancelled:
+        case kPassSameBook:
+            return;
+        case kPassRight:
+            if (ReloadPages(index)) Notices().booksChanged.Emit();
+            return;
+        case kPassWrong:
+            return Refuse(u"口令不正确!"_s);
+        default:
+            return Refuse(u"意外错误!"_s);
+    }
+}
+
+int AskBookPass(const QString& indexText, bool force) {
+    int index = -1;
+    if (!IsKnownBook(indexText, &index)) return kPassFailed;
+    if (index == State().gCurBook && !force) return kPassSameBook;
+    const BookRecord book = State().gBooks[static_cast<size_t>(index)];
+    ResetDlg(kDlgInput);
+    InputDialog input;
+    input.prompt = u"请输入账本【"_s + book.Name + u"】口令："_s;
+    input.text = u"账本口令"_s;
+    input.mode = 0;
+    OpenModal(kDlgInput);
+    if (!input.done) return kPassCancelled;
+    if (!FileExists(book.Path)) return kPassFailed;
+    int answer = kPassFailed;
+    Succeeds([&] {
+        cConnection probe;
+        probe.Open(book.Path);
+        const auto check = CheckPass(probe, input.text);
+        if (check != PassCheck::missing) answer = check == PassCheck::right ? kPassRight : kPassWrong;
+    });
+    return answer;
+}
+
+bool ReloadPages(int newBook) {
+    const int oldBook = State().gCurBook;
+    State().gCurBook = newBook;
+    PendingError failed;
+    if (!Succeeds([] { ReopenDB(); }, &failed)) {
+        State().gCurBook = oldBook;
+        LastError() = failed;
+        ReportError({});
+        return false;
+    }
+    if (Host().dropOtherPages) Host().dropOtherPages();
+    if (Host().refresh) Host().refresh();
+    if (auto* page = PageOfCode(kPageAccount)) page->pTRANSACCOUNT();
+    return true;
+}
+
+void QuickPeriod(int pageCode, const QString& key, bool search) {
+    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc && pageCode != kPageStats) return;
+    auto* page = PageOfCode(pageCode);
+    if (!page) return;
+    const auto labels = QuickPeriodLabels(key);
+    page->SetPeriod(labels.first, labels.second);
+    if (search && pageCode != kPageNote) page->DoMenu(u"searchdate"_s, {});
+}
+
+void DeleteChecked(int pageCode) {
+    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc) return;
+    if (auto* page = PageOfCode(pageCode)) page->DoBtnMenuDelAll();
+}

@@ -1,0 +1,6 @@
+#include "shell/commands.h"
+
+FrameCommands& Commands() {
+    static FrameCommands commands;
+    return commands;
+}

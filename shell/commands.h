@@ -1,0 +1,24 @@
+#pragma once
+// What the frame sets off without knowing who does it. app/windows.cpp fills the slots; the button or menu
+// item of an empty slot stands disabled.
+
+#include <QString>
+
+#include <functional>
+
+struct FrameCommands {
+    std::function<void(int code)> tellAgent;
+    std::function<void()> closeAll;
+    std::function<void()> resetHeadIco;
+    std::function<void()> about;
+    std::function<void(const QString& text)> search;
+    std::function<void()> webCheck;
+    std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings
+    std::function<void()> openReminders;
+    std::function<void()> editEntries;    ///< set when entries can be changed
+    std::function<void()> deleteEntries;  ///< set when entries can be deleted
+    std::function<void()> exportList;     ///< set when lists can be exported
+    std::function<void()> printList;      ///< set when lists can be printed
+};
+
+FrameCommands& Commands();

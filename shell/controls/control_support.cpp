@@ -1,0 +1,14 @@
+#include "shell/controls/control_support.h"
+
+#include <QPainter>
+#include <QWidget>
+
+#include "shell/skin.h"
+
+namespace Controls {
+void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size) {
+    const Ground ground = widget.isEnabled() ? Ground::plain : Ground::disabled;
+    const QPixmap icon = Skin::Icon(name, size, widget.devicePixelRatioF(), ground);
+    p.drawPixmap(r.x() + (r.width() - size) / 2, r.y() + (r.height() - size) / 2, icon);
+}
+}  // namespace Controls

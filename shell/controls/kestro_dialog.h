@@ -1,0 +1,64 @@
+#pragma once
+// KestroDialog: the frame of every modal window.
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+#include "shell/controls/window_frame.h"
+
+class PngButton;
+class QAbstractButton;
+
+enum class DialogKind {
+    common,  ///< title 40, footer 56
+    small    ///< title 32, footer 48: message box and input box
+};
+
+/// Frameless, movable by its title, on the ground of `surface`. Enter presses the default button, Escape runs
+/// onEscape, the close box onClose.
+class KestroDialog : public QDialog {
+ public:
+    explicit KestroDialog(DialogKind kind, const QString& caption = {}, QWidget* parent = nullptr);
+    ~KestroDialog() override;
+
+    void SetCaption(const QString& caption);
+    /// The room between title and footer, without a layout.
+    QWidget* Body() const { return body_; }
+    /// The bar at the bottom with its dividing line; made at the first call.
+    QWidget* Footer();
+    /// A line between title and body, for forms of more than three rows.
+    void SetTitleLine(bool shown);
+    /// The button that Enter presses, unless a focused button or a box takes it.
+    void SetDefaultButton(QAbstractButton* button) { default_ = button; }
+    int TitleHeight() const;
+    int FooterHeight() const;
+    /// Size of the window without its shadow; text that does not fit may make it taller later.
+    void SetNamedSize(QSize size);
+    void SetSmallest(QSize size) { frame_->SetSmallest(size); }
+    QSize NamedSize() const { return frame_->Named().size(); }
+    void SetOpacity(double opacity) { frame_->SetOpacity(opacity); }
+
+    std::function<void()> onEscape;  ///< default: reject
+    std::function<void()> onClose;   ///< default: reject
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    void Leave(const std::function<void()>& road);
+    void Arrange();
+
+    std::unique_ptr<WindowFrame> frame_;
+    DialogKind kind_;
+    PngButton* close_;
+    QWidget* body_;
+    QWidget* footer_ = nullptr;
+    QAbstractButton* default_ = nullptr;
+    bool titleLine_ = false;
+};

@@ -1,0 +1,280 @@
+#include "shell/controls/kestro_text.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "shell/controls/control_support.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kHeight = 32;
+constexpr int kBigHeight = 40;
+constexpr int kPadding = 8;
+constexpr int kEnd = 28;
+constexpr int kIcon = 16;
+constexpr int kIconGap = 7;
+constexpr double kRadius = 4;
+// QLineEdit keeps this much free at both sides of its text by itself.
+constexpr int kOwnMargin = 2;
+constexpr char16_t kFullZero = u'０';
+constexpr char16_t kFullNine = u'９';
+
+QString WithoutLineBreaks(QString text) {
+    text.replace(u"\r\n"_s, u" "_s);
+    for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'}) text.replace(QChar(c), u' ');
+    return text;
+}
+
+QString AsAmount(const QString& text) {
+    QString clean;
+    for (const QChar c : text) {
+        const char16_t code = c.unicode();
+        if (c.isSpace() || code == u',' || code == u'，' || code == u'￥' || code == u'¥') continue;
+        if (code >= kFullZero && code <= kFullNine)
+            clean += QChar(static_cast<char16_t>(u'0' + code - kFullZero));
+        else if (code == u'．' || code == u'。')
+            clean += u'.';
+        else if (code == u'－')
+            clean += u'-';
+        else
+            clean += c;
+    }
+    return clean;
+}
+}  // namespace
+
+KestroText::KestroText(TextMode mode, QWidget* parent) : QLineEdit(parent) {
+    setFrame(false);
+    // QLineEdit would fill its ground with the palette's base; ours is painted before.
+    QPalette ground;
+    ground.setColor(QPalette::Base, Qt::transparent);
+    setPalette(ground);
+    setAttribute(Qt::WA_Hover);
+    setMouseTracking(true);
+    setFont(Skin::Font(Type::body));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        CleanEdit();
+        RunEvent([this] { Edited(); });
+    });
+    SetMode(mode);
+}
+
+void KestroText::SetMode(TextMode mode) {
+    mode_ = mode;
+    setEchoMode(mode == TextMode::masked ? QLineEdit::Password : QLineEdit::Normal);
+    setAlignment((mode == TextMode::amount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    unit_ = mode == TextMode::amount ? u"元"_s : QString();
+    if (mode == TextMode::amount) setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+    if (mode == TextMode::search) SetEndButton(u"search"_s, u"搜索"_s, false);
+    SetPrompt(prompt_);
+    Fit();
+}
+
+void KestroText::SetGroup(int digits) {
+    group_ = digits;
+    update();
+}
+
+void KestroText::SetBig(bool big) {
+    big_ = big;
+    setFont(Skin::Font(big ? Type::amount : Type::body));
+    Fit();
+    updateGeometry();
+}
+
+void KestroText::SetUnit(const QString& unit) {
+    unit_ = unit;
+    Fit();
+}
+
+void KestroText::SetPrompt(const QString& prompt) {
+    prompt_ = prompt;
+    setPlaceholderText(mode_ == TextMode::amount ? QString() : prompt);
+    if (accessibleName().isEmpty()) setAccessibleName(prompt);
+    update();
+}
+
+void KestroText::SetLeftIcon(const QString& icon) {
+    leftIcon_ = icon;
+    Fit();
+}
+
+void KestroText::SetEndButton(const QString& icon, const QString& tip, bool opensWindow) {
+    endIcon_ = icon;
+    endTip_ = tip;
+    endLine_ = opensWindow;
+    Fit();
+}
+
+void KestroText::SetWrong(bool wrong) {
+    wrong_ = wrong;
+    update();
+}
+
+void KestroText::SetRightZone(int width) {
+    zone_ = width;
+    Fit();
+}
+
+// Everything but the text stands in the margins that QLineEdit leaves to us.
+void KestroText::Fit() {
+    const int left = kPadding - kOwnMargin + (leftIcon_.isEmpty() ? 0 : kIcon + kIconGap);
+    const int end = endIcon_.isEmpty() ? 0 : kEnd;
+    const int pad = end + zone_ > 0 ? kOwnMargin : kPadding;
+    setTextMargins(left, 0, pad - kOwnMargin + end + zone_ + UnitWidth(), 0);
+    update();
+}
+
+QSize KestroText::sizeHint() const {
+    return {Skin::Px(160), Skin::Px(big_ ? kBigHeight : kHeight)};
+}
+
+QSize KestroText::minimumSizeHint() const {
+    return {44, sizeHint().height()};
+}
+
+QRect KestroText::EndRect() const {
+    return endIcon_.isEmpty() ? QRect() : QRect(width() - kEnd, 0, kEnd, height());
+}
+
+QRect KestroText::ZoneRect() const {
+    return {width() - EndRect().width() - zone_, 0, zone_, height()};
+}
+
+void KestroText::Edited() {
+    if (onChange) onChange(text());
+}
+
+void KestroText::CleanEdit() {
+    const QString was = text();
+    const auto clean = [this](const QString& t) {
+        return mode_ == TextMode::amount ? AsAmount(t) : WithoutLineBreaks(t);
+    };
+    if (clean(was) == was) return;
+    const auto cursor = clean(was.left(cursorPosition())).size();
+    setText(clean(was));
+    setCursorPosition(static_cast<int>(cursor));
+}
+
+QColor KestroText::TextColor() const {
+    return Skin::Color(isEnabled() ? Tok::text : Tok::dis);
+}
+
+QColor KestroText::Fill() const {
+    return Skin::Color(isEnabled() ? Tok::surface : Tok::disBg);
+}
+
+void KestroText::paintEvent(QPaintEvent* event) {
+    {
+        QPainter p(this);
+        Skin::Box(p, rect(), kRadius, Fill(), {});
+        if (mode_ == TextMode::amount) PaintAmount(p);
+    }
+    if (mode_ != TextMode::amount) QLineEdit::paintEvent(event);
+    QPainter p(this);
+    PaintEnds(p);
+    PaintZone(p);
+    PaintOutline(p);
+}
+
+void KestroText::PaintOutline(QPainter& p) const {
+    Tok line = Tok::box;
+    if (!isEnabled())
+        line = Tok::line;
+    else if (wrong_)
+        line = Tok::danger;
+    else if (hasFocus())
+        line = Tok::accent;
+    else if (underMouse())
+        line = Tok::text2;
+    const bool strong = isEnabled() && (wrong_ || hasFocus());
+    Skin::Box(p, rect(), kRadius, {}, Skin::Color(line), strong ? 2 : 1);
+}
+
+void KestroText::PaintEnds(QPainter& p) const {
+    if (!leftIcon_.isEmpty()) Controls::PaintIcon(p, *this, {kPadding, 0, kIcon, height()}, leftIcon_, kIcon);
+    if (endIcon_.isEmpty()) return;
+    const QRect end = EndRect();
+    if (endLine_) Skin::VLine(p, end.left(), 1, height() - 1, Skin::Color(Tok::line));
+    Controls::PaintIcon(p, *this, end, endIcon_, kIcon);
+}
+
+void KestroText::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const bool left = event->button() == Qt::LeftButton;
+    if (left && EndRect().contains(at)) {
+        RunEvent(onEndButton);
+        return;
+    }
+    QLineEdit::mousePressEvent(event);
+    if (!left) return;
+    if (mode_ == TextMode::amount)
+        PutCursor(AmountPositionAt(at.x()), event->modifiers() & Qt::ShiftModifier);
+    RunEvent([&] { Pressed(at); });
+    RunEvent(onClick);
+}
+
+void KestroText::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const bool ends = EndRect().contains(at) || ZoneRect().contains(at);
+    setCursor(ends || isReadOnly() ? Qt::ArrowCursor : Qt::IBeamCursor);
+    setToolTip(EndRect().contains(at) ? endTip_ : QString());
+    if (mode_ != TextMode::amount)
+        QLineEdit::mouseMoveEvent(event);
+    else if (event->buttons() & Qt::LeftButton)
+        PutCursor(AmountPositionAt(at.x()), true);
+}
+
+// The cursor at a position of the text; marking keeps the selection's other end.
+void KestroText::PutCursor(int position, bool marking) {
+    if (marking)
+        cursorForward(true, position - cursorPosition());
+    else
+        setCursorPosition(position);
+}
+
+void KestroText::keyPressEvent(QKeyEvent* event) {
+    bool used = false;
+    RunEvent([&] { used = onKey && onKey(event); });
+    if (used) return;
+    wrong_ = false;
+    update();
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool drop = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
+    if (enter && onEnter && !(event->modifiers() & Qt::ControlModifier)) {
+        RunEvent(onEnter);
+    } else if (drop && onEndButton) {
+        RunEvent(onEndButton);
+    } else if (event->key() == Qt::Key_Escape && mode_ == TextMode::search && !text().isEmpty()) {
+        clear();
+        RunEvent([this] { Edited(); });
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void KestroText::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    update();
+}
+
+void KestroText::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    preedit_.clear();
+    update();
+    const bool stays = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    if (!stays) RunEvent(onLeave);
+}
+
+void KestroText::contextMenuEvent(QContextMenuEvent* event) {
+    if (onContextMenu)
+        RunEvent([&] { onContextMenu(event->globalPos()); });
+    else
+        QLineEdit::contextMenuEvent(event);
+}

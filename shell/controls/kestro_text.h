@@ -1,0 +1,103 @@
+#pragma once
+// KestroText: the one-line box, for words, searches, passwords and amounts.
+
+#include <QLineEdit>
+
+#include <functional>
+
+enum class TextMode {
+    normal,
+    search,  ///< magnifier at the right end, Escape clears
+    masked,  ///< shows dots
+    amount   ///< right-aligned with its unit; separators are painted, text() never holds one
+};
+
+/// text() and setText() are the plain text. Line breaks that a user pastes become blanks. In amount mode
+/// `,` `，` `￥` and blanks drop out of what is typed or pasted, and full-width digits become ASCII; nothing
+/// else is refused.
+class KestroText : public QLineEdit {
+ public:
+    explicit KestroText(TextMode mode = TextMode::normal, QWidget* parent = nullptr);
+
+    void SetMode(TextMode mode);
+    TextMode Mode() const { return mode_; }
+    /// Digits per group in amount mode: 3 or 4, anything else paints no separators.
+    void SetGroup(int digits);
+    /// 40 high at 20 px bold, for the amount of an entry.
+    void SetBig(bool big);
+    /// Words painted before the right end, 元 at first in amount mode; empty paints none.
+    void SetUnit(const QString& unit);
+    /// The hint of an empty box; in amount mode it stands at the left and stays while typing.
+    void SetPrompt(const QString& prompt);
+    void SetLeftIcon(const QString& icon);
+    /// A button at the right end; opensWindow puts a line before it. An empty icon takes it away.
+    void SetEndButton(const QString& icon, const QString& tip, bool opensWindow);
+    /// Marks wrong input until the next key.
+    void SetWrong(bool wrong);
+    bool IsWrong() const { return wrong_; }
+
+    std::function<void(const QString&)> onChange;  ///< after the user changed the text; not on setText
+    std::function<void()> onEnter;                 ///< without it, Enter goes on to the window
+    std::function<void()> onEndButton;             ///< the button, or Alt+Down
+    std::function<void()> onClick;
+    std::function<void()> onLeave;                 ///< the focus went to another control
+    std::function<void(QPoint)> onContextMenu;     ///< at a point of the screen
+    std::function<bool(QKeyEvent*)> onKey;         ///< before the box; true when the key is used up
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+ protected:
+    /// Takes room at the right for a derived box, before the end button.
+    void SetRightZone(int width);
+    /// The end button, empty when there is none; and the right zone.
+    QRect EndRect() const;
+    QRect ZoneRect() const;
+    /// Paints into the right zone.
+    virtual void PaintZone(QPainter&) const {}
+    virtual QColor Fill() const;
+    /// The user changed the text; calls onChange.
+    virtual void Edited();
+    /// A press of the left button outside the end button.
+    virtual void Pressed(QPoint) {}
+
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+ private:
+    void Fit();
+    void CleanEdit();
+    void PaintOutline(QPainter& p) const;
+    void PaintEnds(QPainter& p) const;
+    QColor TextColor() const;
+    void PutCursor(int position, bool marking);
+
+    // Amount mode paints its text itself, as QLineEdit cannot show separators that its text has not.
+    void PaintAmount(QPainter& p) const;
+    void PaintPrompt(QPainter& p, int right) const;
+    QString Grouped() const;
+    int AmountX(int position) const;
+    int AmountPositionAt(int x) const;
+    QRect AmountRoom() const;
+    int UnitWidth() const;
+
+    TextMode mode_ = TextMode::normal;
+    QString unit_;
+    QString prompt_;
+    QString leftIcon_;
+    QString endIcon_;
+    QString endTip_;
+    QString preedit_;
+    int group_ = 3;
+    int zone_ = 0;
+    bool endLine_ = false;
+    bool big_ = false;
+    bool wrong_ = false;
+};

@@ -1,0 +1,258 @@
+#include "shell/frm_main.h"
+
+#include <QApplication>
+#include <QMetaObject>
+#include <QWindow>
+
+#include "shell/addresses.h"
+#include "shell/book_switch.h"
+#include "shell/commands.h"
+#include "shell/controls/kestro_calculator.h"
+#include "shell/controls/kestro_tool_tip.h"
+#include "shell/main_menus.h"
+#include "shell/menus.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+#include "store/messages.h"
+#include "store/outside.h"
+#include "store/session.h"
+#include "store/settings.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTickMs = 5000;
+constexpr int kCheckEvery = 120;
+constexpr int kSmallestWidth = 10000 / 15;
+constexpr int kSmallestHeight = 8000 / 15;
+
+const QStringList& TabCaptions() {
+    static const QStringList captions{u"记  账"_s, u"账  户"_s, u"网  账"_s, u"统  计"_s, u"记  事"_s, u"设  置"_s};
+    return captions;
+}
+
+}  // namespace
+
+frmMain::frmMain() {
+    setWindowIcon(Skin::WindowIcon());
+    MyTrak.hwnd = this;
+    MyTrak.ReceMsg = [this](const QString& text, int code, int extra) { MyTrak_ReceMsg(text, code, extra); };
+    MyTrak.DragDropFiles = [this](const QString& names, int count) {
+        if (auto* page = GetWinhWnd(0)) page->MyTrack_DragDropFiles(count, names);
+    };
+    TrackAdd(MyTrak);
+    SaveSetting(QString::number(State().gRunHandle), kSaveHandle);
+    SaveSetting({}, kSaveLogTime);
+    Timer1.setInterval(kTickMs);
+    Timer1.callOnTimeout([this] { RunEvent([this] { Timer1_Timer(); }); });
+    Timer1.start();
+    BuildMainMenus();
+    RouteMainMenus(*this);
+    BuildHeader();
+    BuildStatusBar();
+    BuildShortcuts();
+    FillHost();
+    RefreshBook();
+    SetFormTab(0);
+    SetLogoNumber();
+    if (Commands().tellAgent) Commands().tellAgent(2);
+}
+
+frmMain::~frmMain() {
+    Host() = {};
+    Menus::SetOnMenu({});
+    TrackRemove(MyTrak);
+}
+
+void frmMain::BuildHeader() {
+    SetCaption(u"墨鹊理财专业版"_s, u"v2016.2"_s);
+    setWindowTitle(u"墨鹊理财专业版"_s);
+    for (int tab = 0; tab < kTabs; ++tab) {
+        AddTab(TabCaptions()[tab]);
+        SetTabEnabled(tab, HasPageFactory(tab));
+    }
+    SetSmallest({kSmallestWidth, kSmallestHeight});
+    SetNamedSize({1100, 700});
+    SetDisplayMode(1);
+    onTab = [this](int tab) {
+        KestroToolTip::Hide();
+        SetFormTab(tab);
+        if (tab == 5 && Commands().openSettings) Commands().openSettings(u"kind"_s);
+    };
+    onDisplayMode = [this](int mode) {
+        SetDisplayMode(mode);
+        if (auto* page = GetWinhWnd(0)) page->SetDisplayMode(mode);
+    };
+    onHeaderButton = [this](const QString& name) { HeaderButton(name); };
+    onLogo = [this] {
+        if (due_ > 0 && Commands().openReminders) Commands().openReminders();
+    };
+    onClose = [this] {
+        if (MayLeave(u"有进程在运行，不可退出!"_s)) Unload();
+    };
+    HeaderWidget(u"web"_s)->setToolTip(
+        u"手机电脑访问墨鹊网站平台记账，并导入到账本，以方便随时随地记账\n打开我的网账"_s);
+    HeaderWidget(u"calculator"_s)->setToolTip(u"计算器工具"_s);
+    KestroCalculator1 = new KestroCalculator(this);
+}
+
+void frmMain::HeaderButton(const QString& name) {
+    auto* button = HeaderWidget(name);
+    if (name == u"menu") Menus::Popup(u"File"_s, button->mapToGlobal(button->rect().bottomLeft()));
+    if (name == u"web") Outside().open(kHomePage);
+    if (name != u"calculator") return;
+    if (Outside().calculator && Outside().calculator()) return;
+    KestroCalculator1->PopUp(button, {}, State().nGroup, true);
+}
+
+void frmMain::FillHost() {
+    Host().page = [this](int tab) { return GetWinhWnd(tab); };
+    Host().show = [this](int tab) { SetFormTab(tab); };
+    Host().dropOtherPages = [this] {
+        if (tab_ != 0) SetFormTab(0);
+        for (size_t tab = 1; tab < pages_.size(); ++tab) {
+            delete pages_[tab];
+            pages_[tab] = nullptr;
+        }
+    };
+    Host().refresh = [this] { RefreshBook(); };
+    Host().updateLogo = [this] { SetLogoNumber(); };
+    booksChanged_ = Notices().booksChanged.Subscribe([this] { RefreshBook(); });
+    remindersChanged_ = Notices().remindersChanged.Subscribe([this] { SetLogoNumber(); });
+}
+
+void frmMain::SetFormTab(int index) {
+    if (index < 0 || index >= kTabs || index == tab_ || !HasPageFactory(index)) return;
+    ShowPage(index, true);
+    if (tab_ >= 0) ShowPage(tab_, false);
+    tab_ = index;
+    SelectTab(index);
+}
+
+Page* frmMain::LoadPage(int index) {
+    auto& page = pages_.at(static_cast<size_t>(index));
+    if (!page) {
+        page = MakePage(index, Body());
+        page->SetDisplayMode(DisplayMode());
+    }
+    return page;
+}
+
+void frmMain::ShowPage(int index, bool show) {
+    if (show) State().gPage = kTabCodes[index];
+    Page* page = show ? LoadPage(index) : GetWinhWnd(index);
+    if (!page) return;
+    if (show) page->setGeometry(Body()->rect());
+    page->setVisible(show);
+}
+
+void frmMain::NextTab(int step) {
+    for (int tab = (tab_ + step + kTabs) % kTabs; tab != tab_; tab = (tab + step + kTabs) % kTabs)
+        if (HasPageFactory(tab)) return SetFormTab(tab);
+}
+
+void frmMain::SetLogoNumber() {
+    due_ = DueCount();
+    SetBadge(due_);
+    if (auto* logo = HeaderWidget(u"logo"_s))
+        logo->setToolTip(due_ > 0 ? u"您有【"_s + QString::number(due_) + u"】个提醒或需要处理事项!"_s : QString());
+}
+
+void frmMain::RefreshBook() {
+    const auto& book = CurrentBook();
+    SetBookLabel(u"账本: "_s + book.Name);
+    if (auto* label = HeaderWidget(u"label"_s))
+        label->setToolTip(u"账本版本: 【"_s + book.Version + u"】\n核算年度: 【"_s + QString::number(book.Year) +
+                          u"】\n单击【查看、修改、备份】账本\n账本位置："_s + book.Path);
+    SetLogoNumber();
+    ClearSearch();
+}
+
+void frmMain::pRESETGROUP() {
+    for (auto* page : pages_)
+        if (page) page->pRESETGROUP();
+}
+
+void frmMain::Timer1_Timer() {
+    if (timerTag_.isEmpty()) timerTag_ = QString::number(kCheckEvery);
+    const int ticks = timerTag_.toInt();
+    if (ticks < kCheckEvery) {
+        timerTag_ = QString::number(ticks + 1);
+        return;
+    }
+    timerTag_ = u"1"_s;
+    if (Commands().webCheck) Commands().webCheck();
+}
+
+void frmMain::ResetHeadIco() {
+    if (Commands().resetHeadIco) Commands().resetHeadIco();
+}
+
+void frmMain::MyTrak_ReceMsg(const QString&, int code, int) {
+    switch (code) {
+        case 1:
+            BringToFront();
+            return TakeHandedBook();
+        case 2:
+            return update();
+        case 3:
+            SetLogoNumber();
+            if (auto* notes = PageOfCode(kPageNote)) notes->pTRANSACCOUNT();
+            return;
+        case 16:
+            return BringToFront();
+        default:
+            return;
+    }
+}
+
+void frmMain::BringToFront() {
+    if (isMinimized()) showNormal();
+    raise();
+    activateWindow();
+    if (windowHandle()) windowHandle()->requestActivate();
+}
+
+void frmMain::TakeHandedBook() {
+    if (State().gPopups > 0 || QApplication::activeModalWidget()) {
+        ShowMsg(u"当前有【弹出窗口】正在操作, 无法打开!"_s);
+        return;
+    }
+    const QString path = HandedOverPath();
+    if (path == CurrentBook().Path) {
+        ShowMsg(u"当前打开的正是该账本：\n【"_s + path + u"】"_s);
+        return;
+    }
+    OpenDBFile(path);
+}
+
+bool frmMain::MayLeave(const QString& refusal) {
+    if (!State().gBusy) return true;
+    ShowMsg(refusal);
+    return false;
+}
+
+bool frmMain::FinishApp() {
+    if (!MayLeave(u"有别的进程在运行，不可退出!"_s)) return false;
+    Unload();
+    return true;
+}
+
+void frmMain::Unload() {
+    RunEvent([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
+    Timer1.stop();
+    TrackRemove(MyTrak);
+    for (auto& page : pages_) {
+        delete page;
+        page = nullptr;
+    }
+    hide();
+    if (Commands().closeAll) Commands().closeAll();
+    if (Commands().tellAgent) {
+        Commands().tellAgent(1);
+        Commands().tellAgent(3);
+    }
+    if (onUnloaded) onUnloaded();
+}

@@ -1,0 +1,74 @@
+#pragma once
+// frmMain: the frame of the running program. Tabs, menus, status bar, book label, timer; it docks the pages
+// and receives what other processes tell.
+
+#include <QTimer>
+
+#include <array>
+
+#include "shell/controls/kestro_form.h"
+#include "shell/page.h"
+#include "shell/tracker.h"
+#include "store/notices.h"
+
+class KestroCalculator;
+class KestroPGress;
+class KestroStatusBar;
+class KestroText;
+
+class frmMain : public KestroForm {
+ public:
+    frmMain();
+    ~frmMain() override;
+
+    void SetFormTab(int index);
+    void ShowPage(int index, bool show);
+    /// Makes the page of a tab if it is not there yet.
+    Page* LoadPage(int index);
+    /// The docked page of a tab or null.
+    Page* GetWinhWnd(int index) const { return pages_.at(static_cast<size_t>(index)); }
+    int CurrentTab() const { return tab_; }
+
+    /// Counts due items anew and shows the number on the logo.
+    void SetLogoNumber();
+    int LogoNumber() const { return due_; }
+    /// kind 0: the web state is 正常; 1: text is the count of entries not fetched; 2: the web user's name.
+    void SetWebTip(int kind, const QString& text);
+    /// Menu key exit. False when a job runs.
+    bool FinishApp();
+    void ResetHeadIco();
+    void pRESETGROUP();
+
+    /// What another process tells: 1 a second copy, 2 redraw, 3 reminders changed, 16 raise only.
+    void MyTrak_ReceMsg(const QString& text, int code, int extra);
+    void Timer1_Timer();
+
+    clsTrackInfo MyTrak;
+    std::function<void()> onUnloaded;  ///< the window is gone and the program may end
+
+ private:
+    void BuildHeader();
+    void BuildStatusBar();
+    void BuildShortcuts();
+    void FillHost();
+    void RefreshBook();
+    void ClearSearch();
+    void HeaderButton(const QString& name);
+    void StatusClicked(int panel);
+    bool MayLeave(const QString& refusal);
+    void Unload();
+    void BringToFront();
+    void TakeHandedBook();
+    void NextTab(int step);
+
+    std::array<Page*, kTabs> pages_{};
+    int tab_ = -1;
+    int due_ = 0;
+    QTimer Timer1;
+    QString timerTag_;
+    KestroStatusBar* barTip = nullptr;
+    KestroText* txtSearch = nullptr;
+    KestroPGress* KestroPGress1 = nullptr;
+    KestroCalculator* KestroCalculator1 = nullptr;
+    NoticeToken booksChanged_, remindersChanged_;
+};

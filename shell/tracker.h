@@ -1,0 +1,48 @@
+#pragma once
+// What a window needs from the platform beyond its controls: wheel, hover and leave, dropped files, and the
+// message of another process. One tracker per window turns them into events for its owner.
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QMimeData;
+class QWidget;
+
+class clsTrackInfo : public QObject {
+ public:
+    QWidget* hwnd = nullptr;
+    int hoverTime = 400;  ///< milliseconds
+
+    std::function<void(const QString& text, int code, int extra)> ReceMsg;
+    std::function<void()> MouseHover;
+    std::function<void()> MouseLeave;
+    std::function<void(int direction)> MouseWheel;  ///< -1 away from the user, otherwise 1
+    std::function<void(const QString& names, int count)> DragDropFiles;  ///< names joined by line breaks
+
+    void RaiseReceMsg(const QString& text, int code, int extra);
+    void RaiseMouseWheel(int direction);
+    void RaiseMouseHover();
+    /// The very first leave after tracking starts is lost, on purpose.
+    void RaiseMouseLeave();
+    void DropFiles(const QMimeData& data);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    friend void TrackAdd(clsTrackInfo& tracker);
+    bool over_ = false;
+    bool first_ = true;
+};
+
+/// Starts tracking tracker.hwnd; the window accepts dropped files from now on.
+void TrackAdd(clsTrackInfo& tracker);
+/// Ends it; must be called before the window goes.
+void TrackRemove(clsTrackInfo& tracker);
+/// Asks the platform for hover and leave.
+void TrackArm(clsTrackInfo& tracker);
+/// The tracker of a window, or null.
+clsTrackInfo* TrackOf(const QWidget* window);
+int TrackCount();
