@@ -1,0 +1,21 @@
+#pragma once
+// KestroLink: a line of text that acts on a click, Enter or the blank.
+
+#include <QPushButton>
+#include <QString>
+
+#include <functional>
+
+class KestroLink : public QPushButton {
+ public:
+    explicit KestroLink(const QString& text = {}, QWidget* parent = nullptr);
+
+    std::function<void()> onClick;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,129 @@
+#include "shell/controls/kestro_list_columns.h"
+
+#include "shell/skin.h"
+#include "store/money.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int Scaled(int pixels) {
+    return static_cast<int>(std::lround(pixels * Skin::Scale()));
+}
+
+int CaptionWidth(const ListColumnState& column) {
+    return QFontMetrics(Skin::Font(Type::smallBold)).horizontalAdvance(column.what.caption) + 18;
+}
+
+/// What a column may be pressed to; a running number is never cut.
+int LeastWidth(const ListColumnState& column) {
+    const int told = Scaled(column.what.smallest);
+    if (!column.IsNumber()) return told;
+    const CellPadding padding = PaddingOf(column);
+    return std::max(told, column.wholeWidth + padding.left + padding.right);
+}
+
+int StartWidth(const ListColumnState& column) {
+    if (column.hidden) return 0;
+    if (column.userWidth >= 0) return column.userWidth;
+    const int told = std::max(Scaled(column.what.width), LeastWidth(column));
+    if (!column.IsMoney() && !column.IsDate()) return told;
+    const CellPadding padding = PaddingOf(column);
+    const int text = column.wholeWidth + column.partWidth + padding.left + padding.right;
+    return std::max({told, text, CaptionWidth(column)});
+}
+
+bool MayGive(const ListColumnState& column, int stage) {
+    if (column.hidden || column.userWidth >= 0) return false;
+    if (stage == 0) return column.what.flexible;
+    return stage == 1 ? column.IsText() && !column.what.flexible : column.IsNumber();
+}
+
+/// Takes excess from the columns of one stage in equal shares and returns what is left of it.
+int Press(std::span<const ListColumnState> columns, std::vector<int>& widths, int stage, int excess) {
+    while (excess > 0) {
+        std::vector<size_t> givers;
+        for (size_t i = 0; i < columns.size(); ++i) {
+            const bool above = widths[i] > LeastWidth(columns[i]);
+            if (above && MayGive(columns[i], stage)) givers.push_back(i);
+        }
+        if (givers.empty()) break;
+        const int share = std::max(1, excess / static_cast<int>(givers.size()));
+        for (const size_t i : givers) {
+            const int given = std::min({share, excess, widths[i] - LeastWidth(columns[i])});
+            widths[i] -= given;
+            excess -= given;
+        }
+    }
+    return excess;
+}
+
+}  // namespace
+
+FigureMeter::FigureMeter(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    for (size_t i = 32; i < narrow_.size(); ++i)
+        narrow_[i] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(i)));
+    wide_ = metrics.horizontalAdvance(u"国"_s);
+}
+
+int FigureMeter::Width(QStringView text) const {
+    double sum = 0;
+    for (const QChar c : text)
+        sum += c.unicode() < narrow_.size() ? narrow_[c.unicode()] : wide_;
+    return static_cast<int>(std::ceil(sum));
+}
+
+CellPadding PaddingOf(const ListColumnState& column) {
+    if (column.IsMoney()) return {6, 6};
+    if (column.IsDate()) return {6, 4};
+    return {8, 8};
+}
+
+bool LooksLikeNumber(QStringView text) {
+    if (text.startsWith(u'-')) text = text.mid(1);
+    return !text.isEmpty() && text.front() >= u'0' && text.front() <= u'9';
+}
+
+QString PaintedText(const ListColumnState& column, const QString& cell) {
+    if (column.IsMoney() && LooksLikeNumber(cell)) return GroupText(cell, column.nGroup, u","_s, u"0"_s);
+    if (!cell.contains(u'\n') && !cell.contains(u'\r')) return cell;
+    QString flat = cell;
+    flat.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
+    return flat;
+}
+
+qsizetype PointOf(QStringView painted) {
+    const qsizetype point = painted.indexOf(u'.');
+    return point < 0 ? painted.size() : point;
+}
+
+void GrowBy(ListColumnState& column, const QString& cell, const FigureMeter& meter) {
+    if (cell.isEmpty()) return;
+    const QString text = PaintedText(column, cell);
+    const qsizetype point = column.IsMoney() ? PointOf(text) : text.size();
+    column.wholeWidth = std::max(column.wholeWidth, meter.Width(QStringView(text).left(point)));
+    column.partWidth = std::max(column.partWidth, meter.Width(QStringView(text).mid(point)));
+}
+
+std::vector<int> FitWidths(std::span<const ListColumnState> columns, int room) {
+    std::vector<int> widths;
+    int sum = 0;
+    for (const ListColumnState& column : columns) {
+        widths.push_back(StartWidth(column));
+        sum += widths.back();
+    }
+    int excess = sum - room;
+    for (int stage = 0; stage < 3 && excess > 0; ++stage)
+        excess = Press(columns, widths, stage, excess);
+    if (excess >= 0) return widths;
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (!columns[i].what.flexible || columns[i].hidden) continue;
+        widths[i] -= excess;
+        break;
+    }
+    return widths;
+}

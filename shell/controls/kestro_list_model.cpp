@@ -1,0 +1,101 @@
+#include "shell/controls/kestro_list_model.h"
+
+#include "store/money.h"
+
+#include <algorithm>
+#include <numeric>
+
+int KestroListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : shown_;
+}
+
+int KestroListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ToView(static_cast<int>(columns.size()));
+}
+
+QVariant KestroListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || !HasRow(index.row())) return {};
+    const int column = FromView(index.column());
+    if (column < 0) {
+        if (role != Qt::CheckStateRole) return {};
+        return static_cast<int>(Row(index.row()).checked ? Qt::Checked : Qt::Unchecked);
+    }
+    if (role != Qt::DisplayRole || !HasColumn(column)) return {};
+    return PaintedText(Column(column), Cell(index.row(), column));
+}
+
+QVariant KestroListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    const int column = FromView(section);
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || !HasColumn(column)) return {};
+    return Column(column).what.caption;
+}
+
+const QString& KestroListModel::Cell(int row, int column) const {
+    static const QString empty;
+    if (!HasRow(row) || column < 0) return empty;
+    const std::vector<QString>& cells = Row(row).cells;
+    return static_cast<size_t>(column) < cells.size() ? cells[static_cast<size_t>(column)] : empty;
+}
+
+KestroList::Handle KestroListModel::Append(ListRow&& row) {
+    row.handle = ++lastHandle_;
+    hasGrey = hasGrey || row.look.style == RowStyle::grey1;
+    rows.push_back(std::move(row));
+    return lastHandle_;
+}
+
+int KestroListModel::RowOf(KestroList::Handle handle) const {
+    const auto found = std::ranges::find(rows, handle, &ListRow::handle);
+    return handle == 0 || found == rows.end() ? -1 : static_cast<int>(found - rows.begin());
+}
+
+int KestroListModel::CheckedCount() const {
+    return static_cast<int>(std::ranges::count(rows, true, &ListRow::checked));
+}
+
+void KestroListModel::Publish() {
+    beginResetModel();
+    shown_ = static_cast<int>(rows.size());
+    endResetModel();
+}
+
+void KestroListModel::PublishTail() {
+    const int count = static_cast<int>(rows.size());
+    if (count == shown_) return;
+    beginInsertRows({}, shown_, count - 1);
+    shown_ = count;
+    endInsertRows();
+}
+
+void KestroListModel::TellRow(int row) {
+    if (row < shown_) Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void KestroListModel::Sort(int column, bool up) {
+    sortedColumn = column;
+    ascending = up;
+    const bool byValue = Column(column).IsMoney() || Column(column).IsNumber();
+    std::vector<double> values;
+    if (byValue)
+        for (size_t i = 0; i < rows.size(); ++i)
+            values.push_back(Val(Cell(static_cast<int>(i), column)));
+    std::vector<int> order(rows.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_sort(order, [&](int a, int b) {
+        if (!up) std::swap(a, b);
+        if (byValue) return values[static_cast<size_t>(a)] < values[static_cast<size_t>(b)];
+        return Cell(a, column) < Cell(b, column);
+    });
+    std::vector<ListRow> sorted;
+    sorted.reserve(std::max(rows.capacity(), rows.size()));
+    for (const int row : order)
+        sorted.push_back(std::move(Row(row)));
+    rows = std::move(sorted);
+}
+
+void KestroListModel::MeasureBars() {
+    barMost = 0;
+    if (barColumn < 0) return;
+    for (int row = 0; row < static_cast<int>(rows.size()); ++row)
+        barMost = std::max({barMost, Val(Cell(row, addColumn)), Val(Cell(row, reduceColumn))});
+}

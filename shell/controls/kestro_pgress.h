@@ -1,0 +1,32 @@
+#pragma once
+// KestroPGress: the bar of a long job. A click asks the job to stop.
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+class KestroPGress : public QWidget {
+ public:
+    explicit KestroPGress(QWidget* parent = nullptr);
+
+    int Minimum() const { return minimum_; }
+    int Maximum() const { return maximum_; }
+    int Value() const { return value_; }
+    void SetMinimum(int minimum);
+    void SetMaximum(int maximum);
+    void SetValue(int value);  ///< kept within minimum and maximum
+
+    std::function<void()> onClick;
+
+    QSize sizeHint() const override;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+    int minimum_ = 0;
+    int maximum_ = 100;
+    int value_ = 0;
+};
