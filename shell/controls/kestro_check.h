@@ -1,5 +1,6 @@
 #pragma once
-// KestroCheck: a box and its caption, with an icon between them if one is named.
+// KestroCheck: a box and its caption, with an icon between them if one is named. The box stands 3 pixels from
+// the left edge, room for its focus ring.
 
 #include <QCheckBox>
 #include <QString>

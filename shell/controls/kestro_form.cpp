@@ -1,11 +1,11 @@
 #include "shell/controls/kestro_form.h"
 
-#include <QCloseEvent>
-#include <QPainter>
-
 #include "shell/controls/form_header.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+
+#include <QCloseEvent>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 

@@ -199,7 +199,7 @@ void KestroList::SetCell(int row, int column, const QString& text) {
     if (model_->IsFilling()) return;
     ListColumnState& state = model_->Column(column);
     const QFont font = Skin::Font(state.IsDate() ? Type::small : Type::body);
-    if (state.IsMoney() || state.IsDate()) GrowBy(state, text, FigureMeter(font));
+    if (!state.IsText() && !state.IsIcons()) GrowBy(state, text, FigureMeter(font));
     model_->MeasureBars();
     model_->TellRow(row);
     FitColumns();

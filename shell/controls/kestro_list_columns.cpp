@@ -18,10 +18,18 @@ int CaptionWidth(const ListColumnState& column) {
     return QFontMetrics(Skin::Font(Type::smallBold)).horizontalAdvance(column.what.caption) + 18;
 }
 
+/// What a column may be pressed to; a running number is never cut.
+int LeastWidth(const ListColumnState& column) {
+    const int told = Scaled(column.what.smallest);
+    if (!column.IsNumber()) return told;
+    const CellPadding padding = PaddingOf(column);
+    return std::max(told, column.wholeWidth + padding.left + padding.right);
+}
+
 int StartWidth(const ListColumnState& column) {
     if (column.hidden) return 0;
     if (column.userWidth >= 0) return column.userWidth;
-    const int told = Scaled(column.what.width);
+    const int told = std::max(Scaled(column.what.width), LeastWidth(column));
     if (!column.IsMoney() && !column.IsDate()) return told;
     const CellPadding padding = PaddingOf(column);
     const int text = column.wholeWidth + column.partWidth + padding.left + padding.right;
@@ -39,13 +47,13 @@ int Press(std::span<const ListColumnState> columns, std::vector<int>& widths, in
     while (excess > 0) {
         std::vector<size_t> givers;
         for (size_t i = 0; i < columns.size(); ++i) {
-            const bool above = widths[i] > Scaled(columns[i].what.smallest);
+            const bool above = widths[i] > LeastWidth(columns[i]);
             if (above && MayGive(columns[i], stage)) givers.push_back(i);
         }
         if (givers.empty()) break;
         const int share = std::max(1, excess / static_cast<int>(givers.size()));
         for (const size_t i : givers) {
-            const int given = std::min({share, excess, widths[i] - Scaled(columns[i].what.smallest)});
+            const int given = std::min({share, excess, widths[i] - LeastWidth(columns[i])});
             widths[i] -= given;
             excess -= given;
         }

@@ -37,7 +37,7 @@ void KestroList::GrowColumns(int firstRow) {
         small(Skin::Font(Type::small));
     for (int column = 0; column < ColumnCount(); ++column) {
         ListColumnState& state = model_->Column(column);
-        if (!state.IsMoney() && !state.IsDate()) continue;
+        if (state.IsText() || state.IsIcons()) continue;
         for (int row = firstRow; row < RowCount(); ++row) {
             const FigureMeter& money = model_->Row(row).look.bold ? bold : body;
             GrowBy(state, model_->Cell(row, column), state.IsDate() ? small : money);

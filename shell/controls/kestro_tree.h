@@ -35,7 +35,9 @@ class KestroTree : public QTreeWidget {
 
  protected:
     void drawRow(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    void drawBranches(QPainter* p, const QRect& rect, const QModelIndex& index) const override;
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 

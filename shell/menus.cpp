@@ -1,0 +1,203 @@
+#include "shell/menus.h"
+
+#include "shell/controls/kestro_menu.h"
+#include "store/errors.h"
+#include "store/state.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace Menus {
+namespace {
+
+struct Item {
+    QString key;
+    QString caption;
+    QString icon = {};
+    QString hint = {};
+    bool enabled = true;
+    bool checked = false;
+    bool visible = true;
+    bool separator = false;
+    bool opensMenu = false;
+};
+
+struct Menu {
+    QString name;
+    std::vector<Item> items;
+};
+
+struct TextEntry {
+    int id;
+    int pageCode;
+    TextHandler handler;
+};
+
+struct Service {
+    std::vector<Menu> menus;
+    Handler onMenu;
+    std::vector<TextEntry> texts;
+    int lastId = 0;
+};
+
+const QString& TextName() {
+    static const QString name = u"text"_s;
+    return name;
+}
+
+Service MakeService() {
+    Service service;
+    service.menus.push_back({TextName(),
+                             {{u"textcut"_s, u"剪切"_s, {}, u"Ctl+X"_s},
+                              {u"textcopy"_s, u"复制"_s, {}, u"Ctl+C"_s},
+                              {u"textpaste"_s, u"粘贴"_s, {}, u"Ctl+V"_s},
+                              {u"textselect"_s, u"全选"_s, {}, u"Ctl+A"_s}}});
+    return service;
+}
+
+Service& TheService() {
+    static Service service = MakeService();
+    return service;
+}
+
+Menu* FindMenu(const QString& name) {
+    const auto found = std::ranges::find(TheService().menus, name.toLower(), &Menu::name);
+    return found == TheService().menus.end() ? nullptr : &*found;
+}
+
+Item* FindItem(const QString& menu, const QString& key) {
+    Menu* const owner = FindMenu(menu);
+    if (!owner) return nullptr;
+    const auto found = std::ranges::find(owner->items, key.toLower(), &Item::key);
+    return found == owner->items.end() ? nullptr : &*found;
+}
+
+void Add(const QString& menu, Item&& item) {
+    item.key = item.key.toLower();
+    if (Menu* const owner = FindMenu(menu)) owner->items.push_back(std::move(item));
+}
+
+void Build(KestroMenu& menu, const Menu& told) {
+    menu.onChoose = [name = told.name](const QString& key) { Choose(name, key); };
+    for (const Item& item : told.items) {
+        if (!item.visible) continue;
+        if (item.separator) {
+            menu.AddSeparator(item.key);
+            continue;
+        }
+        if (item.opensMenu) {
+            const Menu* const below = FindMenu(item.key);
+            KestroMenu* const shown = menu.AddSubMenu(item.key, item.caption, item.icon);
+            if (below) Build(*shown, *below);
+        } else {
+            menu.AddItem(item.key, item.caption, item.icon, item.hint);
+        }
+        menu.SetItemEnabled(item.key, item.enabled);
+        menu.SetItemChecked(item.key, item.checked);
+    }
+}
+
+}  // namespace
+
+void AddMenu(const QString& name) {
+    if (Menu* const there = FindMenu(name)) {
+        there->items.clear();
+    } else {
+        TheService().menus.push_back({name.toLower(), {}});
+    }
+}
+
+bool HasMenu(const QString& name) {
+    return FindMenu(name) != nullptr;
+}
+
+void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon,
+             const QString& hint) {
+    Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint});
+}
+
+void AddSeparator(const QString& menu, const QString& key) {
+    Add(menu, {.key = key, .caption = {}, .separator = true});
+}
+
+void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption, const QString& icon) {
+    Add(menu, {.key = subMenu, .caption = caption, .icon = icon, .opensMenu = true});
+}
+
+void SetEnabled(const QString& menu, const QString& key, bool on) {
+    if (Item* const item = FindItem(menu, key)) item->enabled = on;
+}
+
+void SetChecked(const QString& menu, const QString& key, bool on) {
+    if (Item* const item = FindItem(menu, key)) item->checked = on;
+}
+
+void SetCaption(const QString& menu, const QString& key, const QString& caption) {
+    if (Item* const item = FindItem(menu, key)) item->caption = caption;
+}
+
+void SetVisible(const QString& menu, const QString& key, bool on) {
+    if (Item* const item = FindItem(menu, key)) item->visible = on;
+}
+
+void Popup(const QString& name, const QPoint& globalPos) {
+    const Menu* const told = FindMenu(name);
+    if (!told || told->items.empty()) return;
+    auto* const menu = new KestroMenu(QApplication::activeWindow());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(told->name);
+    Build(*menu, *told);
+    menu->PopupAt(globalPos);
+}
+
+void SetOnMenu(Handler handler) {
+    TheService().onMenu = std::move(handler);
+}
+
+void Choose(const QString& menu, const QString& item) {
+    const QString name = menu.toLower(), key = item.toLower();
+    if (name == TextName()) {
+        // The last who registered for the page in front comes first. Copied, as the handler may go meanwhile.
+        const std::vector<TextEntry>& texts = TheService().texts;
+        const auto found =
+            std::ranges::find(texts.rbegin(), texts.rend(), State().gPage, &TextEntry::pageCode);
+        if (found != texts.rend()) {
+            RunEvent([handler = found->handler, key] { handler(key); });
+            return;
+        }
+    }
+    RunEvent([handler = TheService().onMenu, name, key] {
+        if (handler) handler(name, key);
+    });
+}
+
+TextMenuToken::TextMenuToken(TextMenuToken&& other) noexcept : id_(std::exchange(other.id_, 0)) {}
+
+TextMenuToken& TextMenuToken::operator=(TextMenuToken&& other) noexcept {
+    std::swap(id_, other.id_);
+    return *this;
+}
+
+TextMenuToken::~TextMenuToken() {
+    if (id_ != 0) std::erase_if(TheService().texts, [this](const TextEntry& text) { return text.id == id_; });
+}
+
+TextMenuToken RegisterTextMenu(int pageCode, TextHandler handler) {
+    Service& service = TheService();
+    service.texts.push_back({++service.lastId, pageCode, std::move(handler)});
+    return TextMenuToken(service.lastId);
+}
+
+void Reset() {
+    // Ids go on counting, so that a token from before erases nothing registered later.
+    const int lastId = TheService().lastId;
+    TheService() = MakeService();
+    TheService().lastId = lastId;
+}
+
+}  // namespace Menus
