@@ -81,6 +81,7 @@ void frmLogin::Arrange() {
     SetNamedSize({kWidth, LoginHero::kHeight + (stripShown_ ? kStripHeight : 0)});
     const QPoint corner = Body()->pos() - QPoint(0, TitleHeight());
     hero_->setGeometry(QRect(corner, QSize(LoginHero::kWidth, LoginHero::kHeight)));
+    hero_->SetRadius(Skin::ShadowMargin() > 0 ? 8 : 0);
     hero_->SetStripShown(stripShown_);
     auto* title = findChild<KestroLabel*>(u"lblTitle"_s);
     title->setGeometry(corner.x() + kX, corner.y() + 10, 160, 20);
