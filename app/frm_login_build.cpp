@@ -59,6 +59,11 @@ void frmLogin::Build() {
     pngArrow->onClick = [this] { ToggleStrip(); };
     for (auto* button : {btnNew, btnEnter, btnCancel})
         button->SetHeight(kBox);
+    comBook->setObjectName(u"comBook"_s);
+    txtPass->setObjectName(u"txtPass"_s);
+    btnEnter->setObjectName(u"btnEnter"_s);
+    btnCancel->setObjectName(u"btnCancel"_s);
+    pngArrow->setObjectName(u"pngArrow"_s);
 }
 
 void frmLogin::BuildStrip() {

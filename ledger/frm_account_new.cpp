@@ -31,6 +31,7 @@ frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common,
     FillLists();
     SetDefaults();
     SetTabOrder();
+    NameControls();
     Arrange();
     textMenu_ = Menus::RegisterTextMenu(kDlgEntry, [this](const QString& key) { DoMenu(key); });
     onEscape = [this] { CancelClicked(); };

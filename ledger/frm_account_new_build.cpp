@@ -196,6 +196,21 @@ void frmAccountNew::ArrangeAccounts() {
     }
 }
 
+void frmAccountNew::NameControls() {
+    const std::vector<std::pair<QWidget*, QString>> names{
+        {txtThing, u"txtThing"_s},       {txtMoney, u"txtMoney"_s},        {txtDate, u"txtDate"_s},
+        {txtHour, u"txtHour"_s},         {txtMinute, u"txtMinute"_s},      {pngPlus, u"pngPlus"_s},
+        {PngReduce, u"PngReduce"_s},     {combos_[0], u"comKind"_s},       {combos_[1], u"comKind1"_s},
+        {combos_[2], u"comAccName"_s},   {combos_[3], u"comAccName1"_s},   {options_[0], u"opt0"_s},
+        {options_[1], u"opt1"_s},        {options_[2], u"opt2"_s},         {options_[3], u"opt3"_s},
+        {accValues_[0], u"txtAccValue"_s}, {accValues_[1], u"txtAccValue1"_s}, {clones_[0], u"btnClone0"_s},
+        {clones_[1], u"btnClone1"_s},    {chkOther, u"chkOther"_s},        {chkOther1, u"chkOther1"_s},
+        {editNote, u"editNote"_s},       {chkMark, u"chkMark"_s},          {btnCamera, u"btnCamera"_s},
+        {btnEnter, u"btnEnter"_s},       {btnCancel, u"btnCancel"_s},      {pngArrow, u"pngArrow"_s}};
+    for (const auto& [control, name] : names)
+        control->setObjectName(name);
+}
+
 void frmAccountNew::SetTabOrder() {
     const std::vector<QWidget*> order{txtThing,        txtDate,           PngReduce,         pngPlus,
                                       txtHour,         txtMinute,         txtMoney,          combos_[0],
