@@ -86,10 +86,12 @@ void HeaderTab::paintEvent(QPaintEvent*) {
     const QRect tall = rect().adjusted(0, 0, 0, 10);
     if (IsChosen())
         Skin::Box(p, tall, 8, Skin::Color(Tok::page), {});
-    else if (underMouse())
+    else if (underMouse() && isEnabled())
         Skin::Box(p, tall, 8, HoverFill(), {});
     p.setFont(Skin::Font(IsChosen() ? Type::title : Type::titleRegular));
-    p.setPen(Skin::Color(IsChosen() ? Tok::text : Tok::tabText));
+    QColor ink = Skin::Color(IsChosen() ? Tok::text : Tok::tabText);
+    if (!isEnabled()) ink.setAlphaF(0.45F);
+    p.setPen(ink);
     p.drawText(rect(), Qt::AlignCenter, text());
     if (IsChosen()) p.fillRect((width() - 26) / 2, height() - 6, 26, 2, Skin::Color(Tok::accent));
     if (ShowsFocus())
