@@ -63,6 +63,10 @@ void KestroForm::SelectTab(int index) {
     header_->SelectTab(index);
 }
 
+void KestroForm::SetTabEnabled(int index, bool enabled) {
+    header_->tabs.at(static_cast<size_t>(index))->setEnabled(enabled);
+}
+
 int KestroForm::SelectedTab() const {
     for (int i = 0; i < TabCount(); ++i)
         if (header_->tabs[static_cast<size_t>(i)]->IsChosen()) return i;

@@ -23,6 +23,8 @@ class KestroForm : public QWidget {
     void SetTabEnabled(int index, bool enabled);
     /// Marks a tab. Does not call onTab.
     void SelectTab(int index);
+    /// A disabled tab stands in its place and takes neither click nor focus.
+    void SetTabEnabled(int index, bool enabled);
     int SelectedTab() const;
     int TabCount() const;
     /// Height of the band in pixels.
