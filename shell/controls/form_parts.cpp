@@ -89,14 +89,8 @@ void HeaderTab::paintEvent(QPaintEvent*) {
     else if (underMouse() && isEnabled())
         Skin::Box(p, tall, 8, HoverFill(), {});
     p.setFont(Skin::Font(IsChosen() ? Type::title : Type::titleRegular));
-<<<<<<< HEAD
-    QColor ink = Skin::Color(IsChosen() ? Tok::text : Tok::tabText);
-    if (!isEnabled()) ink.setAlphaF(0.45F);
-    p.setPen(ink);
-=======
     p.setPen(Skin::Color(IsChosen() ? Tok::text : Tok::tabText));
     if (!isEnabled()) p.setOpacity(0.45);
->>>>>>> main
     p.drawText(rect(), Qt::AlignCenter, text());
     if (IsChosen()) p.fillRect((width() - 26) / 2, height() - 6, 26, 2, Skin::Color(Tok::accent));
     if (ShowsFocus())

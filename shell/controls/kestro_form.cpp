@@ -55,10 +55,6 @@ void KestroForm::AddTab(const QString& caption) {
     tab->onDrag = [this] { frame_->StartMove(); };
 }
 
-void KestroForm::SetTabEnabled(int index, bool enabled) {
-    header_->tabs.at(static_cast<size_t>(index))->setEnabled(enabled);
-}
-
 void KestroForm::SelectTab(int index) {
     header_->SelectTab(index);
 }

@@ -19,8 +19,6 @@ class KestroForm : public QWidget {
     void SetCaption(const QString& name, const QString& version);
     /// Tabs in order; the first one is index 0. The caption may hold blanks.
     void AddTab(const QString& caption);
-    /// A tab that leads nowhere is grey and reports no click.
-    void SetTabEnabled(int index, bool enabled);
     /// Marks a tab. Does not call onTab.
     void SelectTab(int index);
     /// A disabled tab stands in its place and takes neither click nor focus.
