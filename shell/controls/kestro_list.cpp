@@ -170,11 +170,6 @@ KestroList::Handle KestroList::AddRow(std::vector<QString>&& cells, const QStrin
     return handle;
 }
 
-KestroList::Handle KestroList::AddRow(const QStringList& cells, const QString& key, const QString& subKey,
-                                      const RowLook& look) {
-    return AddRow(std::vector<QString>(cells.begin(), cells.end()), key, subKey, look);
-}
-
 int KestroList::RowCount() const {
     return static_cast<int>(model_->rows.size());
 }

@@ -9,6 +9,7 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <concepts>
 #include <functional>
 #include <vector>
 
@@ -75,8 +76,11 @@ class KestroList : public QTableView {
     void EndFill();
     Handle AddRow(std::vector<QString>&& cells, const QString& key = {}, const QString& subKey = {},
                   const RowLook& look = {});
-    Handle AddRow(const QStringList& cells, const QString& key = {}, const QString& subKey = {},
-                  const RowLook& look = {});
+    template <std::same_as<QStringList> List>  // a list in braces is a vector
+    Handle AddRow(const List& cells, const QString& key = {}, const QString& subKey = {},
+                  const RowLook& look = {}) {
+        return AddRow(std::vector<QString>(cells.begin(), cells.end()), key, subKey, look);
+    }
     int RowCount() const;
     QStringList RowCells(int row) const;
     QString Cell(int row, int column) const;  ///< empty for a place that does not exist
@@ -150,7 +154,9 @@ class KestroList : public QTableView {
     void FitByUser(int viewColumn);
     void HeadingClicked(int viewColumn);
     int FixedWidth() const;
+    bool FrameMarked() const { return hasFocus() && CurrentRow() < 0; }
     void SetHoverRow(int row);
+    void UpdateAll();
     void ToggleCheck(int row);
     void KeepCurrent(const std::function<void()>& change);
     void PaintRows(QPainter& p, const QRect& dirty) const;
@@ -174,4 +180,16 @@ class KestroList : public QTableView {
     bool loading_ = false;
     bool painted_ = false;
     bool quiet_ = false;  ///< a change of ours moves the current row, nobody is told
+};
+
+/// Fills a list for as long as it lives, also when reading the rows fails half-way.
+class ListFill {
+ public:
+    explicit ListFill(KestroList& list) : list_(list) { list_.BeginFill(); }
+    ~ListFill() { list_.EndFill(); }
+    ListFill(const ListFill&) = delete;
+    ListFill& operator=(const ListFill&) = delete;
+
+ private:
+    KestroList& list_;
 };
