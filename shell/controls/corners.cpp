@@ -14,8 +14,12 @@ QColor LineColor(bool marked) {
 }
 }  // namespace
 
-void PaintFrame(QPainter& p, const QRect& frame, bool marked) {
+void PaintFrame(QPainter& p, const QRect& frame, bool marked, int headHeight) {
     Skin::Box(p, frame, kRadius, Skin::Color(Tok::surface), LineColor(marked));
+    if (headHeight == 0) return;
+    p.setClipRect(frame.left(), frame.top(), frame.width(), headHeight);
+    Skin::Box(p, frame, kRadius, Skin::Color(Tok::head), LineColor(marked));
+    p.setClipping(false);
 }
 
 void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of, bool marked) {

@@ -107,6 +107,8 @@ class KestroList : public QTableView {
     void ScrollToRow(int row);
     int RowsPerScreen() const;
     int FirstVisibleRow() const;
+    /// The focus is here and no current row shows it, so the frame does.
+    bool FrameMarked() const { return hasFocus() && CurrentRow() < 0; }
     int SortedColumn() const;  ///< -1 while rows stand as they were added
     void SortBy(int column, bool ascending);
     /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or EndFill come.
@@ -154,7 +156,6 @@ class KestroList : public QTableView {
     void FitByUser(int viewColumn);
     void HeadingClicked(int viewColumn);
     int FixedWidth() const;
-    bool FrameMarked() const { return hasFocus() && CurrentRow() < 0; }
     void SetHoverRow(int row);
     void UpdateAll();
     void ToggleCheck(int row);
