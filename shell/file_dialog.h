@@ -7,10 +7,11 @@
 
 struct FileRequest {
     QString title;
-    /// Lines such as "名字|*.ext", several patterns parted by ";"; "*.*" means all files, patterns ignore case.
+    /// Lines such as "名字|*.ext", several patterns parted by ";"; "*.*" means all files, patterns ignore
+    /// case.
     QString filter;
-    QString folder;       ///< where the dialog starts, empty for the home folder
-    QString name;         ///< a file name to begin with
+    QString folder;  ///< where the dialog starts, empty for the home folder
+    QString name;    ///< a file name to begin with
     bool wantsFolder = false;
 };
 

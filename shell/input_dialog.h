@@ -1,17 +1,20 @@
 #pragma once
 // frmInput: the one-line question, a password, or the form of a kind or an account.
 
-#include <QPoint>
-
 #include "shell/controls/kestro_dialog.h"
+#include "shell/menus.h"
 #include "store/dialogs.h"
 
-class KestroButton;
+#include <QPoint>
+
 class KestroCheck;
 class KestroEditBox;
 class KestroText;
 
 /// Reads and answers the fields of one record (InputDialog). Cancel and Escape leave all but `done` alone.
+/// With a mode of 1 or more it is the form of a kind: label2 is the caption of the amount and label3 the hint
+/// under it, 期初余额: and the advice on levels when they are empty; the check box is 隐藏 with its tip.
+/// An amount whose hundredths do not fit 32 bits is refused, and the dialog stays open.
 class frmInput : public KestroDialog {
  public:
     explicit frmInput(DialogRecord& record, QWidget* parent = nullptr);
@@ -22,10 +25,18 @@ class frmInput : public KestroDialog {
 
  private:
     void Build();
+    int BuildNote(int y);
+    int BuildMoney(int y);
+    int BuildMemo(int y);
+    int AddRow(int y, const QString& caption, QWidget* box, int height);
+    void BuildFooter();
+    void ServeTextMenu();
     void Accept();
 
     InputDialog record_;
+    bool hasMemo_;
     PopupScope popup_;
+    Menus::TextMenuToken textMenu_;
     KestroText* txtNote_ = nullptr;
     KestroText* txtMoney_ = nullptr;
     KestroEditBox* editNote_ = nullptr;
@@ -33,5 +44,6 @@ class frmInput : public KestroDialog {
     QWidget* menuOwner_ = nullptr;
 };
 
-/// Shows frmInput over record 7, or the record that gPage names. For RegisterDialog(kDlgInput, …).
+/// Shows frmInput over the record that gPage names; OpenModal(kDlgInput) makes that record 7.
+/// For RegisterDialog(kDlgInput, …).
 void OpenInputDialog(QPoint at);

@@ -1,3 +1,6 @@
+#include "shell/skin.h"
+#include "shell/skin_tree.h"
+
 #include <QFile>
 #include <QHash>
 #include <QPainter>
@@ -6,9 +9,6 @@
 
 #include <array>
 #include <cmath>
-
-#include "shell/skin.h"
-#include "shell/skin_tree.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +22,7 @@ QHash<QString, QPixmap>& Cache() {
 }
 
 bool KeepsColors(const QString& name) {
-    static const QSet<QString> kept{u"info"_s, u"faq"_s,  u"fail"_s,       u"success"_s,   u"warn"_s,
+    static const QSet<QString> kept{u"info"_s,   u"faq"_s,  u"fail"_s,       u"success"_s,   u"warn"_s,
                                     u"mayday"_s, u"logo"_s, u"logo-small"_s, u"logo-mono"_s, u"agent"_s};
     return kept.contains(name) || name.startsWith(u"head-"_s);
 }
@@ -36,12 +36,18 @@ std::array<QColor, 4> ColorsOn(Ground ground) {
         return std::array{color, color, color, color};
     };
     switch (ground) {
-        case Ground::header: return {Color(Tok::tabText), Color(Tok::inkAccent), red, green};
-        case Ground::headerChosen: return {Qt::white, Color(Tok::inkAccent), red, green};
-        case Ground::primary: return all(Tok::onAccent);
-        case Ground::selected: return all(Tok::accent);
-        case Ground::disabled: return all(Tok::dis);
-        case Ground::plain: break;
+        case Ground::header:
+            return {Color(Tok::tabText), Color(Tok::inkAccent), red, green};
+        case Ground::headerChosen:
+            return {Qt::white, Color(Tok::inkAccent), red, green};
+        case Ground::primary:
+            return all(Tok::onAccent);
+        case Ground::selected:
+            return all(Tok::accent);
+        case Ground::disabled:
+            return all(Tok::dis);
+        case Ground::plain:
+            break;
     }
     return {Color(Tok::icon), Color(Tok::iconDetail), red, green};
 }
@@ -89,8 +95,10 @@ QPixmap Icon(const QString& name, int size, double ratio, Ground ground) {
 
 QIcon WindowIcon() {
     QIcon icon;
-    for (const int size : {16, 24, 32}) icon.addPixmap(Icon(u"logo-small"_s, size, 1));
-    for (const int size : {48, 64, 128, 256}) icon.addPixmap(Icon(u"logo"_s, size, 1));
+    for (const int size : {16, 24, 32})
+        icon.addPixmap(Icon(u"logo-small"_s, size, 1));
+    for (const int size : {48, 64, 128, 256})
+        icon.addPixmap(Icon(u"logo"_s, size, 1));
     return icon;
 }
 }  // namespace Skin

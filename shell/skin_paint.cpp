@@ -1,16 +1,15 @@
+#include "shell/skin.h"
+
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
-
-#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <memory>
-
-#include "shell/skin.h"
+#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +23,8 @@ struct Ring {
     double alpha;
 };
 
-constexpr std::array kRings = std::to_array<Ring>(
-    {{9, 5, 0.02}, {7, 4, 0.035}, {5, 3, 0.05}, {3, 2, 0.07}, {2, 1, 0.085}});
+constexpr std::array kRings =
+    std::to_array<Ring>({{9, 5, 0.02}, {7, 4, 0.035}, {5, 3, 0.05}, {3, 2, 0.07}, {2, 1, 0.085}});
 constexpr size_t kPopupRings = 3;
 
 double Ratio(const QPainter& p) {
@@ -118,7 +117,8 @@ void Shadow(QPainter& p, const QRect& body, double radius, bool popup, double op
         fill.setAlphaF(static_cast<float>(ring.alpha * factor));
         p.setBrush(fill);
         const int s = ring.grow;
-        p.drawRoundedRect(QRectF(body).adjusted(-s, -s + ring.down, s, s + ring.down), radius + s, radius + s);
+        p.drawRoundedRect(QRectF(body).adjusted(-s, -s + ring.down, s, s + ring.down), radius + s,
+                          radius + s);
     }
     p.restore();
 }

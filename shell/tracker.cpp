@@ -1,5 +1,7 @@
 #include "shell/tracker.h"
 
+#include "store/errors.h"
+
 #include <QDropEvent>
 #include <QEvent>
 #include <QHash>
@@ -8,8 +10,6 @@
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWidget>
-
-#include "store/errors.h"
 
 namespace {
 

@@ -12,13 +12,15 @@ constexpr int kDigits = 15;
 
 Wide Power(int n) {
     Wide result = 1;
-    for (int i = 0; i < n; ++i) result *= 10;
+    for (int i = 0; i < n; ++i)
+        result *= 10;
     return result;
 }
 
 int DigitsOf(Wide m) {
     int digits = 0;
-    for (; m != 0; m /= 10) ++digits;
+    for (; m != 0; m /= 10)
+        ++digits;
     return digits;
 }
 
@@ -31,7 +33,8 @@ std::optional<Decimal> Normal(Wide m, int e) {
         e += drop;
     }
     if (m == 0) return Decimal{};
-    for (; m % 10 == 0; m /= 10) ++e;
+    for (; m % 10 == 0; m /= 10)
+        ++e;
     if (DigitsOf(m) + e > kDigits) return std::nullopt;
     return Decimal{static_cast<qint64>(m), e};
 }
@@ -108,9 +111,13 @@ void Calculation::Press(QChar key) {
             if (entry_ != u"0"_s) entry_ = entry_.startsWith(u'-') ? entry_.mid(1) : u"-"_s + entry_;
             fresh_ = fresh_ && pending_.isNull();
             return;
-        case u'%': return Percent();
-        case u'=': Equals(); return;
-        default: Operator(key);
+        case u'%':
+            return Percent();
+        case u'=':
+            Equals();
+            return;
+        default:
+            Operator(key);
     }
 }
 

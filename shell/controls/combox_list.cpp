@@ -1,5 +1,10 @@
 #include "shell/controls/combox_list.h"
 
+#include "shell/controls/control_support.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -7,11 +12,6 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-
-#include "shell/controls/control_support.h"
-#include "shell/controls/kestro_combox.h"
-#include "shell/skin.h"
-#include "store/errors.h"
 
 namespace {
 constexpr int kMostRows = 10;
@@ -81,16 +81,24 @@ void ComboxList::Mark(int row) {
 
 bool ComboxList::HandleKey(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Down: Mark(marked_ + 1); return true;
+        case Qt::Key_Down:
+            Mark(marked_ + 1);
+            return true;
         case Qt::Key_Up:
             if (event->modifiers() & Qt::AltModifier)
                 hide();
             else
                 Mark(marked_ < 0 ? Count() - 1 : marked_ - 1);
             return true;
-        case Qt::Key_PageDown: Mark(marked_ + RowsShown()); return true;
-        case Qt::Key_PageUp: Mark(marked_ - RowsShown()); return true;
-        case Qt::Key_F4: hide(); return true;
+        case Qt::Key_PageDown:
+            Mark(marked_ + RowsShown());
+            return true;
+        case Qt::Key_PageUp:
+            Mark(marked_ - RowsShown());
+            return true;
+        case Qt::Key_F4:
+            hide();
+            return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (marked_ < 0 && Count() == 1) marked_ = 0;
@@ -98,7 +106,8 @@ bool ComboxList::HandleKey(QKeyEvent* event) {
         case Qt::Key_Tab:
             if (markedByKey_) PickMarked();
             return false;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -153,7 +162,8 @@ void ComboxList::PaintRow(QPainter& p, int row, const QRect& r) const {
         ink = Tok::accent;
     }
     // The bar over the chosen item still has to be seen.
-    if (row == marked_ && index == chosen_) p.fillRect(r.left(), r.top(), 3, r.height(), Skin::Color(Tok::selBar));
+    if (row == marked_ && index == chosen_)
+        p.fillRect(r.left(), r.top(), 3, r.height(), Skin::Color(Tok::selBar));
     if (!item.icon.isEmpty())
         Controls::PaintIcon(p, *this, {r.left() + kLeft, r.top(), kIcon, r.height()}, item.icon, kIcon);
     const int left = item.icon.isEmpty() ? kLeft : kTextLeft;

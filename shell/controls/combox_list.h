@@ -1,10 +1,10 @@
 #pragma once
 // The list that drops from a KestroCombox.
 
+#include "shell/controls/kestro_popup.h"
+
 #include <functional>
 #include <vector>
-
-#include "shell/controls/kestro_popup.h"
 
 struct ComboxItem;
 

@@ -1,9 +1,9 @@
 #include "shell/controls/control_support.h"
 
+#include "shell/skin.h"
+
 #include <QPainter>
 #include <QWidget>
-
-#include "shell/skin.h"
 
 namespace Controls {
 void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size) {

@@ -1,10 +1,10 @@
 #include "shell/controls/form_header.h"
 
+#include "shell/skin.h"
+
 #include <QPainter>
 
 #include <iterator>
-
-#include "shell/skin.h"
 
 using namespace Qt::StringLiterals;
 
@@ -56,11 +56,13 @@ HeaderTab* KestroHeader::AddTab(const QString& caption) {
 }
 
 void KestroHeader::SelectTab(int index) {
-    for (size_t i = 0; i < tabs.size(); ++i) tabs[i]->SetChosen(static_cast<int>(i) == index);
+    for (size_t i = 0; i < tabs.size(); ++i)
+        tabs[i]->SetChosen(static_cast<int>(i) == index);
 }
 
 void KestroHeader::SetMode(int mode) {
-    for (size_t i = 0; i < modes.size(); ++i) modes[i]->SetChosen(static_cast<int>(i) == mode);
+    for (size_t i = 0; i < modes.size(); ++i)
+        modes[i]->SetChosen(static_cast<int>(i) == mode);
 }
 
 void KestroHeader::SetBookLabel(const QString& text) {

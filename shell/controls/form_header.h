@@ -1,12 +1,12 @@
 #pragma once
 // The ink band of the main window: logo, name, tabs, book label, display modes, small buttons.
 
+#include "shell/controls/form_parts.h"
+
 #include <QWidget>
 
 #include <array>
 #include <vector>
-
-#include "shell/controls/form_parts.h"
 
 class KestroHeader : public QWidget {
  public:

@@ -1,12 +1,12 @@
 #include "shell/controls/form_parts.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPainter>
-
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -53,7 +53,8 @@ void HeaderPart::mousePressEvent(QMouseEvent* event) {
 
 void HeaderPart::mouseMoveEvent(QMouseEvent* event) {
     const bool away = (event->position().toPoint() - pressedAt_).manhattanLength() >= kDragWay;
-    if (!onDrag || !(event->buttons() & Qt::LeftButton) || !away) return QAbstractButton::mouseMoveEvent(event);
+    if (!onDrag || !(event->buttons() & Qt::LeftButton) || !away)
+        return QAbstractButton::mouseMoveEvent(event);
     setDown(false);
     RunEvent(onDrag);
 }
@@ -61,10 +62,17 @@ void HeaderPart::mouseMoveEvent(QMouseEvent* event) {
 void HeaderPart::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
-        case Qt::Key_Enter: click(); break;
-        case Qt::Key_Left: focusNextPrevChild(false); break;
-        case Qt::Key_Right: focusNextPrevChild(true); break;
-        default: QAbstractButton::keyPressEvent(event);
+        case Qt::Key_Enter:
+            click();
+            break;
+        case Qt::Key_Left:
+            focusNextPrevChild(false);
+            break;
+        case Qt::Key_Right:
+            focusNextPrevChild(true);
+            break;
+        default:
+            QAbstractButton::keyPressEvent(event);
     }
 }
 
@@ -78,13 +86,15 @@ void HeaderTab::paintEvent(QPaintEvent*) {
     const QRect tall = rect().adjusted(0, 0, 0, 10);
     if (IsChosen())
         Skin::Box(p, tall, 8, Skin::Color(Tok::page), {});
-    else if (underMouse())
+    else if (underMouse() && isEnabled())
         Skin::Box(p, tall, 8, HoverFill(), {});
     p.setFont(Skin::Font(IsChosen() ? Type::title : Type::titleRegular));
     p.setPen(Skin::Color(IsChosen() ? Tok::text : Tok::tabText));
+    if (!isEnabled()) p.setOpacity(0.45);
     p.drawText(rect(), Qt::AlignCenter, text());
     if (IsChosen()) p.fillRect((width() - 26) / 2, height() - 6, 26, 2, Skin::Color(Tok::accent));
-    if (ShowsFocus()) Skin::FocusRing(p, rect(), 8, true, Skin::Color(IsChosen() ? Tok::accent : Tok::inkAccent));
+    if (ShowsFocus())
+        Skin::FocusRing(p, rect(), 8, true, Skin::Color(IsChosen() ? Tok::accent : Tok::inkAccent));
 }
 
 HeaderIcon::HeaderIcon(QWidget* parent, const QString& icon, const QString& tip)

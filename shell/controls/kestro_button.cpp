@@ -1,12 +1,12 @@
 #include "shell/controls/kestro_button.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPainter>
-
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -109,7 +109,7 @@ void KestroButton::keyPressEvent(QKeyEvent* event) {
     const bool drop = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
     if (drop && (onArrow || look_ == ButtonLook::date))
         RunEvent(onArrow ? onArrow : onClick);
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    else if (byKey_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
         click();
     else
         QAbstractButton::keyPressEvent(event);
@@ -137,9 +137,14 @@ KestroButton::Colors KestroButton::StateColors() const {
             return {Color(fill), Color(fill), Qt::white};
         }
         case ButtonLook::toolbar:
-            return {isDown() ? Color(Tok::line2) : hovered ? Color(Tok::soft) : QColor(), {}, Color(Tok::text)};
+            return {isDown()  ? Color(Tok::line2)
+                    : hovered ? Color(Tok::soft)
+                              : QColor(),
+                    {},
+                    Color(Tok::text)};
         case ButtonLook::plain:
-        case ButtonLook::date: break;
+        case ButtonLook::date:
+            break;
     }
     const Tok rest = look_ == ButtonLook::date ? Tok::box : Tok::btnLine;
     if (isDown()) return {Color(Tok::soft), Color(Tok::accent), Color(Tok::text)};
@@ -153,7 +158,8 @@ void KestroButton::paintEvent(QPaintEvent*) {
     const bool inside = InToolbar() || look_ == ButtonLook::date;
     const Colors colors = StateColors();
     // The ring takes its room from inside the button, so that neighbours and edges never cut it.
-    const QRectF body = ring && !inside ? QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing) : QRectF(rect());
+    const QRectF body =
+        ring && !inside ? QRectF(rect()).adjusted(kRing, kRing, -kRing, -kRing) : QRectF(rect());
     Skin::Box(p, body, kRadius, colors.fill, colors.line);
     if (ring) {
         const Tok accent = look_ == ButtonLook::danger ? Tok::danger : Tok::accent;

@@ -1,14 +1,14 @@
 #pragma once
 // KestroButton: push buttons, tool buttons and date buttons.
 
+#include "shell/skin.h"
+
 #include <QAbstractButton>
 #include <QColor>
 #include <QDate>
 #include <QFont>
 
 #include <functional>
-
-#include "shell/skin.h"
 
 enum class ButtonLook {
     primary,
@@ -18,7 +18,8 @@ enum class ButtonLook {
     date      ///< shows its caption until a date is set, then year over month and day
 };
 
-/// Keyboard: blank presses, Enter presses the focused button, Alt+Down opens the arrow's menu.
+/// Keyboard: blank presses, Enter presses the focused button when the focus came by key
+/// (otherwise it is the window's), Alt+Down opens the arrow's menu.
 class KestroButton : public QAbstractButton {
  public:
     KestroButton(ButtonLook look, const QString& caption, const QString& icon = {},

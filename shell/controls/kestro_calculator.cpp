@@ -1,14 +1,14 @@
 #include "shell/controls/kestro_calculator.h"
 
+#include "shell/skin.h"
+#include "store/errors.h"
+#include "store/money.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <array>
-
-#include "shell/skin.h"
-#include "store/errors.h"
-#include "store/money.h"
 
 using namespace Qt::StringLiterals;
 
@@ -140,7 +140,8 @@ void KestroCalculator::paintEvent(QPaintEvent* event) {
     QPainter p(this);
     Skin::Box(p, Inner().adjusted(1, 1, -1, -1), 5, Skin::Color(Tok::page), {});
     PaintDisplay(p);
-    for (int i = 0; i < static_cast<int>(kKeys.size()); ++i) PaintKey(p, i);
+    for (int i = 0; i < static_cast<int>(kKeys.size()); ++i)
+        PaintKey(p, i);
 }
 
 void KestroCalculator::PaintDisplay(QPainter& p) const {

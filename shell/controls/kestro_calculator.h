@@ -1,17 +1,18 @@
 #pragma once
 // KestroCalculator: the pop-up calculator. Takes no focus.
 
-#include <functional>
-
 #include "shell/controls/calculation.h"
 #include "shell/controls/kestro_popup.h"
+
+#include <functional>
 
 class KestroCalculator : public KestroPopup {
  public:
     explicit KestroCalculator(QWidget* owner);
 
     /// Shows it at anchor with a start value (empty is 0) and digits per group. With ownKeys the digits typed
-    /// are the calculator's (opened by key, or at a button); otherwise typing goes on in the box and closes it.
+    /// are the calculator's (opened by key, or at a button); otherwise typing goes on in the box and closes
+    /// it.
     void PopUp(QWidget* anchor, const QString& start, int group, bool ownKeys);
 
     /// The value as plain number text, by =, or Enter. Not called after an error.

@@ -1,15 +1,15 @@
 #include "shell/controls/kestro_calendar.h"
 
+#include "shell/skin.h"
+#include "store/errors.h"
+#include "store/outside.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
-
-#include "shell/skin.h"
-#include "store/errors.h"
-#include "store/outside.h"
 
 using namespace Qt::StringLiterals;
 
@@ -43,8 +43,8 @@ KestroCalendar::KestroCalendar(QWidget* owner) : KestroPopup(owner) {
 void KestroCalendar::PopUp(QWidget* anchor, QDate chosen, int firstYear, int lastYear) {
     QDate start = chosen.isValid() ? chosen : Today();
     if (!chosen.isValid() && firstYear > 0 && lastYear >= firstYear)
-        start = QDate(std::clamp(start.year(), firstYear, lastYear), start.month(), 1)
-                    .addDays(start.day() - 1);
+        start =
+            QDate(std::clamp(start.year(), firstYear, lastYear), start.month(), 1).addDays(start.day() - 1);
     choosing_ = Choosing::days;
     pointer_ = {-1, -1};
     MoveTo(start);
@@ -74,15 +74,30 @@ void KestroCalendar::Turn(int steps) {
 bool KestroCalendar::HandleKey(QKeyEvent* event) {
     const int by = event->modifiers() & Qt::ControlModifier ? 12 : 1;
     switch (event->key()) {
-        case Qt::Key_Left: MoveTo(chosen_.addDays(-1)); return true;
-        case Qt::Key_Right: MoveTo(chosen_.addDays(1)); return true;
-        case Qt::Key_Up: MoveTo(chosen_.addDays(-7)); return true;
-        case Qt::Key_Down: MoveTo(chosen_.addDays(7)); return true;
-        case Qt::Key_PageUp: MoveTo(chosen_.addMonths(-by)); return true;
-        case Qt::Key_PageDown: MoveTo(chosen_.addMonths(by)); return true;
+        case Qt::Key_Left:
+            MoveTo(chosen_.addDays(-1));
+            return true;
+        case Qt::Key_Right:
+            MoveTo(chosen_.addDays(1));
+            return true;
+        case Qt::Key_Up:
+            MoveTo(chosen_.addDays(-7));
+            return true;
+        case Qt::Key_Down:
+            MoveTo(chosen_.addDays(7));
+            return true;
+        case Qt::Key_PageUp:
+            MoveTo(chosen_.addMonths(-by));
+            return true;
+        case Qt::Key_PageDown:
+            MoveTo(chosen_.addMonths(by));
+            return true;
         case Qt::Key_Return:
-        case Qt::Key_Enter: Pick(chosen_); return true;
-        default: break;
+        case Qt::Key_Enter:
+            Pick(chosen_);
+            return true;
+        default:
+            break;
     }
     const bool modifier = event->text().isEmpty() && event->key() != Qt::Key_Tab;
     if (!modifier) hide();
@@ -210,7 +225,8 @@ void KestroCalendar::PaintDays(QPainter& p) const {
     p.setPen(Skin::Color(Tok::text2));
     for (int i = 0; i < 7; ++i)
         p.drawText(DayRect(i).translated(0, -kDayHeight + 2), Qt::AlignCenter, names.mid(i, 1));
-    for (int cell = 0; cell < kDayCells; ++cell) PaintDay(p, DayRect(cell), FirstCell().addDays(cell));
+    for (int cell = 0; cell < kDayCells; ++cell)
+        PaintDay(p, DayRect(cell), FirstCell().addDays(cell));
 }
 
 void KestroCalendar::PaintDay(QPainter& p, const QRect& r, QDate day) const {
@@ -252,5 +268,6 @@ void KestroCalendar::PaintToday(QPainter& p) const {
     font.setUnderline(TodayRect().contains(pointer_));
     p.setFont(font);
     p.setPen(Skin::Color(Tok::accent));
-    p.drawText(TodayRect().adjusted(kEdge, 0, 0, 0), Qt::AlignVCenter, u"今天 "_s + Today().toString(u"yyyy-MM-dd"_s));
+    p.drawText(TodayRect().adjusted(kEdge, 0, 0, 0), Qt::AlignVCenter,
+               u"今天 "_s + Today().toString(u"yyyy-MM-dd"_s));
 }

@@ -1,11 +1,11 @@
 #pragma once
 // KestroCalendar: a month to pick a date from. Takes no focus: typing goes on in the box and closes it.
 
+#include "shell/controls/kestro_popup.h"
+
 #include <QDate>
 
 #include <functional>
-
-#include "shell/controls/kestro_popup.h"
 
 class KestroCalendar : public KestroPopup {
  public:

@@ -1,14 +1,14 @@
 #include "shell/controls/kestro_combox.h"
 
+#include "shell/controls/combox_list.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <numeric>
-
-#include "shell/controls/combox_list.h"
-#include "shell/skin.h"
-#include "store/errors.h"
 
 namespace {
 constexpr int kZone = 24;
@@ -127,7 +127,8 @@ void KestroCombox::Settle() {
 }
 
 void KestroCombox::focusOutEvent(QFocusEvent* event) {
-    const bool stays = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    const bool stays =
+        event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     if (!stays) {
         CloseList();
         RunEvent([this] { Settle(); });

@@ -1,10 +1,10 @@
 #pragma once
 // KestroCombox: a box with a drop-down list that typing filters.
 
+#include "shell/controls/kestro_text.h"
+
 #include <memory>
 #include <vector>
-
-#include "shell/controls/kestro_text.h"
 
 class ComboxList;
 

@@ -1,14 +1,14 @@
 #include "shell/controls/kestro_dialog.h"
 
+#include "shell/controls/png_button.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
-
-#include "shell/controls/png_button.h"
-#include "shell/skin.h"
-#include "store/errors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -81,8 +81,7 @@ void KestroDialog::paintEvent(QPaintEvent*) {
     p.drawText(title, Qt::AlignVCenter | Qt::AlignLeft,
                p.fontMetrics().elidedText(windowTitle(), Qt::ElideRight, title.width()));
     const QColor line = Skin::Color(Tok::line);
-    if (titleLine_)
-        Skin::HLine(p, named.left() + 1, named.right(), named.top() + TitleHeight(), line);
+    if (titleLine_) Skin::HLine(p, named.left() + 1, named.right(), named.top() + TitleHeight(), line);
     if (footer_) Skin::HLine(p, named.left() + 1, named.right(), footer_->y() - 1, line);
 }
 

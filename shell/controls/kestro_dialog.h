@@ -1,12 +1,12 @@
 #pragma once
 // KestroDialog: the frame of every modal window.
 
+#include "shell/controls/window_frame.h"
+
 #include <QDialog>
 
 #include <functional>
 #include <memory>
-
-#include "shell/controls/window_frame.h"
 
 class PngButton;
 class QAbstractButton;

@@ -1,11 +1,11 @@
 #include "shell/controls/kestro_edit_box.h"
 
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
-
-#include "shell/skin.h"
-#include "store/errors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,7 +55,8 @@ void KestroEditBox::focusInEvent(QFocusEvent* event) {
 void KestroEditBox::focusOutEvent(QFocusEvent* event) {
     QPlainTextEdit::focusOutEvent(event);
     update();
-    const bool stays = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    const bool stays =
+        event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     if (!stays) RunEvent(onLeave);
 }
 

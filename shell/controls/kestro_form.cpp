@@ -1,11 +1,11 @@
 #include "shell/controls/kestro_form.h"
 
-#include <QCloseEvent>
-#include <QPainter>
-
 #include "shell/controls/form_header.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+
+#include <QCloseEvent>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -57,6 +57,10 @@ void KestroForm::AddTab(const QString& caption) {
 
 void KestroForm::SelectTab(int index) {
     header_->SelectTab(index);
+}
+
+void KestroForm::SetTabEnabled(int index, bool enabled) {
+    header_->tabs.at(static_cast<size_t>(index))->setEnabled(enabled);
 }
 
 int KestroForm::SelectedTab() const {

@@ -1,12 +1,12 @@
 #pragma once
 // KestroForm: the main window's frame, with the ink band that carries logo, tabs and small buttons.
 
+#include "shell/controls/window_frame.h"
+
 #include <QWidget>
 
 #include <functional>
 #include <memory>
-
-#include "shell/controls/window_frame.h"
 
 class KestroHeader;
 
@@ -21,6 +21,8 @@ class KestroForm : public QWidget {
     void AddTab(const QString& caption);
     /// Marks a tab. Does not call onTab.
     void SelectTab(int index);
+    /// A disabled tab stands in its place and takes neither click nor focus.
+    void SetTabEnabled(int index, bool enabled);
     int SelectedTab() const;
     int TabCount() const;
     /// Height of the band in pixels.
@@ -48,7 +50,7 @@ class KestroForm : public QWidget {
     std::function<void()> onBookLabel;
     std::function<void()> onLogo;
     std::function<void()> onClose;  ///< the window stays open; its owner decides and
-                                     ///< ends the program by QCoreApplication::exit
+                                    ///< ends the program by QCoreApplication::exit
 
  protected:
     void paintEvent(QPaintEvent* event) override;

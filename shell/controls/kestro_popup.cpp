@@ -1,13 +1,13 @@
 #include "shell/controls/kestro_popup.h"
 
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-
-#include "shell/skin.h"
-#include "store/errors.h"
 
 namespace {
 constexpr double kRadius = 6;
@@ -36,7 +36,8 @@ void KestroPopup::Place(QSize namedSize) {
     const QRect area = anchor_->screen()->availableGeometry();
     const QPoint top = anchor_->mapToGlobal(QPoint(0, 0));
     const int below = top.y() + anchor_->height() + kGap;
-    const bool fits = below + namedSize.height() <= area.bottom() || top.y() - area.top() < namedSize.height();
+    const bool fits =
+        below + namedSize.height() <= area.bottom() || top.y() - area.top() < namedSize.height();
     const int y = fits ? below : top.y() - kGap - namedSize.height();
     const int x = qMax(area.left(), qMin(top.x(), area.right() + 1 - namedSize.width()));
     setGeometry(QRect(QPoint(x, y), namedSize).adjusted(-margin, -margin, margin, margin));
@@ -72,13 +73,18 @@ bool KestroPopup::ClosesOn(const QObject* watched, QEvent* event) const {
     const auto* widget = static_cast<const QWidget*>(watched);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
-        case QEvent::Wheel: return widget->window() != this && !(anchor_ && anchor_ == widget);
-        case QEvent::FocusOut: return widget == anchor_;
-        case QEvent::Hide: return anchor_ && (widget == anchor_ || widget == anchor_->window());
+        case QEvent::Wheel:
+            return widget->window() != this && !(anchor_ && anchor_ == widget);
+        case QEvent::FocusOut:
+            return widget == anchor_;
+        case QEvent::Hide:
+            return anchor_ && (widget == anchor_ || widget == anchor_->window());
         case QEvent::Move:
         case QEvent::Resize:
-        case QEvent::WindowDeactivate: return anchor_ && widget == anchor_->window();
-        default: return false;
+        case QEvent::WindowDeactivate:
+            return anchor_ && widget == anchor_->window();
+        default:
+            return false;
     }
 }
 

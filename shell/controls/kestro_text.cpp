@@ -1,13 +1,13 @@
 #include "shell/controls/kestro_text.h"
 
+#include "shell/controls/control_support.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-
-#include "shell/controls/control_support.h"
-#include "shell/skin.h"
-#include "store/errors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +26,8 @@ constexpr char16_t kFullNine = u'９';
 
 QString WithoutLineBreaks(QString text) {
     text.replace(u"\r\n"_s, u" "_s);
-    for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'}) text.replace(QChar(c), u' ');
+    for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'})
+        text.replace(QChar(c), u' ');
     return text;
 }
 
@@ -268,7 +269,8 @@ void KestroText::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     preedit_.clear();
     update();
-    const bool stays = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    const bool stays =
+        event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     if (!stays) RunEvent(onLeave);
 }
 

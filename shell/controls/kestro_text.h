@@ -40,9 +40,9 @@ class KestroText : public QLineEdit {
     std::function<void()> onEnter;                 ///< without it, Enter goes on to the window
     std::function<void()> onEndButton;             ///< the button, or Alt+Down
     std::function<void()> onClick;
-    std::function<void()> onLeave;                 ///< the focus went to another control
-    std::function<void(QPoint)> onContextMenu;     ///< at a point of the screen
-    std::function<bool(QKeyEvent*)> onKey;         ///< before the box; true when the key is used up
+    std::function<void()> onLeave;              ///< the focus went to another control
+    std::function<void(QPoint)> onContextMenu;  ///< at a point of the screen
+    std::function<bool(QKeyEvent*)> onKey;      ///< before the box; true when the key is used up
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

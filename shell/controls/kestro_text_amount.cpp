@@ -1,11 +1,11 @@
+#include "shell/controls/kestro_text.h"
+#include "shell/skin.h"
+#include "store/money.h"
+
 #include <QInputMethodEvent>
 #include <QPainter>
 
 #include <limits>
-
-#include "shell/controls/kestro_text.h"
-#include "shell/skin.h"
-#include "store/money.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +18,8 @@ constexpr int kUnitGap = 6;
 qsizetype ShownPosition(const QString& plain, const QString& shown, qsizetype position) {
     qsizetype at = 0;
     for (qsizetype i = 0; i < position && at < shown.size(); ++i, ++at)
-        while (at < shown.size() && shown[at] != plain[i]) ++at;
+        while (at < shown.size() && shown[at] != plain[i])
+            ++at;
     return at;
 }
 
@@ -32,7 +33,8 @@ int KestroText::UnitWidth() const {
     return QFontMetrics(Skin::Font(Type::body)).horizontalAdvance(unit_) + kUnitGap;
 }
 
-// Only a text that is a number is grouped: anything else is shown as typed, for the user to see what is wrong.
+// Only a text that is a number is grouped: anything else is shown as typed, for the user to see what is
+// wrong.
 QString KestroText::Grouped() const {
     const QString plain = text();
     const auto point = plain.indexOf(u'.');
@@ -97,7 +99,8 @@ void KestroText::PaintAmount(QPainter& p) const {
     const int composed = draw(cursorX, preedit_);
     draw(cursorX + composed, shown.mid(split));
     if (composed > 0) Skin::HLine(p, cursorX, cursorX + composed, height() - 7, TextColor());
-    if (hasFocus() && !isReadOnly()) Skin::VLine(p, cursorX + composed, 7, height() - 7, Skin::Color(Tok::text));
+    if (hasFocus() && !isReadOnly())
+        Skin::VLine(p, cursorX + composed, 7, height() - 7, Skin::Color(Tok::text));
     p.restore();
     if (unit_.isEmpty()) return;
     p.setFont(Skin::Font(Type::body));

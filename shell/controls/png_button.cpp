@@ -1,11 +1,11 @@
 #include "shell/controls/png_button.h"
 
-#include <QKeyEvent>
-#include <QPainter>
-
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+
+#include <QKeyEvent>
+#include <QPainter>
 
 namespace {
 constexpr int kIcon = 16;

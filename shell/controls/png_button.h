@@ -7,7 +7,8 @@
 
 class PngButton : public QAbstractButton {
  public:
-    /// A picture alone needs words: tip is shown on hover and is the accessible name. side is 28, or 24 in rows.
+    /// A picture alone needs words: tip is shown on hover and is the accessible name. side is 28, or 24 in
+    /// rows.
     PngButton(const QString& icon, const QString& tip, QWidget* parent = nullptr, int side = 28);
 
     void SetIcon(const QString& icon);

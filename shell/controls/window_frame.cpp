@@ -1,13 +1,13 @@
 #include "shell/controls/window_frame.h"
 
+#include "shell/skin.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleHints>
 #include <QWidget>
 #include <QWindow>
-
-#include "shell/skin.h"
 
 namespace {
 constexpr int kEdge = 6;
@@ -161,14 +161,19 @@ bool WindowFrame::OnWindow(QEvent* event) {
             if (!smallest_.isEmpty()) SetSmallest(smallest_);
             if (onMargin) onMargin();
             return false;
-        case QEvent::MouseButtonPress: return Press(*static_cast<QMouseEvent*>(event));
-        case QEvent::MouseMove: return Move(*static_cast<QMouseEvent*>(event));
-        case QEvent::MouseButtonRelease: pressed_ = byHand_ = false; return false;
+        case QEvent::MouseButtonPress:
+            return Press(*static_cast<QMouseEvent*>(event));
+        case QEvent::MouseMove:
+            return Move(*static_cast<QMouseEvent*>(event));
+        case QEvent::MouseButtonRelease:
+            pressed_ = byHand_ = false;
+            return false;
         case QEvent::MouseButtonDblClick:
             if (!InTitle(static_cast<QMouseEvent*>(event)->position().toPoint())) return false;
             ToggleMaximised();
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -191,7 +196,8 @@ bool WindowFrame::Move(const QMouseEvent& event) {
         return true;
     }
     if (!pressed_) return false;
-    if ((global - pressedAt_).manhattanLength() < QApplication::styleHints()->startDragDistance()) return false;
+    if ((global - pressedAt_).manhattanLength() < QApplication::styleHints()->startDragDistance())
+        return false;
     Begin({}, global);
     return true;
 }

@@ -1,0 +1,191 @@
+#include "app/frm_login.h"
+
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QKeyEvent>
+
+#include "app/login_hero.h"
+#include "app/startup.h"
+#include "shell/book_switch.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_edit_box.h"
+#include "shell/controls/kestro_text.h"
+#include "shell/file_dialog.h"
+#include "store/book_box.h"
+#include "store/book_format.h"
+#include "store/dialogs.h"
+#include "store/errors.h"
+#include "store/messages.h"
+#include "store/paths.h"
+#include "store/session.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kFocusDelayMs = 50;
+}
+
+frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
+    setWindowTitle(u"墨鹊登录"_s);
+    Build();
+    BuildStrip();
+    Arrange();
+    onEscape = [this] { Leave(false); };
+    onClose = [this] { Leave(false); };
+    textMenu_ = Menus::RegisterTextMenu(0, [this](const QString& key) {
+        if (key == u"textcut") editNote->cut();
+        if (key == u"textcopy") editNote->copy();
+        if (key == u"textpaste") editNote->paste();
+        if (key == u"textselect") editNote->selectAll();
+    });
+    Timer1.setSingleShot(true);
+    Timer1.setInterval(kFocusDelayMs);
+    Timer1.callOnTimeout([this] { txtPass->setFocus(Qt::OtherFocusReason); });
+    LoadBooks();
+}
+
+frmLogin::~frmLogin() = default;
+
+void frmLogin::LoadBooks() {
+    FillBooks();
+    if (!CurrentBook().Name.isEmpty()) {
+        ShowBook(State().gCurBook);
+        RunEvent([this] { OpenChosen(); });
+    }
+    editNote->SetText(State().sDBPath);
+}
+
+void frmLogin::showEvent(QShowEvent* event) {
+    KestroDialog::showEvent(event);
+    if (!State().gBooks.front().Name.isEmpty()) {
+        Timer1.start();
+        return;
+    }
+    QTimer::singleShot(0, this, [] {
+        RunEvent([] { ShowMsg(u"您目前没有任何【账本】,请先点击账本右边的【新】按钮,新建账本!"_s); });
+    });
+}
+
+void frmLogin::FillBooks() {
+    comBook->Clear();
+    const auto& books = State().gBooks;
+    if (books.front().Name.isEmpty()) return;
+    for (size_t i = 0; i < books.size(); ++i)
+        if (!books[i].Name.isEmpty()) comBook->AddItem(books[i].Name, QString::number(i), u"book"_s);
+}
+
+void frmLogin::ShowBook(int index) {
+    if (!comBook->SetCurrentKey(QString::number(index)))
+        comBook->SetText(State().gBooks[static_cast<size_t>(index)].Name);
+}
+
+void frmLogin::OpenChosen() {
+    State().gDB.Close();
+    State().gDB.Open(CurrentBook().Path);
+}
+
+void frmLogin::ChooseBookItem(const QString& key) {
+    bool number = false;
+    const int index = key.toInt(&number);
+    if (!number) return;
+    State().gCurBook = index;
+    txtPass->setText({});
+    OpenChosen();
+}
+
+void frmLogin::OpenBookFile(QString path) {
+    path = path.toLower();
+    if (path.isEmpty())
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath).toLower();
+    if (path.isEmpty()) return;
+    if (!FileExists(path)) {
+        ShowMsg(u"文件【"_s + path + u"】不存在！"_s, u"确定"_s, kMsgFail);
+        return;
+    }
+    if (path.right(kBookExtension) != u".jotdb") {
+        ShowMsg(u"文件【"_s + path + u"】不是账本文件！"_s, u"确定"_s, kMsgFail);
+        return;
+    }
+    if (path == CurrentBook().Path) return;
+    if (!Succeeds([&] { cConnection().Open(path); })) {
+        ShowMsg(u"打开账本文件【"_s + path + u"】错误！"_s, u"确定"_s, kMsgFail);
+        return;
+    }
+    if (FindBook(path) >= 0) return;
+    const int index = AddOutsideBook(path);
+    comBook->AddItem(State().gBooks[static_cast<size_t>(index)].Name, QString::number(index), u"book"_s);
+    ShowBook(index);
+    ChooseBookItem(QString::number(index));
+}
+
+bool frmLogin::CheckPassword() {
+    const auto check = CheckPass(State().gDB, txtPass->text());
+    if (check == PassCheck::right) return true;
+    ShowMsg(check == PassCheck::missing ? u"口令检测错误!"_s : u"口令错误!"_s, u"确定"_s, kMsgFail);
+    return false;
+}
+
+void frmLogin::BtnEnterClicked() {
+    if (comBook->text().isEmpty()) return;
+    if (!CheckBookVersion(-1)) return;
+    if (!CheckPassword()) {
+        txtPass->setText({});
+        txtPass->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    SaveSetting(CurrentBook().Path, kSaveLastBook);
+    hide();
+    AddPopup(-1);
+    const auto entered = onEntered;
+    if (entered) entered();
+}
+
+void frmLogin::BtnCancelClicked() {
+    Leave(true);
+}
+
+void frmLogin::Leave(bool tellAgent) {
+    if (tellAgent) TellAgent(1);
+    CloseAll();
+    hide();
+    if (onLeft) onLeft();
+}
+
+void frmLogin::BtnPathClicked() {
+    const QString folder = ChooseFolder(u"选择目录"_s, State().sDBPath).toLower();
+    if (folder.isEmpty()) return;
+    if (IsForbiddenBox(folder, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) {
+        ShowMsg(u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"
+                u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
+                u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s,
+                u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
+        return;
+    }
+    MoveBookBox(folder);
+}
+
+void frmLogin::MoveBookBox(const QString& folder) {
+    auto& state = State();
+    editNote->SetText(folder);
+    state.gBooks.assign(1, {});
+    state.sDBPath = folder;
+    state.gCurBook = 0;
+    ScanFolder(folder);
+    ReadBookInfo();
+    FillBooks();
+    comBook->SetText({});
+    SaveSetting(CurrentBook().Path, kSaveBookBox);
+}
+
+void frmLogin::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        RunEvent([this] { BtnEnterClicked(); });
+        return;
+    }
+    KestroDialog::keyPressEvent(event);
+}
+
+void frmLogin::contextMenuEvent(QContextMenuEvent* event) {
+    Menus::Popup(u"About"_s, event->globalPos());
+}

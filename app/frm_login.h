@@ -1,0 +1,72 @@
+#pragma once
+// frmLogin: the first window. It opens a book when the password is right.
+
+#include <QTimer>
+
+#include <functional>
+
+#include "shell/controls/kestro_dialog.h"
+#include "shell/menus.h"
+#include "store/state.h"
+
+class KestroButton;
+class KestroCombox;
+class KestroEditBox;
+class KestroLabel;
+class KestroText;
+class LoginHero;
+class PngButton;
+
+class frmLogin : public KestroDialog {
+ public:
+    frmLogin();
+    ~frmLogin() override;
+
+    std::function<void()> onEntered;  ///< gDB is open on gCurBook; the window is on its way out
+    std::function<void()> onLeft;     ///< the program ends
+
+    // Public for the tour and for tests: what the buttons do.
+    void BtnEnterClicked();
+    void BtnCancelClicked();
+    /// Opens a book file as chosen in the file dialog (empty) or by path.
+    void OpenBookFile(QString path);
+    void BtnPathClicked();
+    void ToggleStrip();
+
+ protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+ private:
+    void Build();
+    void BuildStrip();
+    void Arrange();
+    void LoadBooks();
+    void FillBooks();
+    void ShowBook(int index);
+    void ChooseBookItem(const QString& key);
+    void OpenChosen();
+    bool CheckPassword();
+    void MoveBookBox(const QString& folder);
+    void Leave(bool tellAgent);
+
+    PopupScope popup_;
+    bool stripShown_ = false;
+    QTimer Timer1;
+    Menus::TextMenuToken textMenu_;
+    LoginHero* hero_;
+    KestroCombox* comBook;
+    KestroText* txtPass;
+    KestroButton* btnEnter;
+    KestroButton* btnCancel;
+    KestroButton* btnNew;
+    KestroButton* btnPath;
+    KestroEditBox* editNote;
+    PngButton* pngArrow;
+    KestroLabel* lblBookName;
+    KestroLabel* lblPass;
+    KestroLabel* lblAuto;
+    KestroLabel* lblLogDate;
+    KestroLabel* lblPath;
+};

@@ -1,0 +1,80 @@
+#include "app/single_instance.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalSocket>
+
+#include <unistd.h>
+
+#include "store/errors.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kConnectMs = 1000;
+constexpr int kSendMs = 2000;
+
+QString RunFolder() {
+    const QString set = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return !set.isEmpty() && QFileInfo(set).isWritable() ? set : QDir::tempPath();
+}
+
+QByteArray Packed(const ChannelMessage& m) {
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << m.handle << m.code << m.extra << m.token;
+    return bytes;
+}
+
+}  // namespace
+
+QString ChannelName(const QString& role) {
+    const auto settings = QFileInfo(SettingsPath()).canonicalFilePath();
+    const auto hash = QCryptographicHash::hash(settings.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
+    return RunFolder() + u"/kestrojot-"_s + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) + u'-' + role;
+}
+
+bool SendMessage(const QString& channel, const ChannelMessage& message) {
+    QLocalSocket socket;
+    socket.connectToServer(channel);
+    if (!socket.waitForConnected(kConnectMs)) return false;
+    socket.write(Packed(message));
+    socket.disconnectFromServer();
+    return socket.state() == QLocalSocket::UnconnectedState || socket.waitForDisconnected(kSendMs);
+}
+
+bool InstanceLock::Take() {
+    file_ = std::make_unique<QLockFile>(ChannelName(u"lock"_s));
+    file_->setStaleLockTime(0);
+    return file_->tryLock(0);
+}
+
+bool ChannelServer::Listen(const QString& channel) {
+    server_.setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { RunEvent([this] { TakeConnection(); }); });
+    // Whoever still answers is alive and keeps its name.
+    QLocalSocket probe;
+    probe.connectToServer(channel);
+    if (probe.waitForConnected(kConnectMs)) return false;
+    QLocalServer::removeServer(channel);
+    return server_.listen(channel);
+}
+
+void ChannelServer::TakeConnection() {
+    while (auto* socket = server_.nextPendingConnection()) {
+        const auto read = [this, socket] {
+            QDataStream in(socket);
+            ChannelMessage m;
+            in.startTransaction();
+            in >> m.handle >> m.code >> m.extra >> m.token;
+            if (in.commitTransaction() && onMessage) onMessage(m);
+        };
+        QObject::connect(socket, &QLocalSocket::readyRead, socket, [read] { RunEvent(read); });
+        QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        if (socket->bytesAvailable() > 0) RunEvent(read);
+    }
+}

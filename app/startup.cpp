@@ -1,0 +1,73 @@
+#include "app/startup.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <limits>
+
+#include "app/single_instance.h"
+#include "store/book_box.h"
+#include "store/errors.h"
+#include "store/outside.h"
+#include "store/paths.h"
+#include "store/session.h"
+#include "store/settings.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+InstanceLock& Lock() {
+    static InstanceLock lock;
+    return lock;
+}
+
+void HandOver(const QString& commandLine) {
+    if (commandLine.isEmpty() || !FileExists(commandLine)) return;
+    const qint32 handle = HandOverToRunning(commandLine);
+    SendMessage(ChannelName(u"main"_s),
+                {handle, kCodeOpenBook, 1, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")});
+}
+
+bool LoadStores() {
+    auto& state = State();
+    LoadSettings();
+    ScanBookBox(state.sDBPath + u'/');
+    ReadBookInfo();
+    ChooseBook();
+    return true;
+}
+
+}  // namespace
+
+StartResult StartUp(const QString& commandLine) {
+    State().gCommandLine = commandLine;
+    InitFolders();
+    if (!Lock().Take()) {
+        HandOver(commandLine);
+        return StartResult::handedOver;
+    }
+    State().gRunHandle = static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));
+    if (!CheckFiles()) {
+        CloseAll();
+        return StartResult::failed;
+    }
+    if (!RunEvent([] { LoadStores(); })) return StartResult::failed;
+    StartAgent();
+    TellAgent(2);
+    return StartResult::login;
+}
+
+void StartAgent() {
+    Outside().launch(BesideProgram(u"JotAgent"_s), {}, ProgramFolder());
+}
+
+void TellAgent(int code, int extra) {
+    SendMessage(ChannelName(u"agent"_s), {State().gRunHandle, code, extra, {}});
+}
+
+void CloseAll() {
+    ForgetSession();
+}

@@ -1,0 +1,10 @@
+#pragma once
+// The composition root: the only file that knows every window.
+
+/// Registers pages, dialogs, commands and the boxes behind the slots of the lower floors.
+void RegisterWindows();
+
+/// Shows the login window; from there the program goes on by itself.
+void ShowLogin();
+/// Closes whatever window stands; for the end of the process.
+void DropWindows();
