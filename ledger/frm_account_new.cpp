@@ -109,6 +109,8 @@ EntryValues frmAccountNew::Gather() const {
 }
 
 void frmAccountNew::EnterClicked() {
+    for (auto* box : combos_)
+        box->Settle();
     EntryValues entry = Gather();
     const auto outcome = SaveNewEntry(State().gDB, entry);
     txtMoney->setText(entry.money);
