@@ -184,7 +184,7 @@ void KestroList::resizeEvent(QResizeEvent* event) {
 bool KestroList::event(QEvent* event) {
     if (event->type() != QEvent::Paint || frameShape() == QFrame::NoFrame) return QTableView::event(event);
     QPainter p(this);
-    PaintFrame(p, rect(), FrameMarked(), header_->height());
+    PaintFrame(p, rect(), FrameMarked(), header_->height() + 1);
     return true;
 }
 
