@@ -46,6 +46,7 @@ class KestroText : public QLineEdit {
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  protected:
     /// Takes room at the right for a derived box, before the end button.
@@ -69,7 +70,6 @@ class KestroText : public QLineEdit {
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  private:
     void Fit();

@@ -117,6 +117,8 @@ void KestroText::PaintPrompt(QPainter& p, int right) const {
 }
 
 void KestroText::inputMethodEvent(QInputMethodEvent* event) {
+    // QLineEdit would take a commit even into a box that only shows a choice.
+    if (isReadOnly()) return event->ignore();
     preedit_ = event->preeditString();
     QLineEdit::inputMethodEvent(event);
     update();
