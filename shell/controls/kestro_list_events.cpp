@@ -9,7 +9,6 @@
 #include "store/errors.h"
 
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -17,6 +16,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
