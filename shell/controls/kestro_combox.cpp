@@ -98,7 +98,9 @@ bool KestroCombox::IsListOpen() const {
 void KestroCombox::Choose(int index) {
     SetCurrent(index);
     CloseList();
-    if (onChoose) onChoose(Item(index).text, Item(index).key);
+    // A copy, as the answer to a choice may be another set of items.
+    const ComboxItem item = Item(index);
+    if (onChoose) onChoose(item.text, item.key);
 }
 
 void KestroCombox::Edited() {

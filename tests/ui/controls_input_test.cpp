@@ -193,7 +193,7 @@ TEST(Combox, SettlesWhatWasTypedWhenTheUserLeaves) {
 }
 
 // A kind that is hidden by now still stands in the entry that was made with it.
-TEST(Combox, LetsATextStandThatThePogramPutThere) {
+TEST(Combox, LetsATextStandThatTheProgramPutThere) {
     ComboxStage stage(ComboxMode::pick);
     stage.box->SetText(u"0909已隐藏"_s);
     EXPECT_EQ(stage.box->Current(), -1);
@@ -235,6 +235,19 @@ TEST(Combox, ChooseOnlyTakesNoTextButLettersAndArrows) {
     QTest::keyClick(stage.box, Qt::Key_Down);
     Commit(*stage.box, u"农"_s);
     EXPECT_EQ(stage.box->text(), u"030201农行"_s);
+}
+
+TEST(Combox, BearsThatAChoiceBringsOtherItems) {
+    ComboxStage stage(ComboxMode::chooseOnly);
+    QString kept;
+    stage.box->onChoose = [&](const QString& text, const QString&) {
+        stage.box->Clear();
+        stage.box->AddItem(u"另一页"_s, u"1"_s);
+        kept = text;
+    };
+    QTest::keyClick(stage.box, Qt::Key_Down);
+    EXPECT_EQ(kept, u"0101产品收入"_s);
+    EXPECT_EQ(stage.box->Count(), 1);
 }
 
 TEST(Combox, EscapeClosesTheListAndLeavesTheDialogOpen) {
