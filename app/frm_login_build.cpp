@@ -59,6 +59,11 @@ void frmLogin::Build() {
     pngArrow->onClick = [this] { ToggleStrip(); };
     for (auto* button : {btnNew, btnEnter, btnCancel})
         button->SetHeight(kBox);
+    comBook->setObjectName(u"comBook"_s);
+    txtPass->setObjectName(u"txtPass"_s);
+    btnEnter->setObjectName(u"btnEnter"_s);
+    btnCancel->setObjectName(u"btnCancel"_s);
+    pngArrow->setObjectName(u"pngArrow"_s);
 }
 
 void frmLogin::BuildStrip() {
@@ -81,6 +86,7 @@ void frmLogin::Arrange() {
     SetNamedSize({kWidth, LoginHero::kHeight + (stripShown_ ? kStripHeight : 0)});
     const QPoint corner = Body()->pos() - QPoint(0, TitleHeight());
     hero_->setGeometry(QRect(corner, QSize(LoginHero::kWidth, LoginHero::kHeight)));
+    hero_->SetRadius(Skin::ShadowMargin() > 0 ? 8 : 0);
     hero_->SetStripShown(stripShown_);
     auto* title = findChild<KestroLabel*>(u"lblTitle"_s);
     title->setGeometry(corner.x() + kX, corner.y() + 10, 160, 20);

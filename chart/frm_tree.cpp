@@ -23,7 +23,7 @@ frmTree::frmTree(QWidget* parent) : KestroDialog(DialogKind::common, {}, parent)
     room->setContentsMargins(12, 4, 12, 12);
     room->addWidget(KestroTree1_);
 
-    btnExpand_ = new KestroButton(ButtonLook::plain, u"展开"_s, {}, Footer());
+    btnExpand_ = new KestroButton(ButtonLook::plain, u"展开"_s, u"tree"_s, Footer());
     btnCancel_ = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Footer());
     btnEnter_ = new KestroButton(ButtonLook::primary, u"确定"_s, {}, Footer());
     auto* row = new QHBoxLayout(Footer());
@@ -34,6 +34,9 @@ frmTree::frmTree(QWidget* parent) : KestroDialog(DialogKind::common, {}, parent)
     row->addWidget(btnCancel_);
     row->addWidget(btnEnter_);
 
+    KestroTree1_->setObjectName(u"KestroTree1"_s);
+    btnEnter_->setObjectName(u"btnEnter"_s);
+    btnExpand_->setObjectName(u"btnExpand"_s);
     btnEnter_->onClick = [this] { EnterClicked(); };
     btnCancel_->onClick = [this] { reject(); };
     btnExpand_->onClick = [this] { ExpandClicked(); };

@@ -103,13 +103,9 @@ void frmAccount::ShowSums() {
 }
 
 void frmAccount::ShowDetail() {
-    const int row = KestroList1->CurrentRow();
-    if (row < 0) {
-        FillDetail({}, {}, {});
-        return;
-    }
-    const auto detail = ReadDetail(State().gDB, KestroList1->CurrentKey().toLongLong());
-    FillDetail(u"列表NO【"_s + QString::number(CurrentNumber()) + u"】"_s, detail.title, detail.rows);
+    const bool chosen = KestroList1->CurrentRow() >= 0;
+    const auto detail = ReadDetail(State().gDB, chosen ? KestroList1->CurrentKey().toLongLong() : -1);
+    FillDetail(!chosen ? QString() : u"列表NO【"_s + QString::number(CurrentNumber()) + u"】"_s, detail.title, detail.rows);
 }
 
 void frmAccount::pTRANSACCOUNT() {

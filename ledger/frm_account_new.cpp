@@ -31,6 +31,7 @@ frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common,
     FillLists();
     SetDefaults();
     SetTabOrder();
+    NameControls();
     Arrange();
     textMenu_ = Menus::RegisterTextMenu(kDlgEntry, [this](const QString& key) { DoMenu(key); });
     onEscape = [this] { CancelClicked(); };
@@ -108,6 +109,8 @@ EntryValues frmAccountNew::Gather() const {
 }
 
 void frmAccountNew::EnterClicked() {
+    for (auto* box : combos_)
+        box->Settle();
     EntryValues entry = Gather();
     const auto outcome = SaveNewEntry(State().gDB, entry);
     txtMoney->setText(entry.money);

@@ -47,6 +47,7 @@ class frmAccountNew : public KestroDialog {
     void FillLists();
     void SetDefaults();
     void SetTabOrder();
+    void NameControls();  ///< object names, under which tests and assistive tools find them
 
     EntryValues Gather() const;
     void SetFocusTo(EntryField field);

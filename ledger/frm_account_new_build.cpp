@@ -42,6 +42,8 @@ constexpr int kAcc1Y = 14;
 constexpr int kAccLineY = 172;
 constexpr int kAcc2Y = 186;
 
+constexpr int kRing = 3;  // options and checks keep room for their focus ring
+
 QString SignCaption(size_t slot) {
     return slot < kAccount1 ? u"分类"_s + (slot == kKind1 ? u"一"_s : u"二"_s)
                             : u"账户"_s + (slot == kAccount1 ? u"一"_s : u"二"_s);
@@ -109,13 +111,13 @@ void frmAccountNew::BuildEntry() {
     label(u"分类一:"_s, kKindY);
     MakeCombox(kKind1)->setGeometry(kFieldX, kKindY, kFieldEnd - kFieldX, kRow);
     optionLabels_[kKind1]->setGeometry(kLabelX, kKindPairY, kLabelWidth, kPair);
-    options_[kKind1]->setGeometry(kFieldX, kKindPairY, kPairWidth, kPair);
+    options_[kKind1]->setGeometry(kFieldX - kRing, kKindPairY, kPairWidth, kPair);
     chkOther = new KestroCheck(u"同时记入第二个分类"_s, ground_);
-    chkOther->setGeometry(kFieldX, kOtherY, chkOther->sizeHint().width(), 24);
+    chkOther->setGeometry(kFieldX - kRing, kOtherY, chkOther->sizeHint().width(), 24);
     lblKind1 = label(u"分类二:"_s, kGroupY + 14);
     MakeCombox(kKind2)->setGeometry(kFieldX, kGroupY + 14, kFieldEnd - kFieldX, kRow);
     optionLabels_[kKind2]->setGeometry(kLabelX, kGroupY + 54, kLabelWidth, kPair);
-    options_[kKind2]->setGeometry(kFieldX, kGroupY + 54, kPairWidth, kPair);
+    options_[kKind2]->setGeometry(kFieldX - kRing, kGroupY + 54, kPairWidth, kPair);
 
     lblNote = label(u"备注:"_s, 0);
     editNote = new KestroEditBox(ground_);
@@ -135,7 +137,7 @@ void frmAccountNew::BuildAccounts() {
     lblAccount1 = new KestroLabel(u"账户一"_s, LabelKind::title, ground_);
     lblAccount1->setGeometry(kAccLabelX, kAcc1Y, 200, 24);
     chkOther1 = new KestroCheck(u"账户二"_s, ground_);
-    chkOther1->setGeometry(kAccLabelX, kAcc2Y, chkOther1->sizeHint().width(), 24);
+    chkOther1->setGeometry(kAccLabelX - kRing, kAcc2Y, chkOther1->sizeHint().width(), 24);
     for (size_t i = 0; i < 2; ++i) {
         const int top = (i == 0 ? kAcc1Y : kAcc2Y) + 32;
         accNameLabels_[i] = new KestroLabel(u"名称:"_s, LabelKind::caption, ground_);
@@ -151,7 +153,7 @@ void frmAccountNew::BuildAccounts() {
         clones_[i]->SetFramed(true);
         clones_[i]->setGeometry(kAccEnd - kRow, top + 40, kRow, kRow);
         optionLabels_[kAccount1 + i]->setGeometry(kAccLabelX, top + 80, 46, kPair);
-        options_[kAccount1 + i]->setGeometry(kAccFieldX, top + 80, kPairWidth, kPair);
+        options_[kAccount1 + i]->setGeometry(kAccFieldX - kRing, top + 80, kPairWidth, kPair);
     }
 }
 
@@ -165,7 +167,7 @@ void frmAccountNew::Arrange() {
     lblNote->setGeometry(kLabelX, noteY, kLabelWidth, kRow);
     editNote->setGeometry(kFieldX, noteY, kFieldEnd - kFieldX, kNoteHeight);
     const int footY = height - EntryGround::kFooter + 12;
-    chkMark->setGeometry(kLabelX, footY, chkMark->sizeHint().width(), kRow);
+    chkMark->setGeometry(kLabelX - kRing, footY, chkMark->sizeHint().width(), kRow);
     btnCamera->setGeometry(chkMark->geometry().right() + 12, footY, btnCamera->sizeHint().width(), kRow);
     btnEnter->setGeometry(kFieldEnd - 92, footY, 92, kRow);
     btnCancel->setGeometry(kFieldEnd - 92 - 8 - 80, footY, 80, kRow);
@@ -192,6 +194,21 @@ void frmAccountNew::ArrangeAccounts() {
               static_cast<QWidget*>(options_[kAccount1 + i])})
             control->setVisible(shown);
     }
+}
+
+void frmAccountNew::NameControls() {
+    const std::vector<std::pair<QWidget*, QString>> names{
+        {txtThing, u"txtThing"_s},       {txtMoney, u"txtMoney"_s},        {txtDate, u"txtDate"_s},
+        {txtHour, u"txtHour"_s},         {txtMinute, u"txtMinute"_s},      {pngPlus, u"pngPlus"_s},
+        {PngReduce, u"PngReduce"_s},     {combos_[0], u"comKind"_s},       {combos_[1], u"comKind1"_s},
+        {combos_[2], u"comAccName"_s},   {combos_[3], u"comAccName1"_s},   {options_[0], u"opt0"_s},
+        {options_[1], u"opt1"_s},        {options_[2], u"opt2"_s},         {options_[3], u"opt3"_s},
+        {accValues_[0], u"txtAccValue"_s}, {accValues_[1], u"txtAccValue1"_s}, {clones_[0], u"btnClone0"_s},
+        {clones_[1], u"btnClone1"_s},    {chkOther, u"chkOther"_s},        {chkOther1, u"chkOther1"_s},
+        {editNote, u"editNote"_s},       {chkMark, u"chkMark"_s},          {btnCamera, u"btnCamera"_s},
+        {btnEnter, u"btnEnter"_s},       {btnCancel, u"btnCancel"_s},      {pngArrow, u"pngArrow"_s}};
+    for (const auto& [control, name] : names)
+        control->setObjectName(name);
 }
 
 void frmAccountNew::SetTabOrder() {

@@ -52,6 +52,7 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     KestroPGress1->onClick = [] { Job::Stop(); };
     AllowDuringJob(KestroPGress1);
     KestroCalendar1 = new KestroCalendar(this);
+    NameControls();
     KestroCalendar1->onPick = [this](QDate date) { PickDate(date); };
     TimerLoadData.setSingleShot(true);
     TimerLoadData.setInterval(kLoadDelayMs);
@@ -59,6 +60,18 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
 }
 
 ListPage::~ListPage() = default;
+
+void ListPage::NameControls() {
+    const std::vector<std::pair<QWidget*, QString>> names{
+        {KestroScrollMenu1, u"KestroScrollMenu1"_s}, {btnNew, u"btnNew"_s},           {btnEdit, u"btnEdit"_s},
+        {btnDel, u"btnDel"_s},                       {btnPrint, u"btnPrint"_s},       {btnExport, u"btnExport"_s},
+        {txtSearch, u"txtSearch"_s},                 {comKind, u"comKind"_s},         {comPage, u"comPage"_s},
+        {btnDate0, u"btnDate0"_s},                   {btnDate1, u"btnDate1"_s},       {chkFlag, u"chkFlag"_s},
+        {KestroList1, u"KestroList1"_s},             {KestroList2, u"KestroList2"_s}, {lblCount, u"lblCount"_s},
+        {lblValue, u"lblValue"_s},                   {KestroPGress1, u"KestroPGress1"_s}};
+    for (const auto& [control, name] : names)
+        control->setObjectName(name);
+}
 
 void ListPage::BuildToolbar(const ListPageWords& words) {
     const auto tool = [&](ButtonLook look, const QString& caption, const QString& icon, const QString& tip) {

@@ -91,6 +91,7 @@ class ListPage : public Page {
     QTimer TimerLoadData;
 
  private:
+    void NameControls();
     void BuildToolbar(const ListPageWords& words);
     void BuildFilters(const ListPageWords& words);
     void BuildLists(const ListPageWords& words);

@@ -197,6 +197,14 @@ bool cReader::Next() {
     return body_->core->Step(body_->statement.get(), body_->sql);
 }
 
+int cReader::ColumnCount() const {
+    return sqlite3_column_count(body_->statement.get());
+}
+
+bool cReader::IsNull(int column) const {
+    return sqlite3_column_type(body_->statement.get(), column) == SQLITE_NULL;
+}
+
 QString cReader::Text(int column) const {
     auto* statement = body_->statement.get();
     if (sqlite3_column_type(statement, column) == SQLITE_FLOAT) return PlainNumber(Number(column));

@@ -93,6 +93,8 @@ class cReader {
     cReader(cReader&&) noexcept;
     ~cReader();
     bool Next();
+    int ColumnCount() const;
+    bool IsNull(int column) const;
     QString Text(int column) const;
     qint64 Int(int column) const;
     double Number(int column) const;

@@ -8,13 +8,21 @@
 
 namespace {
 constexpr int kRadius = 4;
+
+QColor LineColor(bool marked) {
+    return Skin::Color(marked ? Tok::accent : Tok::line2);
+}
+}  // namespace
+
+void PaintFrame(QPainter& p, const QRect& frame, bool marked, int headHeight) {
+    Skin::Box(p, frame, kRadius, Skin::Color(Tok::surface), LineColor(marked));
+    if (headHeight == 0) return;
+    p.setClipRect(frame.left(), frame.top(), frame.width(), headHeight);
+    Skin::Box(p, frame, kRadius, Skin::Color(Tok::head), LineColor(marked));
+    p.setClipping(false);
 }
 
-void PaintFrame(QPainter& p, const QRect& frame) {
-    Skin::Box(p, frame, kRadius, Skin::Color(Tok::surface), Skin::Color(Tok::line2));
-}
-
-void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of) {
+void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of, bool marked) {
     const bool inDialog = of->window()->windowFlags().testFlag(Qt::Dialog) && of->window() != of;
     const QSize size(kRadius, kRadius);
     QRegion corners;
@@ -28,6 +36,6 @@ void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of) {
     p.setClipRegion(corners);
     p.setRenderHint(QPainter::Antialiasing);
     p.fillPath(outside.subtracted(inside), Skin::Color(inDialog ? Tok::surface : Tok::page));
-    Skin::Box(p, frame, kRadius, Qt::transparent, Skin::Color(Tok::line2));
+    Skin::Box(p, frame, kRadius, Qt::transparent, LineColor(marked));
     p.restore();
 }

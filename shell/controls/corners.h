@@ -7,6 +7,7 @@ class QRect;
 class QWidget;
 
 /// frame is the whole control's rectangle in the painter's coordinates; of is the control.
-void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of);
-/// The frame itself, for the paint event of the control.
-void PaintFrame(QPainter& p, const QRect& frame);
+void PaintCorners(QPainter& p, const QRect& frame, const QWidget* of, bool marked);
+/// The frame itself, for the paint event of the control, with the heading's ground in its first headHeight
+/// pixels. marked says that the focus is here and nothing else inside shows it.
+void PaintFrame(QPainter& p, const QRect& frame, bool marked, int headHeight = 0);

@@ -5,6 +5,8 @@
 #include "store/errors.h"
 
 #include <QKeyEvent>
+
+#include <algorithm>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -114,7 +116,14 @@ void KestroCombox::Filter(const QString& typed) {
     std::vector<int> shown;
     for (int i = 0; i < Count(); ++i)
         if (Item(i).text.contains(typed, Qt::CaseInsensitive)) shown.push_back(i);
-    list_->Open(this, std::move(shown), IndexOf(typed));
+    // Enter takes what the typed text most likely means.
+    int likely = IndexOf(typed);
+    const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
+    if (likely < 0 && !typed.isEmpty() && !shown.empty()) {
+        const auto first = std::find_if(shown.begin(), shown.end(), begins);
+        likely = first == shown.end() ? shown.front() : *first;
+    }
+    list_->Open(this, std::move(shown), likely);
 }
 
 // What a typed text comes to when the user leaves the box.

@@ -46,6 +46,8 @@ class KestroCombox : public KestroText {
     void OpenList();
     void CloseList();
     bool IsListOpen() const;
+    /// Takes what was typed as if the user had left the box.
+    void Settle();
 
     /// An item was chosen by the user; in pick mode also called with two empty texts when a typed text was
     /// emptied on leaving, or when the user cleared the box.
@@ -64,7 +66,6 @@ class KestroCombox : public KestroText {
  private:
     void Choose(int index);
     void Filter(const QString& typed);
-    void Settle();
     void Step(int by);
     int IndexOf(const QString& text) const;
     void JumpTo(const QString& letters);

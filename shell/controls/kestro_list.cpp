@@ -1,5 +1,6 @@
 #include "shell/controls/kestro_list.h"
 
+#include "shell/controls/corners.h"
 #include "shell/controls/kestro_list_header.h"
 #include "shell/controls/kestro_list_model.h"
 #include "shell/controls/kestro_list_painter.h"
@@ -7,6 +8,7 @@
 #include "shell/skin.h"
 
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -16,6 +18,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kLoadingDelay = 150;  // milliseconds
+
+/// The end of the heading above the scroll bar.
+class HeaderEnd : public QWidget {
+ public:
+    explicit HeaderEnd(KestroList* list) : QWidget(list), list_(list) {}
+
+ protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        p.fillRect(rect(), Skin::Color(Tok::head));
+        Skin::HLine(p, 0, width(), height() - 1, Skin::Color(Tok::line2));
+        if (list_->frameShape() == QFrame::NoFrame) return;
+        const QRect frame(mapFrom(list_, QPoint()), list_->size());
+        PaintCorners(p, frame, list_, list_->FrameMarked());
+    }
+
+ private:
+    KestroList* list_;
+};
 
 int Scaled(int pixels) {
     return static_cast<int>(std::lround(pixels * Skin::Scale()));
@@ -39,7 +60,7 @@ KestroList::KestroList(QWidget* parent)
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     UseKestroScrollbars(this);
-    headerEnd_ = new QWidget(this);
+    headerEnd_ = new HeaderEnd(this);
     addScrollBarWidget(headerEnd_, Qt::AlignTop);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -168,11 +189,6 @@ KestroList::Handle KestroList::AddRow(std::vector<QString>&& cells, const QStrin
     model_->MeasureBars();
     FitColumns();
     return handle;
-}
-
-KestroList::Handle KestroList::AddRow(const QStringList& cells, const QString& key, const QString& subKey,
-                                      const RowLook& look) {
-    return AddRow(std::vector<QString>(cells.begin(), cells.end()), key, subKey, look);
 }
 
 int KestroList::RowCount() const {

@@ -9,6 +9,7 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <concepts>
 #include <functional>
 #include <vector>
 
@@ -75,8 +76,11 @@ class KestroList : public QTableView {
     void EndFill();
     Handle AddRow(std::vector<QString>&& cells, const QString& key = {}, const QString& subKey = {},
                   const RowLook& look = {});
-    Handle AddRow(const QStringList& cells, const QString& key = {}, const QString& subKey = {},
-                  const RowLook& look = {});
+    template <std::same_as<QStringList> List>  // a list in braces is a vector
+    Handle AddRow(const List& cells, const QString& key = {}, const QString& subKey = {},
+                  const RowLook& look = {}) {
+        return AddRow(std::vector<QString>(cells.begin(), cells.end()), key, subKey, look);
+    }
     int RowCount() const;
     QStringList RowCells(int row) const;
     QString Cell(int row, int column) const;  ///< empty for a place that does not exist
@@ -103,6 +107,8 @@ class KestroList : public QTableView {
     void ScrollToRow(int row);
     int RowsPerScreen() const;
     int FirstVisibleRow() const;
+    /// The focus is here and no current row shows it, so the frame does.
+    bool FrameMarked() const { return hasFocus() && CurrentRow() < 0; }
     int SortedColumn() const;  ///< -1 while rows stand as they were added
     void SortBy(int column, bool ascending);
     /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or EndFill come.
@@ -151,6 +157,7 @@ class KestroList : public QTableView {
     void HeadingClicked(int viewColumn);
     int FixedWidth() const;
     void SetHoverRow(int row);
+    void UpdateAll();
     void ToggleCheck(int row);
     void KeepCurrent(const std::function<void()>& change);
     void PaintRows(QPainter& p, const QRect& dirty) const;
@@ -174,4 +181,16 @@ class KestroList : public QTableView {
     bool loading_ = false;
     bool painted_ = false;
     bool quiet_ = false;  ///< a change of ours moves the current row, nobody is told
+};
+
+/// Fills a list for as long as it lives, also when reading the rows fails half-way.
+class ListFill {
+ public:
+    explicit ListFill(KestroList& list) : list_(list) { list_.BeginFill(); }
+    ~ListFill() { list_.EndFill(); }
+    ListFill(const ListFill&) = delete;
+    ListFill& operator=(const ListFill&) = delete;
+
+ private:
+    KestroList& list_;
 };

@@ -6,7 +6,6 @@
 #include "shell/controls/kestro_list_model.h"
 #include "shell/controls/kestro_list_painter.h"
 #include "shell/controls/kestro_tool_tip.h"
-#include "shell/skin.h"
 #include "store/errors.h"
 
 #include <QContextMenuEvent>
@@ -164,11 +163,17 @@ void KestroList::SetHoverRow(int row) {
     hoverRow_ = row;
 }
 
-void KestroList::focusInEvent(QFocusEvent*) {
+void KestroList::UpdateAll() {
+    update();
     viewport()->update();
+    header_->viewport()->update();
+}
+
+void KestroList::focusInEvent(QFocusEvent*) {
+    UpdateAll();
 }
 void KestroList::focusOutEvent(QFocusEvent*) {
-    viewport()->update();
+    UpdateAll();
 }
 
 void KestroList::resizeEvent(QResizeEvent* event) {
@@ -179,11 +184,7 @@ void KestroList::resizeEvent(QResizeEvent* event) {
 bool KestroList::event(QEvent* event) {
     if (event->type() != QEvent::Paint || frameShape() == QFrame::NoFrame) return QTableView::event(event);
     QPainter p(this);
-    PaintFrame(p, rect());
-    const QRect head(1, 1, width() - 2, header_->height());
-    p.fillRect(head, Skin::Color(Tok::head));
-    Skin::HLine(p, head.left(), head.right(), head.bottom(), Skin::Color(Tok::line2));
-    PaintCorners(p, rect(), this);
+    PaintFrame(p, rect(), FrameMarked(), header_->height());
     return true;
 }
 

@@ -61,7 +61,8 @@ void KestroListHeader::paintEvent(QPaintEvent*) {
     for (int section = 0; section < count(); ++section)
         if (sectionPosition(section) < fixedWidth) PaintSection(p, section);
     Skin::HLine(p, 0, width(), height() - 1, Skin::Color(Tok::line2));
-    if (list_->frameShape() != QFrame::NoFrame) PaintCorners(p, list_->rect().translated(-pos()), list_);
+    if (list_->frameShape() != QFrame::NoFrame)
+        PaintCorners(p, list_->rect().translated(-pos()), list_, list_->FrameMarked());
 }
 
 void KestroListHeader::PaintSection(QPainter& p, int section) const {

@@ -113,7 +113,7 @@ QString KestroList::CurrentKey() const {
 
 void KestroList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
-    viewport()->update();
+    UpdateAll();
     current_ = HandleOf(current.isValid() ? current.row() : -1);
     if (quiet_ || current.row() == previous.row()) return;
     RunEvent([this, row = current.row()] {
@@ -160,7 +160,8 @@ void KestroList::paintEvent(QPaintEvent* event) {
     } else if (!model_->IsFilling()) {
         PaintEmpty(p);
     }
-    if (frameShape() != QFrame::NoFrame) PaintCorners(p, rect().translated(-viewport()->pos()), this);
+    if (frameShape() != QFrame::NoFrame)
+        PaintCorners(p, rect().translated(-viewport()->pos()), this, FrameMarked());
     if (painted_) return;
     painted_ = true;
     QTimer::singleShot(0, this, [this] { RunEvent(onFirstPaint); });

@@ -16,7 +16,7 @@ class KestroScrollbar;
 struct ScrollMenuItem {
     QString key;
     QString caption;
-    QString icon;                       ///< name in the icon set
+    QString icon = {};                  ///< name in the icon set
     QString mark = {};                  ///< text at the right end
     std::optional<Tok> markColor = {};  ///< text when not set
     int depth = 0;                      ///< code level: each moves the item 12 to the right

@@ -111,15 +111,24 @@ class TipKeeper : public QObject {
     }
 };
 
-/// Lives and dies with the application, whose windows it watches.
-TipKeeper& Keeper() {
+QPointer<TipKeeper>& Kept() {
     static QPointer<TipKeeper> keeper;
-    if (!keeper) {
-        keeper = new TipKeeper;
-        keeper->setParent(qApp);
-        QObject::connect(qApp, &QCoreApplication::aboutToQuit, keeper, [] { keeper->window.reset(); });
+    return keeper;
+}
+
+void DropWindow() {
+    if (Kept()) Kept()->window.reset();
+}
+
+/// Lives and dies with the application, whose windows it watches; its own window goes before the platform
+/// does.
+TipKeeper& Keeper() {
+    if (!Kept()) {
+        Kept() = new TipKeeper;
+        Kept()->setParent(qApp);
+        qAddPostRoutine(DropWindow);
     }
-    return *keeper;
+    return *Kept();
 }
 
 QPoint PlaceFor(const QSize& size, const QPoint& globalPos) {

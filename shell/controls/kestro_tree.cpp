@@ -138,7 +138,7 @@ void KestroTree::drawRow(QPainter* p, const QStyleOptionViewItem& option, const 
 bool KestroTree::event(QEvent* event) {
     if (event->type() != QEvent::Paint || frameShape() == QFrame::NoFrame) return QTreeWidget::event(event);
     QPainter p(this);
-    PaintFrame(p, rect());
+    PaintFrame(p, rect(), hasFocus() && CurrentNode() < 0);
     return true;
 }
 
@@ -146,7 +146,8 @@ void KestroTree::paintEvent(QPaintEvent* event) {
     QPainter(viewport()).fillRect(event->rect(), Skin::Color(Tok::surface));
     QTreeWidget::paintEvent(event);
     QPainter p(viewport());
-    if (frameShape() != QFrame::NoFrame) PaintCorners(p, rect().translated(-viewport()->pos()), this);
+    if (frameShape() != QFrame::NoFrame)
+        PaintCorners(p, rect().translated(-viewport()->pos()), this, hasFocus() && CurrentNode() < 0);
 }
 
 void KestroTree::scrollContentsBy(int dx, int dy) {

@@ -1,0 +1,141 @@
+#include "tests/support/fixture.h"
+
+#include <QFile>
+
+#include <cmath>
+
+#include "store/book_images.h"
+#include "store/dialogs.h"
+#include "store/errors.h"
+#include "store/notices.h"
+#include "store/outside.h"
+
+using namespace Qt::StringLiterals;
+
+Script::Script() {
+    MessageSlot() = [this](const MessageRequest& request) { return Answer(request); };
+}
+
+Script::~Script() {
+    MessageSlot() = {};
+    for (const auto& box : boxes_)
+        ADD_FAILURE() << "missing box: " << qUtf8Printable(box.text);
+}
+
+void Script::Expect(const QString& text, int answer) {
+    boxes_.push_back({text, answer});
+}
+
+int Script::Answer(const MessageRequest& request) {
+    last_ = request;
+    seen_ << request.text;
+    if (all_) return *all_;
+    if (boxes_.empty()) {
+        ADD_FAILURE() << "unexpected box: " << qUtf8Printable(request.text);
+        return 0;
+    }
+    const Box box = boxes_.front();
+    boxes_.pop_front();
+    EXPECT_TRUE(request.text.startsWith(box.text))
+        << qUtf8Printable(request.text) << "\nexpected: " << qUtf8Printable(box.text);
+    return box.answer;
+}
+
+Fixture::Fixture() {
+    State() = ProgramState{};
+    State().gDataDir = Path(u"data"_s);
+    State().gDefaultBox = Path(u"box"_s);
+    auto& world = Outside();
+    world = OutsideWorld{};
+    const auto refuse = [](const char* what) { ADD_FAILURE() << "the outside world was asked: " << what; };
+    world.open = [refuse](const QString&) { return refuse("open"), false; };
+    world.trash = [refuse](const QString&) { return refuse("trash"), false; };
+    world.launch = [refuse](const QString&, const QStringList&, const QString&) { return refuse("launch"), false; };
+    SetClock(u"2016-09-03 14:16:20"_s);
+}
+
+Fixture::~Fixture() {
+    cConnection::Seams() = {};
+    State() = ProgramState{};
+    Outside() = OutsideWorld{};
+    ClearDialogs();
+    LastError() = {};
+    Notices().chartChanged.Clear();
+    Notices().booksChanged.Clear();
+    Notices().entrySaved.Clear();
+    Notices().remindersChanged.Clear();
+}
+
+void Fixture::SetClock(const QString& moment) {
+    const auto now = QDateTime::fromString(moment, u"yyyy-MM-dd HH:mm:ss"_s);
+    Outside().now = [now] { return now; };
+}
+
+QString Fixture::OpenCopy(const QByteArray& image, const QString& name) {
+    const QString path = Path(name);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(image);
+    file.close();
+    State().gBooks.assign(1, {path.toLower(), name.chopped(6), 2016, u"10.0"_s});
+    State().gCurBook = 0;
+    State().gDB.Open(path);
+    return path;
+}
+
+QString Fixture::OpenSample(const QString& name) {
+    return OpenCopy(SampleBookImage(), name);
+}
+
+QString Fixture::OpenEmpty(const QString& name) {
+    return OpenCopy(EmptyBookImage(), name);
+}
+
+QStringList Rows(cConnection& book, const QString& sql) {
+    QStringList lines;
+    auto rows = book.Read(sql);
+    while (rows.Next()) {
+        QStringList cells;
+        for (int column = 0; column < rows.ColumnCount(); ++column)
+            cells << (rows.IsNull(column) ? u"-"_s : rows.Text(column));
+        lines << cells.join(u'|');
+    }
+    return lines;
+}
+
+namespace {
+
+void ComparePlace(cConnection& book, const QString& chart, const QString& rows, const QString& column,
+                  QStringList& breaks) {
+    auto found = book.Read(
+        u"select c.Sort1, c.nAdd, c.nReduce, c.Money,"
+        u" (select total(Value1) from "_s + rows + u" r where r."_s + column + u"=c.Sort1 and r.nSign=1),"
+        u" (select total(Value1) from "_s + rows + u" r where r."_s + column + u"=c.Sort1 and r.nSign=-1) from "_s +
+        chart + u" c"_s);
+    while (found.Next()) {
+        const double in = found.Number(4);
+        const double out = found.Number(5);
+        const auto near = [](double a, double b) { return std::fabs(a - b) < 0.005; };
+        if (near(found.Number(1), in) && near(found.Number(2), out) && near(found.Number(3), in - out)) continue;
+        breaks << u"%1 %2: stored %3 %4 %5, rows %6 %7"_s.arg(chart, found.Text(0), found.Text(1), found.Text(2),
+                                                              found.Text(3), QString::number(in), QString::number(out));
+    }
+}
+
+}  // namespace
+
+QStringList BalanceBreaks(cConnection& book) {
+    QStringList breaks;
+    ComparePlace(book, u"tKind"_s, u"tAccount"_s, u"Type1"_s, breaks);
+    ComparePlace(book, u"tSubAcc"_s, u"tSubAccItem"_s, u"SubAccKey"_s, breaks);
+    return breaks;
+}
+
+QStringList TieBreaks(cConnection& book) {
+    return Rows(book, u"select 'partner', a.Id1 from tAccount a where a.IID<>-1 and not exists"
+                      u" (select 1 from tAccount b where b.Id1=a.IID and b.IID=a.Id1 and b.bIsMain<>a.bIsMain)"
+                      u" union all select 'record', r.Id1 from tSubAccItem r where not exists"
+                      u" (select 1 from tAccount a where a.Id1=r.AccId and a.bIsMain=1 and r.Id1 in (a.IIID,a.IIID1))"
+                      u" union all select 'lost', a.Id1 from tAccount a where a.bIsMain=1 and a.IIID<>-1 and not exists"
+                      u" (select 1 from tSubAccItem r where r.Id1=a.IIID and r.AccId=a.Id1)"_s);
+}

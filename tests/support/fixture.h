@@ -1,0 +1,66 @@
+#pragma once
+// One fixture for all tests: a fresh program state, a temporary folder as the user's world, a fake clock, and
+// boxes that must be expected.
+
+#include <gtest/gtest.h>
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <deque>
+#include <optional>
+
+#include "store/messages.h"
+#include "store/state.h"
+
+/// The boxes a test expects, in order. An unexpected and a missing box fail the test.
+class Script {
+ public:
+    Script();
+    ~Script();
+    /// text: the beginning of the box's text; answer: number of the button.
+    void Expect(const QString& text, int answer = 1);
+    /// From now on every box is answered so, and kept in Seen.
+    void AnswerAll(int answer) { all_ = answer; }
+    const QStringList& Seen() const { return seen_; }
+    const MessageRequest& Last() const { return last_; }
+
+ private:
+    struct Box {
+        QString text;
+        int answer;
+    };
+    int Answer(const MessageRequest& request);
+    std::deque<Box> boxes_;
+    std::optional<int> all_;
+    QStringList seen_;
+    MessageRequest last_;
+};
+
+class Fixture : public ::testing::Test {
+ protected:
+    Fixture();
+    ~Fixture() override;
+
+    /// A path in the temporary folder.
+    QString Path(const QString& name) const { return folder_.filePath(name); }
+    /// A fresh copy of the sample or the empty book, opened as the current book.
+    QString OpenSample(const QString& name = QStringLiteral("book.jotdb"));
+    QString OpenEmpty(const QString& name = QStringLiteral("book.jotdb"));
+    void SetClock(const QString& moment);
+
+    Script boxes;
+
+ private:
+    QString OpenCopy(const QByteArray& image, const QString& name);
+    QTemporaryDir folder_;
+};
+
+/// Rows of a query as lines of "a|b|c"; null as "-".
+QStringList Rows(cConnection& book, const QString& sql);
+/// One line per chart row whose stored totals differ from the sums of its rows.
+QStringList BalanceBreaks(cConnection& book);
+/// One line per broken tie between the rows of entries.
+QStringList TieBreaks(cConnection& book);
