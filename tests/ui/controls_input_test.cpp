@@ -16,7 +16,7 @@
 #include <QtTest>
 
 #include <gtest/gtest.h>
-#include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -222,6 +222,16 @@ TEST(Combox, ChoosesByKey) {
         EXPECT_EQ(stage.box->CurrentKey(), row.key) << qPrintable(row.typed);
         EXPECT_FALSE(stage.box->IsListOpen());
         EXPECT_EQ(stage.heard.size(), row.key.isEmpty() ? 0U : 1U);
+    }
+}
+
+TEST(Combox, EnterTakesTheLikelyItemOnlyWhereOneMustBePicked) {
+    for (const auto& [mode, text] :
+         {std::pair{ComboxMode::pick, u"0101产品收入"_s}, {ComboxMode::freeText, u"0"_s}}) {
+        ComboxStage stage(mode);
+        Commit(*stage.box, u"0"_s);
+        QTest::keyClick(stage.box, Qt::Key_Return);
+        EXPECT_EQ(stage.box->text(), text);
     }
 }
 
