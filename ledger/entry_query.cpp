@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "chart/codes.h"
+#include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
 
@@ -127,6 +128,14 @@ bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
         if (job.Stopped()) return false;
     }
     return true;
+}
+
+void TellStopped() {
+    ShowMsg(u"已停止剩余部分导出!"_s);
+}
+
+QString AmountHeading(const EntryQuery& query) {
+    return query.all ? u"金   额"_s : u"累计余额"_s;
 }
 
 std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {

@@ -48,6 +48,10 @@ int CountLines(cConnection& book, const EntryQuery& query);
 /// of the page was read.
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                const std::function<void(EntryLine&&)>& take);
+/// Tells the user that a list was stopped.
+void TellStopped();
+/// Heading of the amount column: 金   额, or 累计余额 with a kind chosen.
+QString AmountHeading(const EntryQuery& query);
 /// The line of one row as it is appended after saving: the line number is number, column 5 is empty.
 std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number);
 

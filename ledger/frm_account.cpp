@@ -75,7 +75,7 @@ void frmAccount::ReadRows(int page, Job& job, const std::function<void(ListLine&
 }
 
 void frmAccount::ListLoaded() {
-    KestroList1->SetColumnCaption(kColRmb, query_.all ? u"金   额"_s : u"累计余额"_s);
+    KestroList1->SetColumnCaption(kColRmb, AmountHeading(query_));
     KestroList1->SetSortable(query_.all);
 }
 

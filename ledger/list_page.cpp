@@ -18,7 +18,6 @@
 #include "shell/menus.h"
 #include "store/dates.h"
 #include "store/errors.h"
-#include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
 
@@ -171,7 +170,7 @@ void ListPage::LoadList(bool bPaged) {
         });
         stopped = job.Stopped();
     }
-    if (stopped) ShowMsg(u"已停止剩余部分导出!"_s);
+    if (stopped) TellStopped();
     ShowDetail();
     ShowSums();
 }

@@ -104,13 +104,17 @@ QString SampleBookPath() {
     return State().gDefaultBox + u"/专业版例子.jotdb"_s;
 }
 
+void OpenSettings(const QString& path) {
+    auto& state = State();
+    state.gSetDB.Open(path);
+    ReadColumns(state.gSetDB);
+    if (const auto row = OpenKey(state.gSetDB, u"LoadDate"_s); !row.Eof()) state.LoadDate = row.Text(u"Value1");
+}
+
 void LoadSettings() {
     auto& state = State();
-    auto& settings = state.gSetDB;
-    settings.Open(SettingsPath());
-    ReadColumns(settings);
-    if (const auto row = OpenKey(settings, u"LoadDate"_s); !row.Eof()) state.LoadDate = row.Text(u"Value1");
-    const bool firstRun = TakeFirstRun(settings);
+    OpenSettings(SettingsPath());
+    const bool firstRun = TakeFirstRun(state.gSetDB);
     state.sDBPath = FixBookPath(state.sDBPath);
     if (!firstRun) return;
     QFile::remove(RealPath(SampleBookPath()).path);

@@ -7,6 +7,8 @@
 /// the copy as needed.
 QString SettingsPath();
 
+/// Opens gSetDB on a settings file and reads its values into State(), nothing else.
+void OpenSettings(const QString& path);
 /// Opens gSetDB and reads everything into State(). On a first run the sample book is written anew. Throws
 /// DbError when the file is broken.
 void LoadSettings();

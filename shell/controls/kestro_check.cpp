@@ -4,7 +4,6 @@
 #include "shell/skin.h"
 #include "store/errors.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>

@@ -9,7 +9,6 @@
 #include "store/errors.h"
 
 #include <QContextMenuEvent>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -17,6 +16,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -184,7 +184,7 @@ void KestroList::resizeEvent(QResizeEvent* event) {
 bool KestroList::event(QEvent* event) {
     if (event->type() != QEvent::Paint || frameShape() == QFrame::NoFrame) return QTableView::event(event);
     QPainter p(this);
-    PaintFrame(p, rect(), FrameMarked(), header_->height());
+    PaintFrame(p, rect(), FrameMarked(), header_->height() + 1);
     return true;
 }
 

@@ -15,8 +15,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -78,12 +78,6 @@ void KestroMenu::PopupAt(const QPoint& globalPos) {
     popup(globalPos - QPoint(margin, margin));
 }
 
-void KestroMenu::showEvent(QShowEvent* event) {
-    // Qt aligns the window of a sub-menu with the item; its visible part begins a margin lower.
-    if (owner_) move(pos() - QPoint(0, Skin::ShadowMargin() + 4));
-    QMenu::showEvent(event);
-}
-
 void KestroMenu::Chosen(const QAction* action) {
     for (KestroMenu* menu = this; menu; menu = menu->owner_) {
         if (!menu->onChoose) continue;

@@ -24,9 +24,6 @@ class KestroMenu : public QMenu {
 
     std::function<void(const QString& key)> onChoose;
 
- protected:
-    void showEvent(QShowEvent* event) override;
-
  private:
     QAction* FindItem(const QString& key) const;
     void Chosen(const QAction* action);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kThumb = 6, kThumbHover = 8, kThumbLeast = 32;
 constexpr int kMenuPadding = 4, kMenuIconAt = 8, kMenuTextAt = 34, kMenuEnd = 16, kMenuRow = 28;
-constexpr int kMenuLeast = 144;
+constexpr int kMenuLeast = 144, kMenuOverlap = 2;
 constexpr int kTipDelay = 500;  // milliseconds
 
 QString BeforeTab(const QString& text) {
@@ -154,7 +154,7 @@ int KestroStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
         case PM_MenuPanelWidth:
             return Skin::ShadowMargin();
         case PM_SubMenuOverlap:
-            return 2 * Skin::ShadowMargin() + kMenuPadding;
+            return kMenuOverlap - Skin::ShadowMargin();
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -1,0 +1,102 @@
+// kestro-drive: the program's logic without windows. JSON lines in, JSON lines out.
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QStringDecoder>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+
+#include "store/book_box.h"
+#include "store/book_format.h"
+#include "store/errors.h"
+#include "store/paths.h"
+#include "store/settings.h"
+#include "store/state.h"
+#include "tools/drive/request.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Options {
+    QString book, pass, settings;
+    bool good = false;
+};
+
+Options Read(const QStringList& arguments) {
+    Options options;
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        const bool named = arguments[i] == u"--pass" || arguments[i] == u"--settings";
+        if (named && i + 1 >= arguments.size()) return options;
+        if (arguments[i] == u"--pass")
+            options.pass = arguments[++i];
+        else if (arguments[i] == u"--settings")
+            options.settings = arguments[++i];
+        else
+            options.book = arguments[i];
+    }
+    options.good = !options.book.isEmpty();
+    return options;
+}
+
+void Print(const QJsonObject& answer) {
+    const QByteArray line = QJsonDocument(answer).toJson(QJsonDocument::Compact);
+    std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+// Opens the book as the program does. The text of what refuses it, or an empty one.
+QString OpenBook(const Options& options) {
+    const BoxLog log;
+    const QString path = QFileInfo(options.book).absoluteFilePath();
+    if (!FileExists(path)) return u"文件【"_s + path + u"】不存在！"_s;
+    PendingError failed;
+    bool right = false;
+    const bool opened = Succeeds(
+        [&] {
+            if (!options.settings.isEmpty()) OpenSettings(options.settings);
+            State().gBooks.clear();
+            State().gCurBook = AddOutsideBook(path.toLower());
+            if (!CheckBookVersion(-1)) return;
+            State().gDB.Open(path);
+            right = CheckPass(State().gDB, options.pass) == PassCheck::right;
+        },
+        &failed);
+    if (!opened) return ErrorText(failed, {});
+    if (right) return {};
+    return log.LastText().isEmpty() ? u"口令不正确!"_s : log.LastText();
+}
+
+QJsonObject AnswerLine(const std::string& line) {
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8.decode(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
+    if (utf8.hasError()) return {{u"ok"_s, false}, {u"error"_s, u"bad UTF-8"_s}, {u"boxes"_s, QJsonArray()}};
+    QJsonParseError error;
+    const auto document = QJsonDocument::fromJson(text.toUtf8(), &error);
+    if (!document.isObject()) return {{u"ok"_s, false}, {u"error"_s, u"bad JSON"_s}, {u"boxes"_s, QJsonArray()}};
+    return Answer(document.object());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication app(argc, argv);
+    const Options options = Read(QCoreApplication::arguments());
+    if (!options.good) {
+        std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] BOOK\n", stderr);
+        return 1;
+    }
+    const QString refused = OpenBook(options);
+    if (!refused.isEmpty()) {
+        Print({{u"ok"_s, false}, {u"message"_s, refused}});
+        return 1;
+    }
+    for (std::string line; std::getline(std::cin, line);)
+        if (!line.empty()) Print(AnswerLine(line));
+    return 0;
+}

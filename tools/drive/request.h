@@ -1,0 +1,30 @@
+#pragma once
+// One request of the driver and its answer.
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+/// The boxes that a request has shown, in order, and how its questions are answered.
+class BoxLog {
+ public:
+    BoxLog();
+    ~BoxLog();
+    /// Caption of the button to press; empty: the one that goes on.
+    void SetAnswer(const QString& caption) { answer_ = caption; }
+    const QJsonArray& Boxes() const { return boxes_; }
+    QString LastText() const;
+
+ private:
+    QString answer_;
+    QJsonArray boxes_;
+};
+
+/// Carries out one request on the open book. Never throws.
+QJsonObject Answer(const QJsonObject& request);
+
+QJsonObject Refusal(const QString& message, const QString& focus);
+QJsonObject Failure(const QString& error);
+
+/// Value of the request "texts": a named helper on its arguments. Adds "value", or "error" for an unknown one.
+QJsonObject AnswerTexts(const QJsonObject& request);

@@ -1,0 +1,93 @@
+#include "tools/drive/request.h"
+
+#include <functional>
+#include <map>
+
+#include "chart/codes.h"
+#include "store/dates.h"
+#include "store/money.h"
+#include "store/paths.h"
+#include "store/state.h"
+#include "store/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Arguments {
+    QJsonArray values;
+    PathStyle style;
+
+    QString Text(int i) const { return values.at(i).toVariant().toString(); }
+    int Whole(int i) const { return values.at(i).toVariant().toInt(); }
+    double Number(int i) const { return values.at(i).toVariant().toDouble(); }
+    bool Flag(int i) const { return values.at(i).toBool(); }
+};
+
+QJsonArray Texts(const QStringList& texts) {
+    return QJsonArray::fromStringList(texts);
+}
+
+QJsonValue Period(const Arguments& a) {
+    const auto labels = QuickPeriodLabels(a.Text(0));
+    return Texts({labels.first, labels.second});
+}
+
+QJsonValue Parsed(const Arguments& a) {
+    const auto parsed = ParseCodeName(a.Text(0));
+    return Texts({parsed.code, parsed.name});
+}
+
+QJsonValue Sums(const Arguments& a) {
+    const auto sums = BranchSums(State().gDB, a.Text(0), a.Text(1));
+    return Texts({sums.added, sums.reduced, sums.balance});
+}
+
+QJsonValue NameOfFile(const Arguments& a) {
+    QString path = a.Text(0);
+    return FileNameOf(path, a.Whole(1), a.style);
+}
+
+QJsonValue Folders(const Arguments& a) {
+    return a.style == NativeStyle() ? MakeFolders(a.Text(0)) : PlanFolders(a.Text(0), a.style).error;
+}
+
+using Function = std::function<QJsonValue(const Arguments&)>;
+
+const std::map<QString, Function>& Functions() {
+    static const std::map<QString, Function> functions{
+        {u"MoneyText"_s, [](const auto& a) { return MoneyText(a.Number(0)); }},
+        {u"GroupNumber"_s, [](const auto& a) { return GroupNumber(a.Number(0), a.Text(1), a.Text(2)); }},
+        {u"PadByWidth"_s, [](const auto& a) { return PadByWidth(a.Whole(0), a.Text(1)); }},
+        {u"IndentByDepth"_s, [](const auto& a) { return IndentByDepth(a.Text(0), a.Flag(1)); }},
+        {u"DaysInMonth"_s, [](const auto& a) { return DaysInMonth(a.Whole(0), a.Whole(1)); }},
+        {u"NowText"_s, [](const auto&) { return NowText(); }},
+        {u"TimeText"_s, [](const auto& a) { return TimeText(a.Flag(0)); }},
+        {u"TodayText"_s, [](const auto& a) { return TodayText(a.Text(0)); }},
+        {u"QuickPeriod"_s, Period},
+        {u"ParseCodeName"_s, Parsed},
+        {u"FileNameOf"_s, NameOfFile},
+        {u"ParentPath"_s, [](const auto& a) { return ParentPath(a.Text(0)); }},
+        {u"NameByCode"_s, [](const auto& a) { return NameByCode(State().gDB, a.Text(0), a.Text(1)); }},
+        {u"IsLeafCode"_s, [](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), a.Text(1)); }},
+        {u"CodePathText"_s, [](const auto& a) { return CodePathText(State().gDB, a.Text(0), a.Text(1), a.Flag(2)); }},
+        {u"BranchSums"_s, Sums},
+        {u"MakeFolders"_s, Folders},
+        {u"IsForbiddenBox"_s,
+         [](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }},
+    };
+    return functions;
+}
+
+}  // namespace
+
+QJsonObject AnswerTexts(const QJsonObject& request) {
+    const auto function = Functions().find(request[u"fn"].toString());
+    if (function == Functions().end()) return Failure(u"unknown function"_s);
+    const QString style = request[u"style"].toString();
+    const Arguments arguments{request[u"args"].toArray(),
+                              style.isEmpty()            ? NativeStyle()
+                              : style == u"windows"      ? PathStyle::windows
+                                                         : PathStyle::posix};
+    return {{u"ok"_s, true}, {u"value"_s, function->second(arguments)}};
+}
