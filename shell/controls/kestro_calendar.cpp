@@ -125,11 +125,11 @@ QRect KestroCalendar::ChoiceRect(int cell) const {
 }
 
 QRect KestroCalendar::YearRect() const {
-    return {Inner().left() + 68, Inner().top() + 4, 66, kTitle - 8};
+    return {Inner().left() + 60, Inner().top() + 4, 72, kTitle - 8};
 }
 
 QRect KestroCalendar::MonthRect() const {
-    return {Inner().left() + 138, Inner().top() + 4, 52, kTitle - 8};
+    return {Inner().left() + 138, Inner().top() + 4, 56, kTitle - 8};
 }
 
 QRect KestroCalendar::ArrowRect(bool next) const {

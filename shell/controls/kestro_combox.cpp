@@ -5,11 +5,10 @@
 #include "store/errors.h"
 
 #include <QKeyEvent>
-
-#include <algorithm>
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -100,7 +99,9 @@ bool KestroCombox::IsListOpen() const {
 void KestroCombox::Choose(int index) {
     SetCurrent(index);
     CloseList();
-    if (onChoose) onChoose(Item(index).text, Item(index).key);
+    // A copy, as the answer to a choice may be another set of items.
+    const ComboxItem item = Item(index);
+    if (onChoose) onChoose(item.text, item.key);
 }
 
 void KestroCombox::Edited() {
@@ -117,7 +118,7 @@ void KestroCombox::Filter(const QString& typed) {
     // Enter takes what the typed text most likely means.
     int likely = IndexOf(typed);
     const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
-    if (likely < 0 && !typed.isEmpty() && !shown.empty()) {
+    if (mode_ == ComboxMode::pick && likely < 0 && !typed.isEmpty() && !shown.empty()) {
         const auto first = std::find_if(shown.begin(), shown.end(), begins);
         likely = first == shown.end() ? shown.front() : *first;
     }

@@ -16,7 +16,7 @@
 #include <QtTest>
 
 #include <gtest/gtest.h>
-#include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -193,7 +193,7 @@ TEST(Combox, SettlesWhatWasTypedWhenTheUserLeaves) {
 }
 
 // A kind that is hidden by now still stands in the entry that was made with it.
-TEST(Combox, LetsATextStandThatThePogramPutThere) {
+TEST(Combox, LetsATextStandThatTheProgramPutThere) {
     ComboxStage stage(ComboxMode::pick);
     stage.box->SetText(u"0909已隐藏"_s);
     EXPECT_EQ(stage.box->Current(), -1);
@@ -225,6 +225,16 @@ TEST(Combox, ChoosesByKey) {
     }
 }
 
+TEST(Combox, EnterTakesTheLikelyItemOnlyWhereOneMustBePicked) {
+    for (const auto& [mode, text] :
+         {std::pair{ComboxMode::pick, u"0101产品收入"_s}, {ComboxMode::freeText, u"0"_s}}) {
+        ComboxStage stage(mode);
+        Commit(*stage.box, u"0"_s);
+        QTest::keyClick(stage.box, Qt::Key_Return);
+        EXPECT_EQ(stage.box->text(), text);
+    }
+}
+
 TEST(Combox, ChooseOnlyTakesNoTextButLettersAndArrows) {
     ComboxStage stage(ComboxMode::chooseOnly);
     stage.box->SetCurrent(0);
@@ -235,6 +245,19 @@ TEST(Combox, ChooseOnlyTakesNoTextButLettersAndArrows) {
     QTest::keyClick(stage.box, Qt::Key_Down);
     Commit(*stage.box, u"农"_s);
     EXPECT_EQ(stage.box->text(), u"030201农行"_s);
+}
+
+TEST(Combox, BearsThatAChoiceBringsOtherItems) {
+    ComboxStage stage(ComboxMode::chooseOnly);
+    QString kept;
+    stage.box->onChoose = [&](const QString& text, const QString&) {
+        stage.box->Clear();
+        stage.box->AddItem(u"另一页"_s, u"1"_s);
+        kept = text;
+    };
+    QTest::keyClick(stage.box, Qt::Key_Down);
+    EXPECT_EQ(kept, u"0101产品收入"_s);
+    EXPECT_EQ(stage.box->Count(), 1);
 }
 
 TEST(Combox, EscapeClosesTheListAndLeavesTheDialogOpen) {
