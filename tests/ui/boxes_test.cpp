@@ -9,11 +9,11 @@
 #include "shell/message_box.h"
 #include "store/messages.h"
 
+#include <QTest>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QScreen>
 #include <QTimer>
-#include <QtTest>
 
 #include <algorithm>
 #include <functional>

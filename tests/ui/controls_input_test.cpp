@@ -9,11 +9,11 @@
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 
+#include <QTest>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QVBoxLayout>
-#include <QtTest>
 
 #include <gtest/gtest.h>
 #include <utility>
