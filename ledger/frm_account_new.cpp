@@ -214,7 +214,7 @@ void frmAccountNew::ToggleAccounts() {
 
 void frmAccountNew::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !qobject_cast<QAbstractButton*>(QApplication::focusWidget())) {
+    if (enter) {
         btnEnter->click();
         return;
     }
