@@ -20,6 +20,7 @@ class KestroCombox;
 class KestroEditBox;
 class KestroLabel;
 class KestroOptionPair;
+class KestroPngPic;
 class KestroText;
 class PngButton;
 
@@ -88,6 +89,7 @@ class frmAccountNew : public KestroDialog {
     std::array<KestroLabel*, 2> accNameLabels_{};
     std::array<KestroLabel*, 2> accValueLabels_{};
     KestroLabel* lblAccount1;
+    KestroPngPic* picAccount_;
     KestroCheck* chkOther;
     KestroCheck* chkOther1;
     KestroLabel* lblKind1;
