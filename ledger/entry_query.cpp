@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "chart/codes.h"
+#include "store/entry_rows.h"
 #include "store/messages.h"
 #include "store/money.h"
+#include "store/picture_index.h"
 #include "store/state.h"
 
 using namespace Qt::StringLiterals;
@@ -65,14 +67,6 @@ double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign)
     return row.Next() ? row.Number(0) : 0;
 }
 
-std::optional<cRecordset> RowById(cConnection& book, const QString& table, qint64 id) {
-    const auto at = book.RowOf(table, id);
-    if (!at) return {};
-    auto row = book.OpenRecordset(u"select * from "_s + table + u" where rowid="_s + QString::number(*at));
-    if (row.Eof()) return {};
-    return row;
-}
-
 QString SignedAmount(const cRecordset& row) {
     return MoneyText(row.Number(u"Value1") * static_cast<double>(row.Int(u"nSign")));
 }
@@ -83,7 +77,7 @@ void FillKind(QStringList& line, const cRecordset& row) {
 }
 
 void FillRecord(cConnection& book, QStringList& line, qint64 id) {
-    const auto record = RowById(book, u"tSubAccItem"_s, id);
+    const auto record = FindRow(book, u"tSubAccItem"_s, id);
     if (!record) return;
     line[1] = record->Text(u"SubAccKey") + record->Text(u"SubAccName1");
     line[2] = SignedAmount(*record);
@@ -182,20 +176,18 @@ EntryDetail ReadDetail(cConnection& book, qint64 id) {
     EntryDetail detail;
     for (const auto& label : {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
         detail.rows.push_back({label, {}, {}});
-    const auto row = RowById(book, u"tAccount"_s, id);
+    const auto row = FindRow(book, u"tAccount"_s, id);
     if (!row) return detail;
     detail.title = row->Text(u"Title1");
     FillKind(detail.rows[0], *row);
-    const auto partner = RowById(book, u"tAccount"_s, row->Int(u"IID"));
+    const auto partner = FindRow(book, u"tAccount"_s, row->Int(u"IID"));
     if (partner) FillKind(detail.rows[1], *partner);
     FillRecord(book, detail.rows[2], row->Int(u"IIID"));
     FillRecord(book, detail.rows[3], row->Int(u"IIID1"));
     const bool isSecond = partner && row->Int(u"bIsMain") == 0;
-    const QString main = (isSecond ? *partner : *row).Text(u"Id1");
-    const QString other = partner ? (isSecond ? *row : *partner).Text(u"Id1") : main;
-    const auto pictures = book.OpenRecordset(u"select Id1 from tPic where sFromTable='tAccount' and (lFromId= "_s +
-                                             main + u" or lFromId1= "_s + other + u')');
-    detail.rows[4][1] = QString::number(pictures.RecordCount()) + u"  张"_s;
+    const qint64 main = (isSecond ? *partner : *row).Int(u"Id1");
+    const qint64 other = partner ? (isSecond ? *row : *partner).Int(u"Id1") : main;
+    detail.rows[4][1] = QString::number(CountPictures(book, u"tAccount"_s, main, other)) + u"  张"_s;
     if (row->Int(u"Mark1") != 0) detail.rows[5][1] = u"    √"_s;
     return detail;
 }

@@ -163,7 +163,22 @@ void cConnection::Commit() {
 void cConnection::Rollback() noexcept {
     if (!core_) return;
     core_->added.clear();
+    core_->serial = ConnectionCore::NextSerial();
     if (InTransaction()) sqlite3_exec(core_->db, "rollback", nullptr, nullptr, nullptr);
+}
+
+qint64 ConnectionCore::NextSerial() {
+    static qint64 last = 0;
+    return ++last;
+}
+
+qint64 cConnection::Serial() const {
+    return core_ ? core_->serial : -1;
+}
+
+qint64 cConnection::DataVersion() {
+    auto row = Read(u"pragma data_version"_s);
+    return row.Next() ? row.Int(0) : 0;
 }
 
 bool cConnection::InTransaction() const {
@@ -253,8 +268,7 @@ std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
 }
 
 bool cConnection::IdsRise(const QString& table) {
-    auto versionRow = Read(u"pragma data_version"_s);
-    const qint64 version = versionRow.Next() ? versionRow.Int(0) : 0;
+    const qint64 version = DataVersion();
     auto& order = Core().order[table];
     if (order.dataVersion == version) return order.rising;
     bool rising = true;

@@ -147,6 +147,11 @@ class cConnection {
     /// The where part that names the rows of these ids: "rowid in (…)". Ids below 0 are left out.
     QString WhereIds(const QString& table, const std::vector<qint64>& ids);
 
+    /// Changes with every open and every rollback: what was remembered of the contents no longer holds.
+    qint64 Serial() const;
+    /// Changes when another connection has changed the file.
+    qint64 DataVersion();
+
     /// Seams of tests: the VFS that Open uses, a hook before each statement, the passes over whole tables.
     struct Probe {
         QByteArray vfs;

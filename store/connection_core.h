@@ -30,6 +30,9 @@ struct ConnectionCore {
     QString source;  ///< file name, told in errors
     AddedRows added;
     QHash<QString, RowOrder> order;
+    qint64 serial = NextSerial();
+
+    static qint64 NextSerial();
 
     ~ConnectionCore() { sqlite3_close_v2(db); }
 
