@@ -69,8 +69,8 @@ Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
 
 bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
     const int code = sqlite3_step(statement);
-    if (code == SQLITE_ROW) return true;
     cConnection::Seams().fullScanSteps += sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
+    if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) Fail(sql);
     return false;
 }
