@@ -93,6 +93,7 @@ TEST_F(PostingTest, AmountsAndTimesAreStoredAsTexts) {
         {u"-5.00"_s, u"-1"_s, u"0"_s, u"-5"_s, u"-01:00"_s},
         {u"0.125"_s, u"23"_s, u"59.9"_s, u"0.12"_s, u"23:59"_s},
         {u"0"_s, u"00"_s, u"1e1"_s, u"0"_s, u"00:10"_s},
+        {u"1"_s, u"-1e300"_s, u"0"_s, u"1"_s, u"-9999:00"_s},
     };
     OpenEmpty();
     for (const auto& c : cases) {
