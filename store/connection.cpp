@@ -50,6 +50,7 @@ DbFault FaultOf(int number) {
 
 QString Quote(const QString& text) {
     QString quoted = text;
+    quoted.remove(QChar::Null);  // it would end the statement
     return u'\'' + quoted.replace(u'\'', u"''"_s) + u'\'';
 }
 
