@@ -13,6 +13,12 @@
 #include <deque>
 #include <gtest/gtest.h>
 #include <optional>
+#include <ostream>
+
+/// How failures print texts.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 /// The boxes a test expects, in order. An unexpected and a missing box fail the test.
 class Script {
