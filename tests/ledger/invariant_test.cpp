@@ -50,6 +50,7 @@ class InvariantTest : public Fixture {
         dice_.seed(seed);
         OpenSample(u"seed%1.jotdb"_s.arg(seed));
         auto& book = State().gDB;
+        book.Execute(u"pragma synchronous=off"_s);
         for (int i = 0; i < count; ++i)
             PostEntry(book, RandomEntry());
         EXPECT_EQ(BalanceBreaks(book), QStringList());
