@@ -29,7 +29,7 @@ QString IconGroup(const cReader& row) {
     return icons == u"000" ? QString() : icons;
 }
 
-EntryLine LineOf(const cReader& row, int number, const QString& rmb) {
+EntryLine LineOf(const cReader& row, qint64 number, const QString& rmb) {
     const QString money = MoneyText(row.Number(kValue));
     const bool add = row.Int(kSign) == 1;
     EntryLine line;
@@ -109,7 +109,7 @@ int CountLines(cConnection& book, const EntryQuery& query) {
 
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                const std::function<void(EntryLine&&)>& take) {
-    const int first = page * kLinesPerPage;
+    const qint64 first = static_cast<qint64>(page) * kLinesPerPage;
     auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' + QString::number(kLinesPerPage));
     double in = 0;
     double out = 0;

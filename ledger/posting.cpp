@@ -1,6 +1,6 @@
 #include "ledger/posting.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "store/book_format.h"
 #include "store/entry_rows.h"
@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double kFarTime = 9999;
+
 int SignOf(bool add) {
     return add ? 1 : -1;
 }
@@ -20,7 +22,9 @@ QString StoredAmount(const QString& typed) {
 }
 
 QString StoredTime(const EntryValues& e) {
-    const auto part = [](const QString& text) { return TwoDigits(static_cast<int>(std::trunc(Val(text)))); };
+    // The checks refuse what is too late, not what is absurdly early.
+    const auto whole = [](const QString& text) { return static_cast<int>(std::clamp(Val(text), -kFarTime, kFarTime)); };
+    const auto part = [&](const QString& text) { return TwoDigits(whole(text)); };
     return part(e.hour) + u':' + part(e.minute);
 }
 

@@ -1,10 +1,10 @@
-#include <gtest/gtest.h>
+#include "shell/controls/kestro_style.h"
+#include "shell/skin.h"
 
 #include <QApplication>
 #include <QLocale>
 
-#include "shell/controls/kestro_style.h"
-#include "shell/skin.h"
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
