@@ -57,21 +57,19 @@ bool DeleteEntry(cConnection& book, qint64 id) {
     return true;
 }
 
-BulkDeletion DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job) {
-    BulkDeletion result;
+void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, int& count) {
+    count = 0;
     const auto rows = RowsOf(book, ids);
     job.Start(static_cast<int>(rows.size()));
     for (size_t at = 0; at < rows.size() && !job.Stopped(); at += kSlice) {
-        Transaction slice(book);
         const size_t end = std::min(at + kSlice, rows.size());
+        Transaction slice(book);
         for (size_t i = at; i < end; ++i)
             Remove(book, rows[i]);
         slice.Commit();
-        result.count = static_cast<int>(end);
-        job.Step(result.count);
+        count = static_cast<int>(end);
+        job.Step(count);
     }
-    result.stopped = StillThere(book, ids);
-    return result;
 }
 
 std::vector<qint64> StillThere(cConnection& book, const std::vector<qint64>& ids) {

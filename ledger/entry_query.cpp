@@ -137,7 +137,9 @@ std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {
     if (!at) return {};
     auto row = book.Read(kColumns + u" from tAccount where rowid="_s + QString::number(*at));
     if (!row.Next()) return {};
-    return LineOf(row, number, {});
+    auto line = LineOf(row, number, {});
+    line.signedAmount = MoneyText(row.Number(kValue) * static_cast<double>(row.Int(kSign)));
+    return line;
 }
 
 EntrySums ReadSums(cConnection& book, const EntryQuery& query) {

@@ -41,6 +41,7 @@ struct EntryLine {
     std::vector<QString> cells;
     QString key;     ///< Id1
     QString subKey;  ///< Type1
+    QString signedAmount;  ///< Value1 times nSign, of a single line alone
 };
 
 int CountLines(cConnection& book, const EntryQuery& query);

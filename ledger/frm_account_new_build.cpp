@@ -80,7 +80,6 @@ void frmAccountNew::BuildEntry() {
     label(u"事情:"_s, kThingY);
     txtThing = new KestroText(TextMode::normal, ground_);
     txtThing->setAccessibleName(u"事情"_s);
-    txtThing->SetEndButton(u"template"_s, u"选择记账模板"_s, true);
     txtThing->setGeometry(kFieldX, kThingY, kFieldEnd - kFieldX, kRow);
 
     label(u"日期:"_s, kDateY);

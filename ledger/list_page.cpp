@@ -42,6 +42,8 @@ void ShowPeriod(KestroButton* button, const QString& label, const QString& unset
 
 ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     setAutoFillBackground(false);
+    noneToDelete_ = words.noneToDelete;
+    askDelete_ = words.askDelete;
     KestroScrollMenu1 = new KestroScrollMenu(this);
     BuildToolbar(words);
     BuildFilters(words);
@@ -85,6 +87,8 @@ void ListPage::BuildToolbar(const ListPageWords& words) {
     btnExport = tool(ButtonLook::toolbar, u"导出"_s, u"export"_s, words.exportTip);
     for (auto* button : {btnDel, btnPrint, btnExport})
         button->SetArrow(true);
+    btnDel->onClick = [this] { DeleteCurrent(); };
+    btnDel->onArrow = [this] { Menus::Popup(u"delete"_s, btnDel->mapToGlobal(btnDel->rect().bottomLeft())); };
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->SetPrompt(words.searchPrompt);
 }
@@ -123,6 +127,7 @@ void ListPage::BuildLists(const ListPageWords& words) {
     for (const auto& column : words.columns)
         KestroList1->DefineColumn(column);
     KestroList1->onCurrent = [this](int) { ShowDetail(); };
+    KestroList1->onDelete = [this] { DeleteCurrent(); };
     lblCount = new KestroLabel({}, LabelKind::value, this);
     lblValue = new KestroLabel({}, LabelKind::value, this);
     lblValue->SetCopyIcon(true);

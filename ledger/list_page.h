@@ -34,6 +34,7 @@ struct ListPageWords {
     QString kindIcon;
     std::vector<ListColumn> columns;
     bool hasFlag = true;
+    QString noneToDelete, askDelete;
 };
 
 class ListPage : public Page {
@@ -41,6 +42,7 @@ class ListPage : public Page {
     ListPage(QWidget* parent, const ListPageWords& words);
     ~ListPage() override;
 
+    void DoBtnMenuDelAll() override;
     void pRESETGROUP() override;
     void pRetunPrintInfo(int code, int a, int b, int c) override;
     void SetPeriod(const QString& first, const QString& second) override;
@@ -53,12 +55,16 @@ class ListPage : public Page {
     virtual void ShowSums() = 0;
     virtual void ShowDetail() = 0;
     virtual void ReloadData() = 0;
+    /// The tAccount row behind a line, by which it is deleted.
+    virtual qint64 EntryOf(int row) const = 0;
     /// After the lines are there, before they show.
     virtual void ListLoaded() {}
 
     /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
     /// filled anew.
     void LoadList(bool bPaged);
+    /// Deletes the current line's entry after the question.
+    void DeleteCurrent();
     void ResetFilters();
     /// Puts the detail rows under the title line.
     void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
@@ -103,7 +109,10 @@ class ListPage : public Page {
     void OpenCalendar(bool second);
     void PickDate(QDate date);
     JobBar Bar();
+    void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
 
+    QString noneToDelete_;
+    QString askDelete_;
     class DetailPanel;
     DetailPanel* panel_;
     int displayMode_ = 1;
