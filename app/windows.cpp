@@ -14,6 +14,7 @@
 #include "ledger/frm_account.h"
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
+#include "ledger/frm_sub_acc.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -87,6 +88,7 @@ void RegisterWindows() {
     InstallMessageBox();
     RegisterCommands();
     RegisterPage(0, [](QWidget* parent) { return new frmAccount(parent); });
+    RegisterPage(1, [](QWidget* parent) { return new frmSubAcc(parent); });
     RegisterPage(5, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);

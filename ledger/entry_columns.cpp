@@ -28,3 +28,22 @@ ListPageWords EntryPageWords() {
     };
     return words;
 }
+
+ListPageWords RecordPageWords() {
+    ListPageWords words;
+    words.searchPrompt = u"搜索事情标题"_s;
+    words.noneToDelete = u"【没有选定】需要删除的账户记录,你需要单击一条记录使其选定!"_s;
+    words.askDelete = u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s;
+    words.kindIcon = u"book"_s;
+    words.hasFlag = false;
+    words.columns = {
+        {u"null"_s, u"NO"_s, 50, 20, u"number"_s, ListColor::dim, false, {}},
+        {u"date"_s, u"记账日期"_s, 110, 100, u"date"_s, ListColor::dim, false, {}},
+        {u"kind"_s, u"账户名称"_s, 180, 120, u"string"_s, ListColor::none, false, {}},
+        {u"add"_s, u"增加"_s, 70, 60, u"money"_s, ListColor::add, false, {}},
+        {u"reduce"_s, u"减少"_s, 70, 60, u"money"_s, ListColor::reduce, false, {}},
+        {u"rmb"_s, u"金   额"_s, 75, 50, u"money"_s, ListColor::none, false, {}},
+        {u"thing"_s, u"事情"_s, 200, 140, u"string"_s, ListColor::none, true, {}},
+    };
+    return words;
+}

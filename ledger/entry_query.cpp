@@ -46,24 +46,8 @@ EntryLine LineOf(const cReader& row, qint64 number, const QString& rmb) {
     return line;
 }
 
-QString DatePiece(const EntryFilter& f) {
-    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
-    const QString d1 = plain(f.date1);
-    const QString d2 = plain(f.date2);
-    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
-    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
-    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
-    if (has1) return u" and Date1>="_s + Quote(d1);
-    if (has2) return u" and Date1<="_s + Quote(d2);
-    return {};
-}
-
-QString Grouped(double x) {
-    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
-}
-
 double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign) {
-    auto row = book.Read(u"select sum(Value1) as SumAll from tAccount  where 1 "_s + query.where + u" and nSign="_s + sign);
+    auto row = book.Read(u"select sum(Value1) as SumAll"_s + query.from + query.where + u" and nSign="_s + sign);
     return row.Next() ? row.Number(0) : 0;
 }
 
@@ -85,16 +69,32 @@ void FillRecord(cConnection& book, QStringList& line, qint64 id) {
 
 }  // namespace
 
+QString DateCondition(const EntryFilter& f) {
+    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
+    const QString d1 = plain(f.date1);
+    const QString d2 = plain(f.date2);
+    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
+    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
+    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
+    if (has1) return u" and Date1>="_s + Quote(d1);
+    if (has2) return u" and Date1<="_s + Quote(d2);
+    return {};
+}
+
+QString SumText(double x) {
+    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
+}
+
 QString EntryQuery::Sql() const {
-    return columns + u" from tAccount  where 1 "_s + where + order;
+    return columns + from + where + order;
 }
 
 EntryQuery BuildEntryQuery(const EntryFilter& f) {
-    EntryQuery query{kColumns, {}, kOrder, f.kind == u"all"};
+    EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder, f.kind == u"all"};
     if (f.marked) query.where += u" and Mark1=1"_s;
     if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
     query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
-    query.where += DatePiece(f);
+    query.where += DateCondition(f);
     return query;
 }
 
@@ -103,7 +103,7 @@ QString CheckedCondition(const QStringList& ids) {
 }
 
 int CountLines(cConnection& book, const EntryQuery& query) {
-    auto row = book.Read(u"select count(id1) as SumCount from tAccount  where 1 "_s + query.where);
+    auto row = book.Read(u"select count(id1) as SumCount"_s + query.from + query.where);
     return row.Next() ? static_cast<int>(row.Int(0)) : 0;
 }
 
@@ -148,9 +148,9 @@ EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
 
 SumTexts ShowSumTexts(const EntrySums& sums, bool all) {
     const QString count = GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
-    const QString in = Grouped(sums.in);
-    const QString out = Grouped(sums.out);
-    const QString rest = Grouped(sums.in - sums.out);
+    const QString in = SumText(sums.in);
+    const QString out = SumText(sums.out);
+    const QString rest = SumText(sums.in - sums.out);
     SumTexts t;
     t.count = u"笔数:"_s + count;
     t.bill = u"笔数 "_s + count;

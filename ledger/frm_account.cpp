@@ -95,14 +95,9 @@ void frmAccount::ReloadData() {
 
 void frmAccount::ShowSums() {
     const auto sums = ShowSumTexts(ReadSums(State().gDB, query_), query_.all);
-    lblCount->SetText(sums.count);
-    lblValue->SetText(sums.value);
+    ShowSumLabels(sums.count, sums.value);
     sumsTag_ = sums.tag;
     ShowFigures(sums);
-    lblCount->adjustSize();
-    lblValue->move(lblCount->geometry().right() + 25, lblValue->y());
-    lblValue->resize(lblValue->sizeHint().width(), lblValue->height());
-    lblCount->resize(lblCount->width(), lblValue->height());
 }
 
 void frmAccount::ShowDetail() {
@@ -160,7 +155,6 @@ void frmAccount::EditEntry() {
     OpenModal(kDlgEntry);
     if (!entry.done) return;
     ShowSums();
-    Notices().entryChanged.Emit();
     if (entry.id == -1) return;
     auto line = ReadOneLine(State().gDB, entry.id, CurrentNumber());
     if (!line) return;

@@ -60,12 +60,15 @@ class ListPage : public Page {
     /// After the lines are there, before they show.
     virtual void ListLoaded() {}
 
+    /// Shows the list with its filters, or other in their place.
+    void ShowOther(QWidget* other);
     /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
     /// filled anew.
     void LoadList(bool bPaged);
     /// Deletes the current line's entry after the question.
     void DeleteCurrent();
     void ResetFilters();
+    void ShowSumLabels(const QString& count, const QString& value);
     /// Puts the detail rows under the title line.
     void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
     int CurrentNumber() const;
@@ -73,6 +76,7 @@ class ListPage : public Page {
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
+    std::vector<KestroButton*> tools_;  ///< the toolbar from left to right
     KestroScrollMenu* KestroScrollMenu1;
     KestroButton* btnNew;
     KestroButton* btnEdit;
@@ -105,6 +109,7 @@ class ListPage : public Page {
     void ArrangeToolbar(int x, int width);
     void ArrangeFilters(int x, int width);
     void ArrangeLists(const QRect& room);
+    void ShowControls();
     void FillPages(int count);
     void OpenCalendar(bool second);
     void PickDate(QDate date);
@@ -115,6 +120,9 @@ class ListPage : public Page {
     QString askDelete_;
     class DetailPanel;
     DetailPanel* panel_;
+    QWidget* other_ = nullptr;
+    bool hasPages_ = false;
+    bool hasFlag_ = true;
     int displayMode_ = 1;
     bool started_ = false;
 };

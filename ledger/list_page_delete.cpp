@@ -6,7 +6,6 @@
 #include "ledger/list_page.h"
 #include "store/errors.h"
 #include "store/messages.h"
-#include "store/notices.h"
 #include "store/state.h"
 
 using namespace Qt::StringLiterals;
@@ -25,7 +24,6 @@ void ListPage::DeleteCurrent() {
     KestroList1->RemoveRows({row});
     ShowDetail();
     ShowSums();
-    Notices().entriesDeleted.Emit();
 }
 
 void ListPage::DoBtnMenuDelAll() {
@@ -54,7 +52,6 @@ void ListPage::DoBtnMenuDelAll() {
     }
     ShowMsg(u"成功删除"_s + QString::number(count) + u"条记账!"_s, u"确定"_s, kMsgDone);
     ShowSums();
-    Notices().entriesDeleted.Emit();
 }
 
 // Only lines whose entry is gone leave the list.

@@ -228,6 +228,14 @@ int cReader::ColumnCount() const {
     return sqlite3_column_count(body_->statement.get());
 }
 
+int cReader::ColumnOf(QStringView name) const {
+    for (int column = 0; column < ColumnCount(); ++column)
+        if (name.compare(QString::fromUtf8(sqlite3_column_name(body_->statement.get(), column)),
+                         Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
+}
+
 bool cReader::IsNull(int column) const {
     return sqlite3_column_type(body_->statement.get(), column) == SQLITE_NULL;
 }

@@ -94,6 +94,8 @@ class cReader {
     ~cReader();
     bool Next();
     int ColumnCount() const;
+    /// Number of a column by its name in any case, -1 when there is none.
+    int ColumnOf(QStringView name) const;
     bool IsNull(int column) const;
     QString Text(int column) const;
     qint64 Int(int column) const;

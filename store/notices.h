@@ -39,8 +39,6 @@ struct ProgramNotices {
     Notice<const QString&> chartChanged;  ///< table name: tKind or tSubAcc
     Notice<> booksChanged;                ///< gBooks has another list of books
     Notice<qint64> entrySaved;            ///< id of the main row of an entry made outside the list
-    Notice<> entryChanged;                ///< an entry was rewritten from one of the lists
-    Notice<> entriesDeleted;              ///< entries have gone: account records may have gone with them
     Notice<> remindersChanged;            ///< the number on the logo may be another
 };
 

@@ -169,6 +169,20 @@ void EditEntry(Tour& tour) {
                  const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
                  if (account != u"  5000 | 0 | 5000\n" || kind != u"  5000 | 2500 | 2500\n")
                      return tour.Fail(u"the change has not moved the balances as told"_s);
+                 Click(Tab(w, u"账  户"_s));
+             });
+}
+
+void SeeAccounts(Tour& tour) {
+    tour.Add(u"account page"_s,
+             [] {
+                 auto* window = WindowWith("btnNoNew");
+                 auto* button = window ? window->findChild<QWidget*>(u"btnNoNew"_s) : nullptr;
+                 auto* list = button ? button->parentWidget()->findChild<KestroList*>(u"KestroList1"_s) : nullptr;
+                 return list && list->RowCount() == 2 && !State().gBusy ? window : nullptr;
+             },
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"10-account-page"_s);
                  Click(Tab(w, u"设  置"_s));
              });
 }
@@ -187,12 +201,12 @@ void AddKind(Tour& tour) {
                  Key(money, Qt::Key_A, Qt::ControlModifier);
                  TypeText(money, u"-250.5"_s);
                  TypeText(Control(w, "editNote"), u"房东"_s);
-                 tour.Picture(w, u"10-input-box"_s);
+                 tour.Picture(w, u"11-input-box"_s);
                  Click(Control(w, "btnEnter"));
              });
     tour.Add(u"the new kind"_s, Settings,
              [&tour](QWidget* w) {
-                 tour.Picture(w, u"11-settings"_s);
+                 tour.Picture(w, u"12-settings"_s);
                  const QString kind = Lines(u"select k.Sort1,k.Name1,k.nReduce,k.Money,a.Title1,a.Value1,a.nSign from"
                                             u" tKind k join tAccount a on a.Id1=k.IID where k.Sort1='0304'"_s);
                  std::printf("the new kind:\n%s", qUtf8Printable(kind));
@@ -207,7 +221,7 @@ void DeleteEntry(Tour& tour) {
              [](QWidget* w) { Key(EntryList(w), Qt::Key_Delete); });
     tour.Add(u"question before deleting"_s, [] { return MessageWith(u"确定"_s); },
              [&tour](QWidget* w) {
-                 tour.Picture(w, u"12-delete-question"_s);
+                 tour.Picture(w, u"13-delete-question"_s);
                  Key(w, Qt::Key_Return);
              });
     tour.Add(u"list without the entry"_s, [] { return MainWithRows(3); },
@@ -240,6 +254,7 @@ int main(int argc, char** argv) {
     TypeEntry(tour);
     ShowResult(tour);
     EditEntry(tour);
+    SeeAccounts(tour);
     AddKind(tour);
     DeleteEntry(tour);
     tour.Start();
