@@ -77,6 +77,7 @@ TEST_F(InvariantTest, RandomSavesKeepBalancesAndTies) {
 TEST_F(InvariantTest, ReversingEverythingReturnsToTheStart) {
     OpenSample();
     auto& book = State().gDB;
+    book.Execute(u"pragma synchronous=off"_s);
     const QString totals =
         u"select Sort1,round(nAdd,2),round(nReduce,2),round(Money,2) from tKind union all"
         u" select 'a'||Sort1,round(nAdd,2),round(nReduce,2),round(Money,2) from tSubAcc"_s;
