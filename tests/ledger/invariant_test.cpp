@@ -1,5 +1,8 @@
-// Whatever is saved in whatever order: balances equal the sums of the rows, and all ties hold.
+// Whatever is saved, changed and deleted in whatever order: balances equal the sums of the rows, and all ties
+// hold.
 
+#include "ledger/entry_delete.h"
+#include "ledger/entry_edit.h"
 #include "ledger/posting.h"
 #include "tests/support/entries.h"
 #include "tests/support/fixture.h"
@@ -16,6 +19,7 @@ struct CodeAndName {
 
 class InvariantTest : public Fixture {
  protected:
+    void Seed(unsigned seed) { dice_.seed(seed); }
     size_t Roll(size_t sides) { return std::uniform_int_distribution<size_t>(0, sides - 1)(dice_); }
     bool Toss() { return Roll(2) == 1; }
 
@@ -45,9 +49,31 @@ class InvariantTest : public Fixture {
         return e;
     }
 
+    // Any row of any entry.
+    qint64 AnyRow() {
+        const auto ids = Rows(State().gDB, u"select Id1 from tAccount"_s);
+        return ids[static_cast<qsizetype>(Roll(static_cast<size_t>(ids.size())))].toLongLong();
+    }
+
+    void SaveEditOrDelete() {
+        auto& book = State().gDB;
+        const auto dice = Roll(10);
+        if (dice < 5) {
+            PostEntry(book, RandomEntry());
+        } else if (dice < 8) {
+            const auto loaded = LoadEntry(book, AnyRow());
+            ASSERT_TRUE(loaded.has_value());
+            auto e = RandomEntry();
+            SaveEditedEntry(book, e, loaded->main, loaded->opened);
+        } else {
+            // By the main row: a second row that an edit has added knows nothing of the records.
+            EXPECT_TRUE(DeleteEntry(book, ResolveMainRow(book, AnyRow())));
+        }
+    }
+
     void SaveMany(unsigned seed, int count) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        dice_.seed(seed);
+        Seed(seed);
         OpenSample(u"seed%1.jotdb"_s.arg(seed));
         auto& book = State().gDB;
         book.Execute(u"pragma synchronous=off"_s);
@@ -77,6 +103,7 @@ TEST_F(InvariantTest, RandomSavesKeepBalancesAndTies) {
 TEST_F(InvariantTest, ReversingEverythingReturnsToTheStart) {
     OpenSample();
     auto& book = State().gDB;
+    book.Execute(u"pragma synchronous=off"_s);
     const QString totals =
         u"select Sort1,round(nAdd,2),round(nReduce,2),round(Money,2) from tKind union all"
         u" select 'a'||Sort1,round(nAdd,2),round(nReduce,2),round(Money,2) from tSubAcc"_s;
@@ -89,4 +116,25 @@ TEST_F(InvariantTest, ReversingEverythingReturnsToTheStart) {
         UpdateBalance(book, ids.record2, u"tSubAcc"_s, u"-"_s);
     }
     EXPECT_EQ(Rows(book, totals), before);
+}
+
+TEST_F(InvariantTest, RandomEditsAndDeletionsKeepThemToo) {
+    boxes.AnswerAll(1);  // a draw of two equal kinds is refused, which has to leave everything as well
+    const unsigned fresh = std::random_device{}();
+    for (const unsigned seed : {20161231U, fresh}) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        Seed(seed);
+        OpenSample(u"edits%1.jotdb"_s.arg(seed));
+        auto& book = State().gDB;
+        book.Execute(u"pragma synchronous=off"_s);
+        for (int i = 0; i < 10; ++i)
+            PostEntry(book, RandomEntry());
+        for (int i = 1; i <= 300; ++i) {
+            SaveEditOrDelete();
+            if (i % 50 != 0) continue;
+            ASSERT_EQ(BalanceBreaks(book), QStringList()) << "after action " << i;
+            ASSERT_EQ(TieBreaks(book), QStringList()) << "after action " << i;
+        }
+        EXPECT_EQ(Rows(book, u"pragma integrity_check"_s), QStringList{u"ok"_s});
+    }
 }
