@@ -17,6 +17,7 @@ class EntryEditTest : public Fixture {
  protected:
     EntryEditTest() {
         OpenSample();
+        Book().Execute(u"pragma synchronous=off"_s);
         boxes.AnswerAll(1);
     }
     cConnection& Book() { return State().gDB; }
