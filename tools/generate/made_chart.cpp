@@ -10,14 +10,14 @@ QString Level(int number) {
     return QString::number(number).rightJustified(2, u'0');
 }
 
-// Width children a level; below the second level only each third row has children of its own.
+// Width children a level; below the third level only the last row has children of its own.
 void Grow(std::vector<MadeRow>& chart, const QString& code, const QString& name, int depth, int width) {
     const size_t at = chart.size();
     chart.push_back({code, name, depth == 0});
     if (depth == 0) return;
     const bool last = depth == 1;
     for (int i = 1; i <= width; ++i)
-        Grow(chart, code + Level(i), name + QString::number(i), last || i % 3 != 0 ? 0 : depth - 1, width);
+        Grow(chart, code + Level(i), name + QString::number(i), last || i != width ? 0 : depth - 1, width);
     chart[at].leaf = false;
 }
 
