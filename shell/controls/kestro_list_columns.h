@@ -31,7 +31,8 @@ struct ListColumnState {
 class FigureMeter {
  public:
     explicit FigureMeter(const QFont& font);
-    int Width(QStringView text) const;
+    /// Width of a text, with so many separators of groups still to come into it.
+    int Width(QStringView text, qsizetype separators = 0) const;
 
  private:
     std::array<double, 128> narrow_{};
