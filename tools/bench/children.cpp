@@ -81,6 +81,6 @@ StartFigures Children::Program(const QString& book, int runs) const {
     return Run(u"bench_start"_s, {book, folder_ + u"/program"_s}, runs);
 }
 
-StartFigures Children::LeastWindow(const QString& book, int runs) const {
-    return Run(u"bench_least"_s, {book}, runs);
+StartFigures Children::LeastWindow(const QString& book, const QString& text, int runs) const {
+    return Run(u"bench_least"_s, text.isEmpty() ? QStringList{book} : QStringList{book, text}, runs);
 }

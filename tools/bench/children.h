@@ -15,7 +15,8 @@ class Children {
 
     /// Medians of several starts on a book.
     StartFigures Program(const QString& book, int runs) const;
-    StartFigures LeastWindow(const QString& book, int runs) const;
+    /// text: one line that the window shows, empty for a blank window.
+    StartFigures LeastWindow(const QString& book, const QString& text, int runs) const;
 
  private:
     StartFigures Run(const QString& program, const QStringList& arguments, int runs) const;
