@@ -1,10 +1,10 @@
 #include "shell/controls/kestro_list_columns.h"
 
-#include "shell/skin.h"
 #include "store/money.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +69,12 @@ FigureMeter::FigureMeter(const QFont& font) {
         narrow_[i] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(i)));
     narrow_[u'\n'] = narrow_[u'\r'] = narrow_[u' '];  // as they are painted
     wide_ = metrics.horizontalAdvance(u"国"_s);
+}
+
+const FigureMeter& FigureMeter::Of(Type type) {
+    static std::map<Type, FigureMeter> meters;
+    const auto known = meters.find(type);
+    return known != meters.end() ? known->second : meters.emplace(type, Skin::Font(type)).first->second;
 }
 
 int FigureMeter::Width(QStringView text, qsizetype separators) const {
