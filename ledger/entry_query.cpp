@@ -1,13 +1,17 @@
 #include "ledger/entry_query.h"
 
-#include <algorithm>
-
 #include "chart/codes.h"
 #include "store/entry_rows.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/picture_index.h"
 #include "store/state.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -19,30 +23,38 @@ const QString kDash = u"－"_s;
 
 // Columns of kColumns by number.
 enum Column { kId, kTitle, kMark, kDate, kTime, kType, kSign, kTypeName, kValue, kIid, kIiid, kPic };
+constexpr size_t kCells = 8;
 
 QString IconGroup(const cReader& row) {
     const auto digit = [](bool on) { return on ? u'1' : u'0'; };
-    QString icons;
-    icons += digit(row.Int(kMark) != 0);
-    icons += digit(Val(row.Text(kPic)) >= 1);
-    icons += digit(row.Int(kIiid) >= 0);
-    return icons == u"000" ? QString() : icons;
+    const QChar icons[] = {digit(row.Int(kMark) != 0), digit(row.Number(kPic) >= 1),
+                           digit(row.Int(kIiid) >= 0)};
+    const QString group(icons, std::size(icons));
+    return group == u"000" ? QString() : group;
 }
 
-EntryLine LineOf(const cReader& row, qint64 number, const QString& rmb) {
-    const QString money = MoneyText(row.Number(kValue));
+// Texts one behind the other, decoded together.
+QString Joined(std::initializer_list<QByteArrayView> pieces) {
+    QVarLengthArray<char, 160> bytes;
+    for (const auto piece : pieces)
+        bytes.append(piece.data(), piece.size());
+    return QString::fromUtf8(bytes.data(), bytes.size());
+}
+
+EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const QString& rmb) {
     const bool add = row.Int(kSign) == 1;
     EntryLine line;
-    line.key = row.Text(kId);
+    line.key = QString::number(row.Int(kId));
     line.subKey = row.Text(kType);
-    line.cells = {QString::number(number),
-                  row.Text(kDate) + u"  "_s + row.Text(kTime),
-                  line.subKey + row.Text(kTypeName),
-                  add ? money : QString(),
-                  add ? QString() : money,
-                  rmb,
-                  row.Text(kTitle),
-                  IconGroup(row)};
+    line.cells.reserve(kCells);
+    line.cells.push_back(QString::number(number));
+    line.cells.push_back(Joined({row.Bytes(kDate), "  ", row.Bytes(kTime)}));
+    line.cells.push_back(Joined({row.Bytes(kType), row.Bytes(kTypeName)}));
+    line.cells.push_back(add ? money : QString());
+    line.cells.push_back(add ? QString() : money);
+    line.cells.push_back(rmb);
+    line.cells.push_back(row.Text(kTitle));
+    line.cells.push_back(IconGroup(row));
     return line;
 }
 
@@ -92,7 +104,8 @@ QString EntryQuery::Sql() const {
 EntryQuery BuildEntryQuery(const EntryFilter& f) {
     EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder, f.kind == u"all"};
     if (f.marked) query.where += u" and Mark1=1"_s;
-    if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    if (!f.text.trimmed().isEmpty())
+        query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
     query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
     query.where += DateCondition(f);
     return query;
@@ -117,7 +130,10 @@ bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
         const double value = rows.Number(kValue);
         const auto sign = rows.Int(kSign);
         (sign == 1 ? in : out) += value;
-        take(LineOf(rows, first + n, MoneyText(query.all ? value * static_cast<double>(sign) : in - out)));
+        const QString money = MoneyText(value);
+        const bool same = query.all && sign == 1;
+        const double shown = query.all ? value * static_cast<double>(sign) : in - out;
+        take(LineOf(rows, first + n, money, same ? money : MoneyText(shown)));
         job.Step(n);
         if (job.Stopped()) return false;
     }
@@ -137,7 +153,7 @@ std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {
     if (!at) return {};
     auto row = book.Read(kColumns + u" from tAccount where rowid="_s + QString::number(*at));
     if (!row.Next()) return {};
-    auto line = LineOf(row, number, {});
+    auto line = LineOf(row, number, MoneyText(row.Number(kValue)), {});
     line.signedAmount = MoneyText(row.Number(kValue) * static_cast<double>(row.Int(kSign)));
     return line;
 }
@@ -176,7 +192,8 @@ std::vector<PageItem> PageItems(int count) {
 
 EntryDetail ReadDetail(cConnection& book, qint64 id) {
     EntryDetail detail;
-    for (const auto& label : {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
+    for (const auto& label :
+         {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
         detail.rows.push_back({label, {}, {}});
     const auto row = FindRow(book, u"tAccount"_s, id);
     if (!row) return detail;

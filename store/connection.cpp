@@ -243,8 +243,13 @@ bool cReader::IsNull(int column) const {
 QString cReader::Text(int column) const {
     auto* statement = body_->statement.get();
     if (sqlite3_column_type(statement, column) == SQLITE_FLOAT) return PlainNumber(Number(column));
+    return QString::fromUtf8(Bytes(column));
+}
+
+QByteArrayView cReader::Bytes(int column) const {
+    auto* statement = body_->statement.get();
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+    return {text, static_cast<qsizetype>(sqlite3_column_bytes(statement, column))};
 }
 
 qint64 cReader::Int(int column) const {

@@ -2,6 +2,7 @@
 // The one data access layer over SQLite. It alone throws (DbError).
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -98,6 +99,8 @@ class cReader {
     int ColumnOf(QStringView name) const;
     bool IsNull(int column) const;
     QString Text(int column) const;
+    /// A text column as the UTF-8 that the file holds, good until Next.
+    QByteArrayView Bytes(int column) const;
     qint64 Int(int column) const;
     double Number(int column) const;
 

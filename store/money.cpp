@@ -1,14 +1,15 @@
 #include "store/money.h"
 
+#include "store/state.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <system_error>
-
-#include "store/state.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,7 +39,8 @@ enum class Halves { toEven, awayFromZero };
 
 bool RoundsUp(const std::string& digits, size_t keep, Halves halves) {
     if (keep >= digits.size()) return false;
-    const bool exactHalf = digits[keep] == '5' && digits.find_first_not_of('0', keep + 1) == std::string::npos;
+    const bool exactHalf =
+        digits[keep] == '5' && digits.find_first_not_of('0', keep + 1) == std::string::npos;
     if (exactHalf && halves == Halves::toEven) return keep > 0 && (digits[keep - 1] - '0') % 2 == 1;
     return digits[keep] >= '5';
 }
@@ -53,7 +55,8 @@ std::string HundredthsOf(const Decimal& d, Halves halves) {
     digits.resize(keep, '0');
     if (up) {
         auto i = digits.size();
-        while (i > 0 && digits[i - 1] == '9') digits[--i] = '0';
+        while (i > 0 && digits[i - 1] == '9')
+            digits[--i] = '0';
         if (i > 0)
             ++digits[i - 1];
         else
@@ -63,7 +66,31 @@ std::string HundredthsOf(const Decimal& d, Halves halves) {
     return first == std::string::npos ? "0" : digits.substr(first);
 }
 
+// The whole hundredths of an amount that is far enough from a half for 15 digits not to matter: nearly every
+// one. The others go through their decimal text.
+std::optional<qint64> ClearHundredths(double x) {
+    constexpr double kMost = 1e9, kNearHalf = 0.499;
+    const double hundredths = x * 100;
+    const double whole = std::round(hundredths);
+    if (!(std::fabs(x) < kMost) || std::fabs(hundredths - whole) > kNearHalf) return {};
+    return static_cast<qint64>(whole);
+}
+
+QString TwoPlacesOf(qint64 hundredths) {
+    char16_t text[24];
+    char16_t* const end = std::end(text);
+    char16_t* at = end;
+    qint64 rest = std::abs(hundredths);
+    for (int digit = 0; digit < 3 || rest > 0; ++digit, rest /= 10) {
+        if (digit == 2) *--at = u'.';
+        *--at = static_cast<char16_t>(u'0' + rest % 10);
+    }
+    if (hundredths < 0) *--at = u'-';
+    return QString(reinterpret_cast<const QChar*>(at), end - at);
+}
+
 QString TwoPlaces(double x, Halves halves) {
+    if (const auto clear = ClearHundredths(x)) return TwoPlacesOf(*clear);
     const auto d = DecimalOf(x);
     auto hundredths = HundredthsOf(d, halves);
     const bool zero = hundredths == "0";
@@ -123,6 +150,8 @@ QString PlainNumber(double x) {
 
 QString MoneyText(double x) {
     if (!std::isfinite(x) || std::fabs(x) >= 1e15) return PlainNumber(x);
+    if (const auto clear = ClearHundredths(x); clear && *clear % 100 == 0)
+        return QString::number(*clear / 100);
     auto text = TwoPlaces(x, Halves::toEven);
     if (text.endsWith(u".00"_s)) text.chop(3);
     return text;
@@ -188,7 +217,8 @@ QString TwoDigits(int x) {
 
 std::optional<int> Hundredths(double amount) {
     const double whole = std::round(FixedText(amount).toDouble() * 100);
-    if (!std::isfinite(whole) || whole > std::numeric_limits<int>::max() || whole < std::numeric_limits<int>::min())
+    if (!std::isfinite(whole) || whole > std::numeric_limits<int>::max() ||
+        whole < std::numeric_limits<int>::min())
         return {};
     return static_cast<int>(whole);
 }

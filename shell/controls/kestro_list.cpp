@@ -214,8 +214,8 @@ void KestroList::SetCell(int row, int column, const QString& text) {
     cells[static_cast<size_t>(column)] = text;
     if (model_->IsFilling()) return;
     ListColumnState& state = model_->Column(column);
-    const QFont font = Skin::Font(state.IsDate() ? Type::small : Type::body);
-    if (!state.IsText() && !state.IsIcons()) GrowBy(state, text, FigureMeter(font));
+    const FigureMeter& meter = FigureMeter::Of(state.IsDate() ? Type::small : Type::body);
+    if (!state.IsText() && !state.IsIcons()) GrowBy(state, text, meter);
     model_->MeasureBars();
     model_->TellRow(row);
     FitColumns();

@@ -1,10 +1,10 @@
 #include "shell/controls/kestro_list_columns.h"
 
-#include "shell/skin.h"
 #include "store/money.h"
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -67,11 +67,18 @@ FigureMeter::FigureMeter(const QFont& font) {
     const QFontMetricsF metrics(font);
     for (size_t i = 32; i < narrow_.size(); ++i)
         narrow_[i] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(i)));
+    narrow_[u'\n'] = narrow_[u'\r'] = narrow_[u' '];  // as they are painted
     wide_ = metrics.horizontalAdvance(u"国"_s);
 }
 
-int FigureMeter::Width(QStringView text) const {
-    double sum = 0;
+const FigureMeter& FigureMeter::Of(Type type) {
+    static std::map<Type, FigureMeter> meters;
+    const auto known = meters.find(type);
+    return known != meters.end() ? known->second : meters.emplace(type, Skin::Font(type)).first->second;
+}
+
+int FigureMeter::Width(QStringView text, qsizetype separators) const {
+    double sum = static_cast<double>(separators) * narrow_[u','];
     for (const QChar c : text)
         sum += c.unicode() < narrow_.size() ? narrow_[c.unicode()] : wide_;
     return static_cast<int>(std::ceil(sum));
@@ -101,10 +108,27 @@ qsizetype PointOf(QStringView painted) {
     return point < 0 ? painted.size() : point;
 }
 
+namespace {
+// An amount is at most as wide as its own text with all its separators, so nearly every one is known to fit
+// without being grouped first.
+bool Fits(const ListColumnState& column, const QString& amount, const FigureMeter& meter) {
+    if (!LooksLikeNumber(amount)) return false;
+    const qsizetype point = PointOf(amount);
+    const qsizetype separators = column.nGroup > 0 ? std::max<qsizetype>(0, point - 1) / column.nGroup : 0;
+    return meter.Width(QStringView(amount).left(point), separators) <= column.wholeWidth &&
+           meter.Width(QStringView(amount).mid(point)) <= column.partWidth;
+}
+}  // namespace
+
 void GrowBy(ListColumnState& column, const QString& cell, const FigureMeter& meter) {
     if (cell.isEmpty()) return;
+    if (!column.IsMoney()) {
+        column.wholeWidth = std::max(column.wholeWidth, meter.Width(cell));
+        return;
+    }
+    if (Fits(column, cell, meter)) return;
     const QString text = PaintedText(column, cell);
-    const qsizetype point = column.IsMoney() ? PointOf(text) : text.size();
+    const qsizetype point = PointOf(text);
     column.wholeWidth = std::max(column.wholeWidth, meter.Width(QStringView(text).left(point)));
     column.partWidth = std::max(column.partWidth, meter.Width(QStringView(text).mid(point)));
 }

@@ -31,14 +31,14 @@ int KestroList::FromView(int viewColumn) const {
 }
 
 void KestroList::GrowColumns(int firstRow) {
-    const FigureMeter body(Skin::Font(Type::body)), bold(Skin::Font(Type::bodyBold)),
-        small(Skin::Font(Type::small));
-    for (int column = 0; column < ColumnCount(); ++column) {
+    const FigureMeter& body = FigureMeter::Of(Type::body);
+    for (int column = 0; column < ColumnCount() && firstRow < RowCount(); ++column) {
         ListColumnState& state = model_->Column(column);
         if (state.IsText() || state.IsIcons()) continue;
+        const FigureMeter& usual = state.IsDate() ? FigureMeter::Of(Type::small) : body;
         for (int row = firstRow; row < RowCount(); ++row) {
-            const FigureMeter& money = model_->Row(row).look.bold ? bold : body;
-            GrowBy(state, model_->Cell(row, column), state.IsDate() ? small : money);
+            const bool bold = model_->Row(row).look.bold && !state.IsDate();
+            GrowBy(state, model_->Cell(row, column), bold ? FigureMeter::Of(Type::bodyBold) : usual);
         }
     }
 }

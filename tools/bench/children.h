@@ -1,0 +1,26 @@
+#pragma once
+// Starts of whole programs, each as a process of its own in a world of its own.
+
+#include <QString>
+
+struct StartFigures {
+    double milliseconds = 0;
+    double megabytes = 0;
+};
+
+class Children {
+ public:
+    /// folder: where the children's program folder and home are laid out; tools: where their programs are.
+    Children(QString folder, QString tools);
+
+    /// Medians of several starts on a book.
+    StartFigures Program(const QString& book, int runs) const;
+    /// text: one line that the window shows, empty for a blank window.
+    StartFigures LeastWindow(const QString& book, const QString& text, int runs) const;
+
+ private:
+    StartFigures Run(const QString& program, const QStringList& arguments, int runs) const;
+    StartFigures RunOnce(const QString& program, const QStringList& arguments) const;
+    QString folder_;
+    QString tools_;
+};

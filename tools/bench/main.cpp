@@ -1,0 +1,118 @@
+// bench [--quick] [--json FILE]: the speed of the program beside raw SQLite, on books made for it, as a
+// table. Needs no display. --quick leaves out the largest book. A missed bound shows in the table, not in the
+// exit code.
+
+#include "app/windows.h"
+#include "shell/controls/kestro_style.h"
+#include "shell/skin.h"
+#include "store/state.h"
+#include "tools/bench/book_bench.h"
+#include "tools/bench/children.h"
+#include "tools/generate/book_maker.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kStartBound = 2.5, kMemoryBound = 2;
+constexpr double kReadGrowth = 10, kSortGrowth = 13, kSaveGrowth = 1.25;
+constexpr int kBoundBook = 10000, kClickBook = 20000;
+
+const QString kStartAction = u"start to the window at rest"_s;
+
+struct Wishes {
+    bool quick = false;
+    QString json;
+    bool understood = true;
+};
+
+Wishes ReadArguments(const QStringList& arguments) {
+    Wishes wishes;
+    for (int i = 1; i < arguments.size(); ++i) {
+        if (arguments[i] == u"--quick")
+            wishes.quick = true;
+        else if (arguments[i] == u"--json" && i + 1 < arguments.size())
+            wishes.json = arguments[++i];
+        else
+            wishes.understood = false;
+    }
+    return wishes;
+}
+
+// The bounds are told for a book of ten thousand entries.
+void MeasureStart(SpeedTable& table, const Children& children, const QString& book, int entries, int runs) {
+    const auto least = children.LeastWindow(book, {}, runs);
+    const auto text = children.LeastWindow(book, u"墨鹊理财"_s, runs);
+    const auto program = children.Program(book, runs);
+    const auto bound = [entries](double most) {
+        return entries == kBoundBook ? std::optional(most) : std::nullopt;
+    };
+    table.Add({kStartAction, entries, program.milliseconds, least.milliseconds, u"ms"_s, bound(kStartBound)});
+    table.Add({u"  beside a window with one line of text"_s,
+               entries,
+               program.milliseconds,
+               text.milliseconds,
+               u"ms"_s,
+               {}});
+    table.Add(
+        {u"  its peak memory"_s, entries, program.megabytes, least.megabytes, u"MB"_s, bound(kMemoryBound)});
+    table.Add({u"  beside a window with one line of text"_s,
+               entries,
+               program.megabytes,
+               text.megabytes,
+               u"MB"_s,
+               {}});
+}
+
+bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
+    const Children children(folder, QApplication::applicationDirPath());
+    for (const int entries : quick ? std::vector{1000, 10000} : std::vector{1000, 10000, 100000}) {
+        const QString book = folder + u"/book%1.jotdb"_s.arg(entries);
+        if (!MakeBook(book, entries)) return false;
+        MeasureStart(table, children, book, entries, quick ? 3 : 9);
+        MeasureReads(table, book, entries, quick ? 5 : 11);
+        MeasureSaves(table, book, entries, quick ? 11 : 31);
+    }
+    const QString book = folder + u"/clicks.jotdb"_s;
+    if (!MakeBook(book, kClickBook)) return false;
+    MeasureClicks(table, book, kClickBook, quick ? 5 : 11);
+    table.AddGrowth(kStartAction, kSortGrowth);
+    table.AddGrowth(kPageAction, kSortGrowth);
+    table.AddGrowth(kReloadAction, kSortGrowth);
+    table.AddGrowth(kSumsAction, kReadGrowth);
+    table.AddGrowth(kKindSumsAction, kReadGrowth);
+    table.AddGrowth(kSaveAction, kSaveGrowth);
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    const auto wishes = ReadArguments(QApplication::arguments());
+    if (!wishes.understood) {
+        std::fputs("Usage: bench [--quick] [--json FILE]\n", stderr);
+        return 2;
+    }
+    const QString tools = QApplication::applicationDirPath();
+    State().gProgramFolder = QDir::cleanPath(tools + u"/../bin"_s);
+    Skin::Load(State().gProgramFolder, false);
+    QApplication::setStyle(new KestroStyle);
+    QApplication::setFont(Skin::Font(Type::body));
+    RegisterWindows();
+    const QString folder = QDir::cleanPath(tools + u"/../bench"_s);
+    QDir(folder).removeRecursively();
+    SpeedTable table;
+    const bool measured = QDir().mkpath(folder) && MeasureAll(table, folder, wishes.quick);
+    QDir(folder).removeRecursively();
+    if (!measured) return 1;
+    table.Print();
+    return wishes.json.isEmpty() || table.WriteJson(wishes.json) ? 0 : 1;
+}

@@ -1,0 +1,38 @@
+#pragma once
+// The other side of every comparison: a book through SQLite's C interface and nothing else.
+
+#include <array>
+#include <memory>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+/// Values of an entry of two kinds and two accounts, final: nothing of it is looked up.
+struct LeanEntry {
+    std::string title, date, time;
+    std::array<std::string, 2> kinds, kindNames, accounts, accountNames;
+    std::string amount;
+};
+
+class RawBook {
+ public:
+    using Row = std::array<std::string, 12>;
+
+    explicit RawBook(const std::string& path);
+
+    /// Every row of a query of twelve columns, as texts.
+    std::vector<Row> Rows(const std::string& sql);
+    double Number(const std::string& sql);
+    /// One entry in one transaction: rows with their ties, id counters, balances.
+    void Save(const LeanEntry& entry);
+
+ private:
+    struct Closing {
+        void operator()(sqlite3* db) const { sqlite3_close_v2(db); }
+        void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    };
+    using Statement = std::unique_ptr<sqlite3_stmt, Closing>;
+    Statement Prepare(const std::string& sql);
+    void Run(const std::string& sql);
+    std::unique_ptr<sqlite3, Closing> db_;
+};
