@@ -1,5 +1,8 @@
 #include "agent/head_choice.h"
 
+#include "shell/controls/kestro_button.h"
+#include "shell/skin.h"
+
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -7,9 +10,6 @@
 #include <QPainter>
 
 #include <algorithm>
-
-#include "shell/controls/kestro_button.h"
-#include "shell/skin.h"
 
 using namespace Qt::StringLiterals;
 
@@ -68,6 +68,7 @@ HeadChoice::HeadChoice() : KestroDialog(DialogKind::small, u"重设头像"_s) {
 }
 
 QString HeadChoice::Chosen() const {
-    const auto found = std::find_if(heads_.begin(), heads_.end(), [](const auto* head) { return head->isChecked(); });
+    const auto found =
+        std::find_if(heads_.begin(), heads_.end(), [](const auto* head) { return head->isChecked(); });
     return found == heads_.end() ? u"head-1"_s : (*found)->Name();
 }

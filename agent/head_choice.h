@@ -1,9 +1,9 @@
 #pragma once
 // The window of JotIco: six heads, one of which is chosen.
 
-#include <vector>
-
 #include "shell/controls/kestro_dialog.h"
+
+#include <vector>
 
 class HeadButton;
 

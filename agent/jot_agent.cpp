@@ -1,13 +1,5 @@
-// JotAgent: the small program in the tray. It shows the number of due reminders, brings the main window to the
-// front at a click, and goes when the program goes. It never opens a book.
-
-#include <QApplication>
-#include <QLockFile>
-#include <QPainter>
-#include <QSystemTrayIcon>
-#include <QTimer>
-
-#include <csignal>
+// JotAgent: the small program in the tray. It shows the number of due reminders, brings the main window to
+// the front at a click, and goes when the program goes. It never opens a book.
 
 #include "app/single_instance.h"
 #include "shell/skin.h"
@@ -17,6 +9,14 @@
 #include "store/session.h"
 #include "store/settings.h"
 #include "store/state.h"
+
+#include <QApplication>
+#include <QLockFile>
+#include <QPainter>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -79,7 +79,8 @@ class Agent {
     void ShowIcon() {
         if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
         icon_.setIcon(Picture());
-        icon_.setToolTip(due_ > 0 ? u"墨鹊理财：您有【"_s + QString::number(due_) + u"】个提醒"_s : u"墨鹊理财"_s);
+        icon_.setToolTip(due_ > 0 ? u"墨鹊理财：您有【"_s + QString::number(due_) + u"】个提醒"_s
+                                  : u"墨鹊理财"_s);
         icon_.setVisible(WantsIcon());
     }
 

@@ -1,8 +1,6 @@
 // JotIco: chooses one of the head icons, which the reminder window shows.
 
-#include <QApplication>
-#include <QFile>
-
+#include "agent/head_choice.h"
 #include "shell/controls/kestro_style.h"
 #include "shell/controls/kestro_tool_tip.h"
 #include "shell/ico_file.h"
@@ -13,7 +11,8 @@
 #include "store/session.h"
 #include "store/state.h"
 
-#include "agent/head_choice.h"
+#include <QApplication>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,8 @@
 #include "app/desktop.h"
 
+#include "store/outside.h"
+#include "store/paths.h"
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
@@ -9,9 +12,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
-
-#include "store/outside.h"
-#include "store/paths.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,7 +42,8 @@ bool MoveToTrash(const QString& path) {
 }
 
 bool StartCalculator() {
-    for (const auto& name : {u"gnome-calculator"_s, u"kcalc"_s, u"mate-calc"_s, u"galculator"_s, u"xcalc"_s}) {
+    for (const auto& name :
+         {u"gnome-calculator"_s, u"kcalc"_s, u"mate-calc"_s, u"galculator"_s, u"xcalc"_s}) {
         const QString program = QStandardPaths::findExecutable(name);
         if (!program.isEmpty()) return Launch(program, {}, QDir::homePath());
     }

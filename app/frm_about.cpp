@@ -1,9 +1,5 @@
 #include "app/frm_about.h"
 
-#include <QApplication>
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 #include "shell/addresses.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_dialog.h"
@@ -12,6 +8,10 @@
 #include "shell/controls/kestro_png_pic.h"
 #include "store/outside.h"
 #include "store/state.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,5 @@
 #include "app/frm_login.h"
 
-#include <QContextMenuEvent>
-#include <QDir>
-#include <QKeyEvent>
-
 #include "app/login_hero.h"
 #include "app/startup.h"
 #include "shell/book_switch.h"
@@ -19,6 +15,10 @@
 #include "store/paths.h"
 #include "store/session.h"
 #include "store/settings.h"
+
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -97,7 +97,8 @@ void frmLogin::ChooseBookItem(const QString& key) {
 void frmLogin::OpenBookFile(QString path) {
     path = path.toLower();
     if (path.isEmpty())
-        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath).toLower();
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath)
+                   .toLower();
     if (path.isEmpty()) return;
     if (!FileExists(path)) {
         ShowMsg(u"文件【"_s + path + u"】不存在！"_s, u"确定"_s, kMsgFail);
@@ -156,10 +157,11 @@ void frmLogin::BtnPathClicked() {
     const QString folder = ChooseFolder(u"选择目录"_s, State().sDBPath).toLower();
     if (folder.isEmpty()) return;
     if (IsForbiddenBox(folder, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) {
-        ShowMsg(u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"
-                u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
-                u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s,
-                u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
+        ShowMsg(
+            u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"
+            u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
+            u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s,
+            u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
         return;
     }
     MoveBookBox(folder);

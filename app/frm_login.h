@@ -1,13 +1,13 @@
 #pragma once
 // frmLogin: the first window. It opens a book when the password is right.
 
-#include <QTimer>
-
-#include <functional>
-
 #include "shell/controls/kestro_dialog.h"
 #include "shell/menus.h"
 #include "store/state.h"
+
+#include <QTimer>
+
+#include <functional>
 
 class KestroButton;
 class KestroCombox;

@@ -1,8 +1,8 @@
 #include "app/login_hero.h"
 
-#include <QPainter>
-
 #include "shell/skin.h"
+
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,14 @@
 // The process entry.
 
+#include "app/startup.h"
+#include "app/windows.h"
+#include "shell/controls/kestro_style.h"
+#include "shell/controls/kestro_tool_tip.h"
+#include "shell/message_box.h"
+#include "shell/skin.h"
+#include "store/errors.h"
+#include "store/paths.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -10,15 +19,6 @@
 
 #include <cstdio>
 #include <cstring>
-
-#include "app/startup.h"
-#include "app/windows.h"
-#include "shell/controls/kestro_style.h"
-#include "shell/controls/kestro_tool_tip.h"
-#include "shell/message_box.h"
-#include "shell/skin.h"
-#include "store/errors.h"
-#include "store/paths.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,8 @@
 #include "app/single_instance.h"
 
+#include "store/errors.h"
+#include "store/settings.h"
+
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
@@ -7,9 +10,6 @@
 #include <QLocalSocket>
 
 #include <unistd.h>
-
-#include "store/errors.h"
-#include "store/settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +35,8 @@ QByteArray Packed(const ChannelMessage& m) {
 QString ChannelName(const QString& role) {
     const auto settings = QFileInfo(SettingsPath()).canonicalFilePath();
     const auto hash = QCryptographicHash::hash(settings.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
-    return RunFolder() + u"/kestrojot-"_s + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) + u'-' + role;
+    return RunFolder() + u"/kestrojot-"_s + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) +
+           u'-' + role;
 }
 
 bool SendMessage(const QString& channel, const ChannelMessage& message) {
@@ -55,7 +56,8 @@ bool InstanceLock::Take() {
 
 bool ChannelServer::Listen(const QString& channel) {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { RunEvent([this] { TakeConnection(); }); });
+    QObject::connect(&server_, &QLocalServer::newConnection, &server_,
+                     [this] { RunEvent([this] { TakeConnection(); }); });
     // Whoever still answers is alive and keeps its name.
     QLocalSocket probe;
     probe.connectToServer(channel);

@@ -1,11 +1,5 @@
 #include "app/startup.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QRandomGenerator>
-
-#include <limits>
-
 #include "app/single_instance.h"
 #include "store/book_box.h"
 #include "store/errors.h"
@@ -14,6 +8,12 @@
 #include "store/session.h"
 #include "store/settings.h"
 #include "store/state.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +49,8 @@ StartResult StartUp(const QString& commandLine) {
         HandOver(commandLine);
         return StartResult::handedOver;
     }
-    State().gRunHandle = static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));
+    State().gRunHandle =
+        static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));
     if (!CheckFiles()) {
         CloseAll();
         return StartResult::failed;

@@ -10,8 +10,8 @@ enum class StartResult {
     failed       ///< a box has been shown
 };
 
-/// Everything before the login window: single copy, folders, files, settings, books, agent. commandLine is the
-/// book path given, absolute, or empty.
+/// Everything before the login window: single copy, folders, files, settings, books, agent. commandLine is
+/// the book path given, absolute, or empty.
 StartResult StartUp(const QString& commandLine);
 
 /// Runs the agent beside the program. A failure is not reported.

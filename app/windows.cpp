@@ -1,9 +1,5 @@
 #include "app/windows.h"
 
-#include <QApplication>
-
-#include <memory>
-
 #include "app/desktop.h"
 #include "app/frm_about.h"
 #include "app/frm_login.h"
@@ -25,6 +21,10 @@
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/state.h"
+
+#include <QApplication>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 

@@ -14,7 +14,8 @@ constexpr int kNarrowPage = 760;
 const QString kSection = u"title0"_s;
 
 QString StripTip() {
-    return u"1.右边列表中各条目背景若是灰色，代表是第一级!\n2.右边列表中，只列出最末一级的增加、减少、余额；\n"
+    return u"1.右边列表中各条目背景若是灰色，代表是第一级!\n2."
+           u"右边列表中，只列出最末一级的增加、减少、余额；\n"
            u"3.若要逐级汇总信息，请转到【统计窗口】并切换到『各分类或各账户统计』!"_s;
 }
 

@@ -1,13 +1,13 @@
 #include "chart/chart_panel.h"
 
-#include <cmath>
-
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/notices.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +29,8 @@ RowLook LookOf(const QString& code) {
 
 }  // namespace
 
-ChartPanel::ChartPanel(const QString& table, bool withButtons, QWidget* parent) : QWidget(parent), table_(table) {
+ChartPanel::ChartPanel(const QString& table, bool withButtons, QWidget* parent)
+    : QWidget(parent), table_(table) {
     if (withButtons) BuildButtons();
     BuildList();
 }
@@ -39,7 +40,8 @@ bool ChartPanel::IsKinds() const {
 }
 
 void ChartPanel::BuildButtons() {
-    const auto add = [this](ButtonLook look, const QString& caption, const QString& icon, std::function<void()> act) {
+    const auto add = [this](ButtonLook look, const QString& caption, const QString& icon,
+                            std::function<void()> act) {
         auto* button = new KestroButton(look, caption, icon, this);
         button->onClick = std::move(act);
         button->setEnabled(static_cast<bool>(button->onClick));
@@ -51,8 +53,9 @@ void ChartPanel::BuildButtons() {
     add(ButtonLook::toolbar, u"删除"_s, u"del"_s, [this] { Del(); })->setObjectName(u"btnDel"_s);
     add(ButtonLook::toolbar, u"导出"_s, u"export"_s, {})->SetArrow(true);
     add(ButtonLook::toolbar, u"刷新"_s, u"reload"_s, [this] { Reload(); })->setObjectName(u"btnReload"_s);
-    lblTip_ = new KestroLabel(u"当前账本的"_s + (IsKinds() ? u"分类"_s : u"账户"_s) + u"列表（单击左侧导航条会刷新）"_s,
-                              LabelKind::caption, this);
+    lblTip_ = new KestroLabel(
+        u"当前账本的"_s + (IsKinds() ? u"分类"_s : u"账户"_s) + u"列表（单击左侧导航条会刷新）"_s,
+        LabelKind::caption, this);
 }
 
 void ChartPanel::BuildList() {
@@ -142,7 +145,8 @@ void ChartPanel::New() {
 
 void ChartPanel::Append(qint64 id, const ChartRecord& record) {
     const int row = KestroList1_->RowCount();
-    KestroList1_->AddRow(ChartCells(row + 1, record, true), record.code, QString::number(id), LookOf(record.code));
+    KestroList1_->AddRow(ChartCells(row + 1, record, true), record.code, QString::number(id),
+                         LookOf(record.code));
     KestroList1_->SetCurrentRow(row);
     KestroList1_->ScrollToRow(row);
 }

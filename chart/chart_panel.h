@@ -1,11 +1,11 @@
 #pragma once
-// One chart's list with its buttons and boxes: adding, changing, hiding and deleting kinds or accounts. Hosted
-// by the settings page and by the account page.
-
-#include <QWidget>
+// One chart's list with its buttons and boxes: adding, changing, hiding and deleting kinds or accounts.
+// Hosted by the settings page and by the account page.
 
 #include "chart/maintenance.h"
 #include "store/dialogs.h"
+
+#include <QWidget>
 
 class KestroButton;
 class KestroLabel;

@@ -33,8 +33,8 @@ QString DetailLines(cConnection& book, const QString& table, const QString& code
     const auto row = book.OpenRecordset(u"select * from "_s + table + u" where Sort1="_s + Quote(code));
     if (row.Eof()) return {};
     const auto sums = BranchSums(book, table, code);
-    return u"\n增加："_s + sums.added + u"\n减少："_s + sums.reduced + u"\n余额："_s + sums.balance + u"\n备注："_s +
-           row.Text(IsKindTable(table) ? u"Note2" : u"Note1");
+    return u"\n增加："_s + sums.added + u"\n减少："_s + sums.reduced + u"\n余额："_s + sums.balance +
+           u"\n备注："_s + row.Text(IsKindTable(table) ? u"Note2" : u"Note1");
 }
 
 }  // namespace
@@ -95,9 +95,10 @@ double GetOpeningBalance(cConnection& book, qint64 entryId, const QString& table
 
 std::vector<CodeName> ChildCodes(cConnection& book, const QString& table, const QString& code) {
     const auto n = code.size();
-    auto rows = book.Read(u"select Sort1,Name1 from "_s + table + u" where Left$(Sort1,"_s + QString::number(n) +
-                          u")="_s + Quote(code) + u" and Mid$(Sort1,"_s + QString::number(n + 1) +
-                          u")<>'' and Mid$(Sort1,"_s + QString::number(n + 3) + u")=''"_s);
+    auto rows =
+        book.Read(u"select Sort1,Name1 from "_s + table + u" where Left$(Sort1,"_s + QString::number(n) +
+                  u")="_s + Quote(code) + u" and Mid$(Sort1,"_s + QString::number(n + 1) +
+                  u")<>'' and Mid$(Sort1,"_s + QString::number(n + 3) + u")=''"_s);
     std::vector<CodeName> children;
     while (rows.Next())
         if (rows.Text(0).size() == n + 2) children.push_back({rows.Text(0), rows.Text(1)});

@@ -2,12 +2,12 @@
 // Hierarchical codes of the two charts (tables tKind and tSubAcc): pairs of digits, one pair a level, at most
 // 9 levels. Nothing of the tree is stored; it is read off the codes. Table names may come in any case.
 
+#include "store/connection.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <vector>
-
-#include "store/connection.h"
 
 struct CodeName {
     QString code;

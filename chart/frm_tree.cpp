@@ -1,5 +1,10 @@
 #include "chart/frm_tree.h"
 
+#include "chart/codes.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_tree.h"
+#include "store/messages.h"
+
 #include <QApplication>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -8,14 +13,10 @@
 
 #include <algorithm>
 
-#include "chart/codes.h"
-#include "shell/controls/kestro_button.h"
-#include "shell/controls/kestro_tree.h"
-#include "store/messages.h"
-
 using namespace Qt::StringLiterals;
 
-frmTree::frmTree(QWidget* parent) : KestroDialog(DialogKind::common, {}, parent), sTable_(record_.key.toLower()) {
+frmTree::frmTree(QWidget* parent)
+    : KestroDialog(DialogKind::common, {}, parent), sTable_(record_.key.toLower()) {
     SetCaption(sTable_ == u"tkind" ? u"多级分类树"_s : u"多级账户树"_s);
     record_.done = 0;
     KestroTree1_ = new KestroTree(Body());

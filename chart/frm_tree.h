@@ -1,10 +1,10 @@
 #pragma once
 // frmTree: the chart of kinds or accounts as a tree, to pick one code from.
 
-#include <QPoint>
-
 #include "shell/controls/kestro_dialog.h"
 #include "store/dialogs.h"
+
+#include <QPoint>
 
 class KestroButton;
 class KestroTree;

@@ -1,13 +1,13 @@
 #include "chart/maintenance.h"
 
-#include <algorithm>
-
 #include "chart/opening_balance.h"
 #include "store/book_format.h"
 #include "store/dates.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/text.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -86,10 +86,14 @@ bool HasSiblingOfName(cConnection& book, const CodeName& row, const QString& tab
 
 QStringList ChartCells(int number, const ChartRecord& record, bool leaf) {
     const auto figure = [leaf](double x) { return leaf ? MoneyText(x) : kNoFigure; };
-    return {QString::number(number),    IndentByDepth(record.code) + record.name,
-            record.hide ? u"隐藏"_s : QString(), figure(record.newOpening),
-            figure(record.added),       figure(record.reduced),
-            figure(record.balance),     record.note};
+    return {QString::number(number),
+            IndentByDepth(record.code) + record.name,
+            record.hide ? u"隐藏"_s : QString(),
+            figure(record.newOpening),
+            figure(record.added),
+            figure(record.reduced),
+            figure(record.balance),
+            record.note};
 }
 
 std::vector<ChartLine> ReadChart(cConnection& book, const QString& table) {
@@ -106,7 +110,8 @@ std::vector<ChartLine> ReadChart(cConnection& book, const QString& table) {
         const QString& code = records[i].code;
         const bool alone = (i == 0 || records[i - 1].code != code) &&
                            (i + 1 == records.size() || !records[i + 1].code.startsWith(code));
-        lines.push_back({ChartCells(static_cast<int>(i) + 1, records[i], alone), code, ids[i], code.size() == 2});
+        lines.push_back(
+            {ChartCells(static_cast<int>(i) + 1, records[i], alone), code, ids[i], code.size() == 2});
     }
     return lines;
 }
@@ -133,8 +138,8 @@ CodeName CheckNewRow(cConnection& book, const QString& text, const QString& tabl
     return row;
 }
 
-qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row, double opening, const QString& note,
-                   bool hide) {
+qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row, double opening,
+                   const QString& note, bool hide) {
     const bool kinds = IsKinds(table);
     const qint64 id = NewId(book, table.toLower());
     qint64 link = 0;
@@ -157,7 +162,8 @@ qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row,
     return id;
 }
 
-bool CheckCodeChange(cConnection& book, const QString& newCode, const QString& oldCode, const QString& table) {
+bool CheckCodeChange(cConnection& book, const QString& newCode, const QString& oldCode,
+                     const QString& table) {
     if (Refused(HasRow(book, u"select Sort1 from "_s + table + u" where Sort1="_s + Quote(newCode)),
                 u"欲修改的编号已经存在，不能修改!"_s))
         return false;
@@ -183,16 +189,17 @@ bool CheckNameChange(cConnection& book, const QString& code, const QString& name
 bool MayDeleteRow(cConnection& book, const QString& code, const QString& table) {
     const bool kinds = IsKinds(table);
     if (kinds && Refused(code == u"00", u"【余额调整】是软件『保留分类』，不可删除！"_s)) return false;
-    const QString used = kinds ? u"select Type1,IID from tAccount where type1="_s + Quote(code) + u" and IID<>9999"_s
-                               : u"select SubAccKey from tSubAccItem where SubAccKey="_s + Quote(code);
+    const QString used =
+        kinds ? u"select Type1,IID from tAccount where type1="_s + Quote(code) + u" and IID<>9999"_s
+              : u"select SubAccKey from tSubAccItem where SubAccKey="_s + Quote(code);
     if (Refused(HasRow(book, used), kinds ? u"该分类已在记账中被【引用（使用）过】! 因此不能删除"_s
                                           : u"该账户已在记账中被【引用（使用）过】! 因此不能删除"_s))
         return false;
-    if (Refused(!IsLeafCode(book, code, table),
-                kinds ? u"该分类不是【最末】一级分类! 因此不能删除"_s : u"该账户不是【最末】一级! 因此不能删除"_s))
+    if (Refused(!IsLeafCode(book, code, table), kinds ? u"该分类不是【最末】一级分类! 因此不能删除"_s
+                                                      : u"该账户不是【最末】一级! 因此不能删除"_s))
         return false;
-    return ShowMsg(kinds ? u"你确定要【删除选定】的分类名称?"_s : u"你确定要【删除选定】的账户?"_s, u"取消,确定"_s,
-                   kMsgAsk) == 1;
+    return ShowMsg(kinds ? u"你确定要【删除选定】的分类名称?"_s : u"你确定要【删除选定】的账户?"_s,
+                   u"取消,确定"_s, kMsgAsk) == 1;
 }
 
 void DeleteChartRow(cConnection& book, const QString& code, const QString& table) {

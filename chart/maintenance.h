@@ -1,15 +1,15 @@
 #pragma once
 // Keeping the two charts: checks and changes as logic. Table names may come in any case. Refusals have been
-// shown when a check fails. The statements of one change run one by one; a failing one leaves the earlier ones
-// applied, as settled.
+// shown when a check fails. The statements of one change run one by one; a failing one leaves the earlier
+// ones applied, as settled.
+
+#include "chart/codes.h"
 
 #include <QStringList>
 
 #include <functional>
 #include <optional>
 #include <vector>
-
-#include "chart/codes.h"
 
 /// What travels between the routines of one change.
 struct ChartRecord {
@@ -40,8 +40,8 @@ std::optional<ChartRecord> ReadChartRecord(cConnection& book, qint64 id, const Q
 /// All checks of adding, in their order. An empty code after a refusal.
 CodeName CheckNewRow(cConnection& book, const QString& text, const QString& table);
 /// Adds a checked row with its opening entry; its id.
-qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row, double opening, const QString& note,
-                   bool hide);
+qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row, double opening,
+                   const QString& note, bool hide);
 
 /// The checks of a changed code; may ask whether all entries shall follow.
 bool CheckCodeChange(cConnection& book, const QString& newCode, const QString& oldCode, const QString& table);
@@ -51,7 +51,8 @@ bool CheckNameChange(cConnection& book, const QString& code, const QString& name
 std::optional<ChartRecord> SaveKindChange(cConnection& book, const ChartRecord& record, bool codeChanged,
                                           bool nameChanged, const QString& oldCode, const QString& oldName);
 std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecord& record, bool codeChanged,
-                                             bool nameChanged, const QString& oldCode, const QString& oldName);
+                                             bool nameChanged, const QString& oldCode,
+                                             const QString& oldName);
 
 /// What a user types for a row: code, blank and name in one text.
 struct TypedRow {

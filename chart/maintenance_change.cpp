@@ -86,7 +86,8 @@ void MoveKindOpening(cConnection& book, const ChangedRow& row) {
     if (opening != 0 && linked) {
         book.Execute(u"update tAccount"_s + AmountAndSign(opening) + IdIs(row.link));
     } else if (opening != 0) {
-        LinkRow(book, u"tKind"_s, row.id, AddKindOpeningEntry(book, opening, row.record.code, row.record.name));
+        LinkRow(book, u"tKind"_s, row.id,
+                AddKindOpeningEntry(book, opening, row.record.code, row.record.name));
     } else if (row.link >= 1) {
         book.Execute(u"delete from tAccount"_s + IdIs(row.link));
         LinkRow(book, u"tKind"_s, row.id, 0);
@@ -100,7 +101,8 @@ void MoveAccountOpening(cConnection& book, const ChangedRow& row, qint64 entry) 
         LinkRow(book, u"tSubAcc"_s, row.id,
                 AddAccountOpeningEntry(book, opening, row.record.code, row.record.name).record);
     } else if (opening != 0) {
-        // Names the chart table, which has no such columns: an existing opening balance is changed by way of 0.
+        // Names the chart table, which has no such columns: an existing opening balance is changed by way of
+        // 0.
         book.Execute(u"update tSubAcc"_s + AmountAndSign(opening) + IdIs(row.link));
     } else if (row.link > 0) {
         book.Execute(u"delete from tAccount"_s + IdIs(entry));
@@ -127,7 +129,8 @@ std::optional<ChartRecord> SaveKindChange(cConnection& book, const ChartRecord& 
 }
 
 std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecord& record, bool codeChanged,
-                                             bool nameChanged, const QString& oldCode, const QString& oldName) {
+                                             bool nameChanged, const QString& oldCode,
+                                             const QString& oldName) {
     const auto changed = RewriteRow(book, record, u"tSubAcc"_s, oldCode);
     if (!changed) return {};
     const qint64 entry = changed->link > 0 ? EntryOfRecord(book, changed->link) : -1;
@@ -135,8 +138,8 @@ std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecor
         book.Execute(u"update tSubAccItem set SubAccKey="_s + Quote(record.code) + u" where SubAccKey="_s +
                      Quote(oldCode));
     if (nameChanged)
-        book.Execute(u"update tSubAccItem set SubAccName1="_s + Quote(record.name) + u" where SubAccName1="_s +
-                     Quote(oldName));
+        book.Execute(u"update tSubAccItem set SubAccName1="_s + Quote(record.name) +
+                     u" where SubAccName1="_s + Quote(oldName));
     MoveAccountOpening(book, *changed, entry);
     return changed->record;
 }

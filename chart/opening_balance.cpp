@@ -1,10 +1,10 @@
 #include "chart/opening_balance.h"
 
-#include <cmath>
-
 #include "store/book_format.h"
 #include "store/entry_rows.h"
 #include "store/money.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -38,7 +38,8 @@ qint64 AddKindOpeningEntry(cConnection& book, double amount, const QString& code
     return row.Id1;
 }
 
-AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QString& code, const QString& name) {
+AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QString& code,
+                                      const QString& name) {
     AccountRow row = OpeningRow(book, amount);
     row.Title1 = u"账户期初余额"_s;
     row.Type1 = kReservedCode;

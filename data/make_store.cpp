@@ -1,12 +1,11 @@
 // Makes a store from SQL sources at build time: make_store TARGET SOURCE...
 // file('name') in a source reads a file beside that source.
 
-#include <sqlite3.h>
-
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sqlite3.h>
 #include <string>
 
 namespace {

@@ -1,9 +1,9 @@
 #include "ledger/detail_panel.h"
 
-#include <QPainter>
-
 #include "shell/skin.h"
 #include "store/text.h"
+
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +16,8 @@ ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new
     list_->DefineColumn({u"money"_s, u"金额(元)"_s, 130, 90, u"money"_s, ListColor::signedMoney, false, {}});
 }
 
-void ListPage::DetailPanel::Fill(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
+void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,
+                                 const std::vector<QStringList>& rows) {
     heading_ = heading;
     title_ = OneLine(title);
     list_->BeginFill();

@@ -1,11 +1,11 @@
 #pragma once
 // The panel under the list: what one line holds, as six rows of label, code and name, amount.
 
+#include "ledger/list_page.h"
+
 #include <QStringList>
 
 #include <vector>
-
-#include "ledger/list_page.h"
 
 class KestroLabel;
 

@@ -9,7 +9,20 @@
 enum EntrySlot { kKind1 = 0, kKind2 = 1, kAccount1 = 2, kAccount2 = 3 };
 
 /// Controls of the entry window that a check can send the focus to.
-enum class EntryField { none, thing, money, date, hour, minute, kind, kind2, account, accountValue, account2, account2Value };
+enum class EntryField {
+    none,
+    thing,
+    money,
+    date,
+    hour,
+    minute,
+    kind,
+    kind2,
+    account,
+    accountValue,
+    account2,
+    account2Value
+};
 
 struct EntryValues {
     QString title;
@@ -21,11 +34,11 @@ struct EntryValues {
     bool mark = false;
     QString pictures = QStringLiteral("0");  ///< picture count as text
 
-    std::array<QString, 4> text;                    ///< what the four boxes show
-    std::array<QString, 4> code;                    ///< sKey
-    std::array<QString, 4> name;                    ///< sName
+    std::array<QString, 4> text;                      ///< what the four boxes show
+    std::array<QString, 4> code;                      ///< sKey
+    std::array<QString, 4> name;                      ///< sName
     std::array<bool, 4> add{true, true, true, true};  ///< 增加 is on, otherwise 减少
-    std::array<QString, 2> accountValue;            ///< amounts of the two account records
+    std::array<QString, 2> accountValue;              ///< amounts of the two account records
 
     bool kind2On = false;     ///< chkOther
     bool toAccount = false;   ///< bToAccount

@@ -1,10 +1,10 @@
 #include "ledger/entry_check.h"
 
-#include <cmath>
-
 #include "store/dates.h"
 #include "store/messages.h"
 #include "store/money.h"
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -51,7 +51,8 @@ EntryComplaint CheckAccounts(EntryValues& e) {
     PutZeroInFront(e.accountValue[0]);
     if (!e.account2On) return {};
     if (e.text[kAccount2].isEmpty()) return {u"【账户二名称】不能为空!"_s, EntryField::account2};
-    if (e.accountValue[1].trimmed().isEmpty()) return {u"【账户二金额】不能为空!"_s, EntryField::account2Value};
+    if (e.accountValue[1].trimmed().isEmpty())
+        return {u"【账户二金额】不能为空!"_s, EntryField::account2Value};
     PutZeroInFront(e.accountValue[1]);
     if (e.text[kAccount1] == e.text[kAccount2])
         return {u"【账户一】与【账户二】不能相同!"_s, EntryField::none};
@@ -71,14 +72,19 @@ EntryComplaint CheckEntry(EntryValues& entry) {
 }
 
 QString BuildConfirmText(const EntryValues& e) {
-    const auto signedText = [&](int slot) { return Sign(e.add[static_cast<size_t>(slot)]) + u' ' + e.text[static_cast<size_t>(slot)]; };
-    QString text = u"【事情】："_s + e.title + u"\n【日期】："_s + e.date + u"  "_s + e.hour + u':' + e.minute +
-                   u"\n【金额】："_s + e.money + u" 元\n\n【分类１】："_s + signedText(kKind1) + u'\n';
+    const auto signedText = [&](int slot) {
+        return Sign(e.add[static_cast<size_t>(slot)]) + u' ' + e.text[static_cast<size_t>(slot)];
+    };
+    QString text = u"【事情】："_s + e.title + u"\n【日期】："_s + e.date + u"  "_s + e.hour + u':' +
+                   e.minute + u"\n【金额】："_s + e.money + u" 元\n\n【分类１】："_s + signedText(kKind1) +
+                   u'\n';
     if (e.kind2On) text += u"【分类２】："_s + signedText(kKind2) + u'\n';
     if (!e.toAccount) return text + u"\n【不同时记入账户】!"_s;
-    text += u"\n【账户１】："_s + signedText(kAccount1) + u"\n【金额１】："_s + e.accountValue[0] + u"  元 "_s;
+    text +=
+        u"\n【账户１】："_s + signedText(kAccount1) + u"\n【金额１】："_s + e.accountValue[0] + u"  元 "_s;
     if (e.account2On)
-        text += u"\n【账户２】："_s + signedText(kAccount2) + u"\n【金额２】："_s + e.accountValue[1] + u"  元 "_s;
+        text += u"\n【账户２】："_s + signedText(kAccount2) + u"\n【金额２】："_s + e.accountValue[1] +
+                u"  元 "_s;
     return text;
 }
 

@@ -1,14 +1,14 @@
 #include "ledger/entry_delete.h"
 
-#include <QStringList>
-
-#include <algorithm>
-
 #include "ledger/posting.h"
 #include "store/entry_rows.h"
 #include "store/errors.h"
 #include "store/messages.h"
 #include "store/picture_index.h"
+
+#include <QStringList>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -42,8 +42,8 @@ QString Joined(const std::vector<qint64>& ids) {
 
 std::vector<qint64> RowsOf(cConnection& book, const std::vector<qint64>& ids) {
     const QString list = Joined(ids);
-    auto rows = book.Read(u"select Id1,IID,IIID,IIID1,bIsMain from tAccount where bIsMain=1 and id1 in("_s + list +
-                          u") or iid in("_s + list + u')');
+    auto rows = book.Read(u"select Id1,IID,IIID,IIID1,bIsMain from tAccount where bIsMain=1 and id1 in("_s +
+                          list + u") or iid in("_s + list + u')');
     std::vector<qint64> found;
     while (rows.Next())
         found.push_back(rows.Int(0));
@@ -105,7 +105,8 @@ int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const 
         return -1;
     }
     if (IsBusy()) return -1;
-    if (ShowMsg(u"您确定要【删除】选定的记录? 若删除的记录较多，则需要一些时间!"_s, u"取消,确定"_s, kMsgAsk) != 1)
+    if (ShowMsg(u"您确定要【删除】选定的记录? 若删除的记录较多，则需要一些时间!"_s, u"取消,确定"_s,
+                kMsgAsk) != 1)
         return -1;
     int count = 0;
     PendingError failed;

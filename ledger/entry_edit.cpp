@@ -31,7 +31,8 @@ void SetTie(cConnection& book, const QString& column, qint64 value, qint64 row) 
 }
 
 void DeleteRow(cConnection& book, const QString& table, qint64 id) {
-    if (book.RowOf(table, id)) book.Execute(u"delete from "_s + table + u" where "_s + book.WhereIds(table, {id}));
+    if (book.RowOf(table, id))
+        book.Execute(u"delete from "_s + table + u" where "_s + book.WhereIds(table, {id}));
 }
 
 qint64 AddKindRow(cConnection& book, const EntryValues& e, size_t slot) {

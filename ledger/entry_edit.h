@@ -2,10 +2,10 @@
 // Changing a stored entry: its whole effect is taken back, its rows are rewritten to fit what was typed, and
 // the effect is put on again. The main row's id never changes.
 
-#include <optional>
-
 #include "ledger/entry.h"
 #include "ledger/entry_save.h"
+
+#include <optional>
 
 struct LoadedEntry {
     qint64 main = -1;

@@ -1,8 +1,8 @@
 #include "ledger/entry_ground.h"
 
-#include <QPainter>
-
 #include "shell/skin.h"
+
+#include <QPainter>
 
 void EntryGround::SetAreas(const QRect& kindGroup, bool accounts, int accountLine) {
     kindGroup_ = kindGroup;

@@ -59,7 +59,8 @@ EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const 
 }
 
 double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign) {
-    auto row = book.Read(u"select sum(Value1) as SumAll"_s + query.from + query.where + u" and nSign="_s + sign);
+    auto row =
+        book.Read(u"select sum(Value1) as SumAll"_s + query.from + query.where + u" and nSign="_s + sign);
     return row.Next() ? row.Number(0) : 0;
 }
 
@@ -123,7 +124,8 @@ int CountLines(cConnection& book, const EntryQuery& query) {
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                const std::function<void(EntryLine&&)>& take) {
     const qint64 first = static_cast<qint64>(page) * kLinesPerPage;
-    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' + QString::number(kLinesPerPage));
+    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' +
+                          QString::number(kLinesPerPage));
     double in = 0;
     double out = 0;
     for (int n = 1; rows.Next(); ++n) {

@@ -1,15 +1,15 @@
 #pragma once
 // What the entry list reads: lines by filter and page, sums of the filter, the detail of one line.
 
+#include "store/connection.h"
+#include "store/job.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <optional>
 #include <vector>
-
-#include "store/connection.h"
-#include "store/job.h"
 
 constexpr int kLinesPerPage = 10000;
 
@@ -43,8 +43,8 @@ EntryQuery BuildEntryQuery(const EntryFilter& filter);
 /// One line: cells of the columns NO, date, kind, add, reduce, rmb, thing, mark.
 struct EntryLine {
     std::vector<QString> cells;
-    QString key;     ///< Id1
-    QString subKey;  ///< Type1
+    QString key;           ///< Id1
+    QString subKey;        ///< Type1
     QString signedAmount;  ///< Value1 times nSign, of a single line alone
 };
 

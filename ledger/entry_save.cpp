@@ -23,7 +23,8 @@ void DropUnclaimedPictures(cConnection& book) {
 
 bool CheckLeaf(cConnection& book, size_t slot, const QString& code) {
     if (IsLeafCode(book, code, TableOfSlot(static_cast<int>(slot)))) return true;
-    ShowMsg(slot < kAccount1 ? u"错误：该分类不是最后一级，请重新选择!"_s : u"错误：该账户不是最后一级，请重新选择!"_s,
+    ShowMsg(slot < kAccount1 ? u"错误：该分类不是最后一级，请重新选择!"_s
+                             : u"错误：该账户不是最后一级，请重新选择!"_s,
             u"确定"_s, kMsgFail);
     return false;
 }

@@ -1,7 +1,5 @@
 #include "ledger/frm_account.h"
 
-#include <QKeyEvent>
-
 #include "ledger/entry_columns.h"
 #include "ledger/templates.h"
 #include "shell/book_switch.h"
@@ -16,6 +14,8 @@
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/outside.h"
+
+#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -51,7 +51,8 @@ void frmAccount::Connect() {
     };
     comKind->onBrowse = [this] { OpenKindTree(); };
     comKind->SetBrowse(u"tree"_s, u"在分类树中选择"_s);
-    chkFlag->setToolTip(u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
+    chkFlag->setToolTip(
+        u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
     chkFlag->onChange = [this](bool) { ReloadData(); };
     KestroList1->onRightClick = [this](int row, const QPoint& at) { ShowMenu(row, at); };
     KestroList1->onDoubleClick = [this](int, int) { EditEntry(); };
@@ -73,8 +74,9 @@ int frmAccount::CountRows() {
 }
 
 void frmAccount::ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) {
-    ReadLines(State().gDB, query_, page, job,
-              [&](EntryLine&& line) { take({std::move(line.cells), std::move(line.key), std::move(line.subKey)}); });
+    ReadLines(State().gDB, query_, page, job, [&](EntryLine&& line) {
+        take({std::move(line.cells), std::move(line.key), std::move(line.subKey)});
+    });
 }
 
 void frmAccount::ListLoaded() {
@@ -103,7 +105,8 @@ void frmAccount::ShowSums() {
 void frmAccount::ShowDetail() {
     const bool chosen = KestroList1->CurrentRow() >= 0;
     const auto detail = ReadDetail(State().gDB, chosen ? KestroList1->CurrentKey().toLongLong() : -1);
-    FillDetail(!chosen ? QString() : u"列表NO【"_s + QString::number(CurrentNumber()) + u"】"_s, detail.title, detail.rows);
+    FillDetail(!chosen ? QString() : u"列表NO【"_s + QString::number(CurrentNumber()) + u"】"_s, detail.title,
+               detail.rows);
 }
 
 void frmAccount::pTRANSACCOUNT() {
@@ -184,7 +187,8 @@ void frmAccount::AddToTemplates() {
 
 void frmAccount::CopySums() {
     Outside().copyText(sumsTag_);
-    ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo, u"提示"_s, 392, 200);
+    ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo,
+            u"提示"_s, 392, 200);
 }
 
 void frmAccount::OpenKindTree() {

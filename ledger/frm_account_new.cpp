@@ -1,8 +1,5 @@
 #include "ledger/frm_account_new.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-
 #include "chart/codes.h"
 #include "ledger/entry_ground.h"
 #include "ledger/entry_save.h"
@@ -18,9 +15,13 @@
 #include "store/dates.h"
 #include "store/money.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+
 using namespace Qt::StringLiterals;
 
-frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common, {}, parent), bNew(record_.isNew != 0) {
+frmAccountNew::frmAccountNew(QWidget* parent)
+    : KestroDialog(DialogKind::common, {}, parent), bNew(record_.isNew != 0) {
     record_.done = 0;
     SetTitleLine(true);
     ground_ = new EntryGround(Body());
@@ -201,8 +202,9 @@ void frmAccountNew::CancelClicked() {
 }
 
 void frmAccountNew::SetFocusTo(EntryField field) {
-    const std::array<QWidget*, 12> controls{nullptr,    txtThing,   txtMoney,      txtDate,    txtHour,    txtMinute,
-                                            combos_[0], combos_[1], combos_[2], accValues_[0], combos_[3], accValues_[1]};
+    const std::array<QWidget*, 12> controls{nullptr,    txtThing,      txtMoney,   txtDate,
+                                            txtHour,    txtMinute,     combos_[0], combos_[1],
+                                            combos_[2], accValues_[0], combos_[3], accValues_[1]};
     if (auto* control = controls[static_cast<size_t>(field)]) control->setFocus(Qt::OtherFocusReason);
 }
 
@@ -250,9 +252,9 @@ void frmAccountNew::OpenTree(size_t slot) {
 }
 
 void frmAccountNew::ShowCodeTip(size_t slot) {
-    const QString tip = sKey[slot].isEmpty()
-                            ? QString()
-                            : CodePathText(State().gDB, TableOfSlot(static_cast<int>(slot)), sKey[slot], true);
+    const QString tip = sKey[slot].isEmpty() ? QString()
+                                             : CodePathText(State().gDB, TableOfSlot(static_cast<int>(slot)),
+                                                            sKey[slot], true);
     combos_[slot]->setToolTip(tip);
 }
 

@@ -2,14 +2,14 @@
 // frmAccountNew: the window in which an entry is typed. It gathers and shows; checks and writing are in
 // entry_check and entry_save.
 
-#include <QPoint>
-
-#include <array>
-
 #include "ledger/entry_edit.h"
 #include "shell/controls/kestro_dialog.h"
 #include "shell/menus.h"
 #include "store/dialogs.h"
+
+#include <QPoint>
+
+#include <array>
 
 class EntryGround;
 class KestroButton;
@@ -75,12 +75,12 @@ class frmAccountNew : public KestroDialog {
     PopupScope popup_;
     bool bNew = true;
     bool ready_ = true;
-    qint64 lEntryId = -1;   ///< the entry's main row
-    qint64 lOpenedId = -1;  ///< the row the caller named
+    qint64 lEntryId = -1;                     ///< the entry's main row
+    qint64 lOpenedId = -1;                    ///< the row the caller named
     QString pictures_ = QStringLiteral("0");  ///< Tag of btnCamera
     bool bToAccount = false;
-    int nCalcFor = 0;    ///< 0: the calculator fills txtMoney, 1: txtAccValue
-    QString sPopupFor;   ///< txtthing or editnote
+    int nCalcFor = 0;   ///< 0: the calculator fills txtMoney, 1: txtAccValue
+    QString sPopupFor;  ///< txtthing or editnote
     std::array<QString, 4> sKey, sName;
     Menus::TextMenuToken textMenu_;
 
@@ -92,10 +92,10 @@ class frmAccountNew : public KestroDialog {
     KestroText* txtMinute;
     PngButton* pngPlus;
     PngButton* PngReduce;
-    std::array<KestroCombox*, 4> combos_{};     ///< comKind, comKind1, comAccName, comAccName1
+    std::array<KestroCombox*, 4> combos_{};       ///< comKind, comKind1, comAccName, comAccName1
     std::array<KestroOptionPair*, 4> options_{};  ///< optAdd(i) and optReduce(i)
     std::array<KestroLabel*, 4> optionLabels_{};
-    std::array<KestroText*, 2> accValues_{};    ///< txtAccValue, txtAccValue1
+    std::array<KestroText*, 2> accValues_{};  ///< txtAccValue, txtAccValue1
     std::array<PngButton*, 2> clones_{};
     std::array<KestroLabel*, 2> accNameLabels_{};
     std::array<KestroLabel*, 2> accValueLabels_{};

@@ -169,8 +169,9 @@ void frmAccountNew::Arrange() {
     const bool second = chkOther->IsChecked();
     const int noteY = kGroupY + (second ? kSecondKind : 0);
     const int height = noteY + kNoteHeight + 16 + EntryGround::kFooter;
-    for (QWidget* control : {static_cast<QWidget*>(lblKind1), static_cast<QWidget*>(combos_[kKind2]),
-                             static_cast<QWidget*>(optionLabels_[kKind2]), static_cast<QWidget*>(options_[kKind2])})
+    for (QWidget* control :
+         {static_cast<QWidget*>(lblKind1), static_cast<QWidget*>(combos_[kKind2]),
+          static_cast<QWidget*>(optionLabels_[kKind2]), static_cast<QWidget*>(options_[kKind2])})
         control->setVisible(second);
     lblNote->setGeometry(kLabelX, noteY, kLabelWidth, kRow);
     editNote->setGeometry(kFieldX, noteY, kFieldEnd - kFieldX, kNoteHeight);
@@ -180,7 +181,8 @@ void frmAccountNew::Arrange() {
     btnEnter->setGeometry(kFieldEnd - 92, footY, 92, kRow);
     btnCancel->setGeometry(kFieldEnd - 92 - 8 - 80, footY, 80, kRow);
     ArrangeAccounts();
-    SetNamedSize({EntryGround::kEntryWidth + (bToAccount ? EntryGround::kAccountWidth : 0), height + TitleHeight()});
+    SetNamedSize(
+        {EntryGround::kEntryWidth + (bToAccount ? EntryGround::kAccountWidth : 0), height + TitleHeight()});
     ground_->setGeometry(Body()->rect());
     ground_->SetAreas(second ? QRect(12, kGroupY, kFieldEnd, kGroupHeight) : QRect(), bToAccount, kAccLineY);
     const int seam = bToAccount ? EntryGround::kEntryWidth - 13 : EntryGround::kEntryWidth - 28;
@@ -206,28 +208,43 @@ void frmAccountNew::ArrangeAccounts() {
 }
 
 void frmAccountNew::NameControls() {
-    const std::vector<std::pair<QWidget*, QString>> names{
-        {txtThing, u"txtThing"_s},       {txtMoney, u"txtMoney"_s},        {txtDate, u"txtDate"_s},
-        {txtHour, u"txtHour"_s},         {txtMinute, u"txtMinute"_s},      {pngPlus, u"pngPlus"_s},
-        {PngReduce, u"PngReduce"_s},     {combos_[0], u"comKind"_s},       {combos_[1], u"comKind1"_s},
-        {combos_[2], u"comAccName"_s},   {combos_[3], u"comAccName1"_s},   {options_[0], u"opt0"_s},
-        {options_[1], u"opt1"_s},        {options_[2], u"opt2"_s},         {options_[3], u"opt3"_s},
-        {accValues_[0], u"txtAccValue"_s}, {accValues_[1], u"txtAccValue1"_s}, {clones_[0], u"btnClone0"_s},
-        {clones_[1], u"btnClone1"_s},    {chkOther, u"chkOther"_s},        {chkOther1, u"chkOther1"_s},
-        {editNote, u"editNote"_s},       {chkMark, u"chkMark"_s},          {btnCamera, u"btnCamera"_s},
-        {btnEnter, u"btnEnter"_s},       {btnCancel, u"btnCancel"_s},      {pngArrow, u"pngArrow"_s}};
+    const std::vector<std::pair<QWidget*, QString>> names{{txtThing, u"txtThing"_s},
+                                                          {txtMoney, u"txtMoney"_s},
+                                                          {txtDate, u"txtDate"_s},
+                                                          {txtHour, u"txtHour"_s},
+                                                          {txtMinute, u"txtMinute"_s},
+                                                          {pngPlus, u"pngPlus"_s},
+                                                          {PngReduce, u"PngReduce"_s},
+                                                          {combos_[0], u"comKind"_s},
+                                                          {combos_[1], u"comKind1"_s},
+                                                          {combos_[2], u"comAccName"_s},
+                                                          {combos_[3], u"comAccName1"_s},
+                                                          {options_[0], u"opt0"_s},
+                                                          {options_[1], u"opt1"_s},
+                                                          {options_[2], u"opt2"_s},
+                                                          {options_[3], u"opt3"_s},
+                                                          {accValues_[0], u"txtAccValue"_s},
+                                                          {accValues_[1], u"txtAccValue1"_s},
+                                                          {clones_[0], u"btnClone0"_s},
+                                                          {clones_[1], u"btnClone1"_s},
+                                                          {chkOther, u"chkOther"_s},
+                                                          {chkOther1, u"chkOther1"_s},
+                                                          {editNote, u"editNote"_s},
+                                                          {chkMark, u"chkMark"_s},
+                                                          {btnCamera, u"btnCamera"_s},
+                                                          {btnEnter, u"btnEnter"_s},
+                                                          {btnCancel, u"btnCancel"_s},
+                                                          {pngArrow, u"pngArrow"_s}};
     for (const auto& [control, name] : names)
         control->setObjectName(name);
 }
 
 void frmAccountNew::SetTabOrder() {
-    const std::vector<QWidget*> order{txtThing,        txtDate,           PngReduce,         pngPlus,
-                                      txtHour,         txtMinute,         txtMoney,          combos_[0],
-                                      options_[0],     chkOther,          combos_[1],        options_[1],
-                                      editNote,        chkMark,           btnCamera,         pngArrow,
-                                      combos_[2],      accValues_[0],     clones_[0],        options_[2],
-                                      chkOther1,       combos_[3],        accValues_[1],     clones_[1],
-                                      options_[3],     btnCancel,         btnEnter};
+    const std::vector<QWidget*> order{
+        txtThing,   txtDate,       PngReduce,  pngPlus,       txtHour,     txtMinute,   txtMoney,
+        combos_[0], options_[0],   chkOther,   combos_[1],    options_[1], editNote,    chkMark,
+        btnCamera,  pngArrow,      combos_[2], accValues_[0], clones_[0],  options_[2], chkOther1,
+        combos_[3], accValues_[1], clones_[1], options_[3],   btnCancel,   btnEnter};
     for (size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }

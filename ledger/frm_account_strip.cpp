@@ -2,8 +2,8 @@
 
 #include "ledger/frm_account.h"
 #include "shell/book_switch.h"
-#include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/skin.h"
@@ -39,7 +39,9 @@ void frmAccount::ConnectStrip() {
     figure(u"sumbill"_s, u"money"_s, Tok::reduce);
     figure(u"summoney"_s, u"rmb-minus"_s, {});
     strip->onClick = [this](const QString& section, const QString& item) { StripClicked(section, item); };
-    strip->onDoubleClick = [this](const QString& section, const QString& item) { StripDoubleClicked(section, item); };
+    strip->onDoubleClick = [this](const QString& section, const QString& item) {
+        StripDoubleClicked(section, item);
+    };
     strip->onTip = [this](const QString& section, const QString& item) { return StripTip(section, item); };
     strip->onContextMenu = [this](const QString& section, const QString& item, const QPoint& at) {
         stripSection_ = section;
@@ -142,7 +144,9 @@ QString frmAccount::StripTip(const QString& section, const QString& item) const 
     if (section == kBooks) return item.isEmpty() ? u"账本盒位置："_s + State().sDBPath : BookTip(item);
     if (item.isEmpty()) return {};
     if (section == kFigures)
-        return item == u"money" || item == u"summoney" ? u"双击将增加、减少、余额数据复制到 Windows 粘贴板！"_s : QString();
+        return item == u"money" || item == u"summoney"
+                   ? u"双击将增加、减少、余额数据复制到 Windows 粘贴板！"_s
+                   : QString();
     return CodePathText(State().gDB, u"tKind"_s, item, false);
 }
 

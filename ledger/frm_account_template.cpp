@@ -1,12 +1,12 @@
 #include "ledger/frm_account_template.h"
 
-#include <QApplication>
-
 #include "ledger/templates.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/png_button.h"
 #include "store/errors.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
 #pragma once
 // frmAccountTemplate: chooses a remembered matter text, or forgets some.
 
-#include <QPoint>
-#include <QTimer>
-
 #include "shell/controls/kestro_dialog.h"
 #include "store/dialogs.h"
+
+#include <QPoint>
+#include <QTimer>
 
 class KestroButton;
 class KestroList;

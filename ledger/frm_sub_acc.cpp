@@ -1,7 +1,5 @@
 #include "ledger/frm_sub_acc.h"
 
-#include <QKeyEvent>
-
 #include "chart/chart_panel.h"
 #include "chart/codes.h"
 #include "ledger/entry_columns.h"
@@ -16,6 +14,8 @@
 #include "store/messages.h"
 #include "store/outside.h"
 
+#include <QKeyEvent>
+
 using namespace Qt::StringLiterals;
 
 frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, RecordPageWords()), query_(BuildRecordQuery({})) {
@@ -26,7 +26,8 @@ frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, RecordPageWords()), que
     chart_->setObjectName(u"accounts"_s);
     chart_->hide();
     KestroScrollMenu1->AddSection(u"title1"_s, u"账户"_s);
-    KestroScrollMenu1->AddItem(u"title1"_s, {.key = u"list"_s, .caption = u"账户记录"_s, .icon = u"account"_s});
+    KestroScrollMenu1->AddItem(u"title1"_s,
+                               {.key = u"list"_s, .caption = u"账户记录"_s, .icon = u"account"_s});
     KestroScrollMenu1->AddItem(u"title1"_s, {.key = u"tongji"_s, .caption = u"账户管理"_s, .icon = u"set"_s});
     Connect();
     ConnectSearch();
@@ -189,7 +190,8 @@ void frmSubAcc::DoBtnMenuDelAll() {
 
 void frmSubAcc::CopySums() {
     Outside().copyText(sumsTag_);
-    ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo, u"提示"_s, 392, 200);
+    ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo,
+            u"提示"_s, 392, 200);
 }
 
 void frmSubAcc::DoMenu(const QString& menu, const QString& key) {

@@ -1,9 +1,5 @@
 #include "ledger/list_page.h"
 
-#include <QScopeGuard>
-
-#include <algorithm>
-
 #include "ledger/detail_panel.h"
 #include "ledger/entry_query.h"
 #include "shell/controls/kestro_button.h"
@@ -20,6 +16,10 @@
 #include "store/errors.h"
 #include "store/money.h"
 #include "store/state.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -62,13 +62,23 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
 ListPage::~ListPage() = default;
 
 void ListPage::NameControls() {
-    const std::vector<std::pair<QWidget*, QString>> names{
-        {KestroScrollMenu1, u"KestroScrollMenu1"_s}, {btnNew, u"btnNew"_s},           {btnEdit, u"btnEdit"_s},
-        {btnDel, u"btnDel"_s},                       {btnPrint, u"btnPrint"_s},       {btnExport, u"btnExport"_s},
-        {txtSearch, u"txtSearch"_s},                 {comKind, u"comKind"_s},         {comPage, u"comPage"_s},
-        {btnDate0, u"btnDate0"_s},                   {btnDate1, u"btnDate1"_s},       {chkFlag, u"chkFlag"_s},
-        {KestroList1, u"KestroList1"_s},             {KestroList2, u"KestroList2"_s}, {lblCount, u"lblCount"_s},
-        {lblValue, u"lblValue"_s},                   {KestroPGress1, u"KestroPGress1"_s}};
+    const std::vector<std::pair<QWidget*, QString>> names{{KestroScrollMenu1, u"KestroScrollMenu1"_s},
+                                                          {btnNew, u"btnNew"_s},
+                                                          {btnEdit, u"btnEdit"_s},
+                                                          {btnDel, u"btnDel"_s},
+                                                          {btnPrint, u"btnPrint"_s},
+                                                          {btnExport, u"btnExport"_s},
+                                                          {txtSearch, u"txtSearch"_s},
+                                                          {comKind, u"comKind"_s},
+                                                          {comPage, u"comPage"_s},
+                                                          {btnDate0, u"btnDate0"_s},
+                                                          {btnDate1, u"btnDate1"_s},
+                                                          {chkFlag, u"chkFlag"_s},
+                                                          {KestroList1, u"KestroList1"_s},
+                                                          {KestroList2, u"KestroList2"_s},
+                                                          {lblCount, u"lblCount"_s},
+                                                          {lblValue, u"lblValue"_s},
+                                                          {KestroPGress1, u"KestroPGress1"_s}};
     for (const auto& [control, name] : names)
         control->setObjectName(name);
 }
@@ -106,7 +116,9 @@ void ListPage::BuildFilters(const ListPageWords& words) {
     btnDate1->SetArrow(true);
     btnDate0->onClick = [this] { OpenCalendar(false); };
     btnDate1->onClick = [this] { OpenCalendar(true); };
-    btnDate1->onArrow = [this] { Menus::Popup(u"shortdate"_s, btnDate1->mapToGlobal(btnDate1->rect().bottomLeft())); };
+    btnDate1->onArrow = [this] {
+        Menus::Popup(u"shortdate"_s, btnDate1->mapToGlobal(btnDate1->rect().bottomLeft()));
+    };
     chkFlag = new KestroCheck(u"重要"_s, this);
     chkFlag->SetIconName(u"flag"_s);
     hasFlag_ = words.hasFlag;
@@ -201,10 +213,10 @@ void ListPage::ShowOther(QWidget* other) {
 
 void ListPage::ShowControls() {
     const bool list = !other_;
-    for (QWidget* control : {static_cast<QWidget*>(txtSearch), static_cast<QWidget*>(comKind),
-                             static_cast<QWidget*>(btnDate0), static_cast<QWidget*>(btnDate1),
-                             static_cast<QWidget*>(KestroList1), static_cast<QWidget*>(lblCount),
-                             static_cast<QWidget*>(lblValue)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(txtSearch), static_cast<QWidget*>(comKind), static_cast<QWidget*>(btnDate0),
+          static_cast<QWidget*>(btnDate1), static_cast<QWidget*>(KestroList1),
+          static_cast<QWidget*>(lblCount), static_cast<QWidget*>(lblValue)})
         control->setVisible(list);
     chkFlag->setVisible(list && hasFlag_);
     comPage->setVisible(list && hasPages_);
@@ -265,7 +277,8 @@ void ListPage::pRetunPrintInfo(int code, int a, int b, int /*c*/) {
     }
 }
 
-void ListPage::FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
+void ListPage::FillDetail(const QString& heading, const QString& title,
+                          const std::vector<QStringList>& rows) {
     panel_->Fill(heading, title, rows);
 }
 

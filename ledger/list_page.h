@@ -2,15 +2,15 @@
 // What the two list pages share: strip, toolbar, filters, paged list, sums, detail list. What differs between
 // them is data and the few functions below.
 
-#include <QTimer>
-
-#include <functional>
-
 #include "ledger/entry_delete.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/page.h"
 #include "store/job.h"
 #include "store/notices.h"
+
+#include <QTimer>
+
+#include <functional>
 
 class KestroButton;
 class KestroCalendar;

@@ -1,10 +1,10 @@
 // Deleting lines of a list page: the current one, and the checked ones as a long job.
 
-#include <algorithm>
-
 #include "ledger/list_page.h"
 #include "store/messages.h"
 #include "store/state.h"
+
+#include <algorithm>
 
 void ListPage::DeleteCurrent() {
     const int row = KestroList1->CurrentRow();

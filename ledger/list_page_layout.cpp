@@ -1,9 +1,5 @@
 // The places of a list page's controls. Lengths are device-independent pixels.
 
-#include <QResizeEvent>
-
-#include <algorithm>
-
 #include "ledger/detail_panel.h"
 #include "ledger/list_page.h"
 #include "shell/controls/kestro_button.h"
@@ -13,6 +9,10 @@
 #include "shell/controls/kestro_pgress.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
+
+#include <QResizeEvent>
+
+#include <algorithm>
 
 namespace {
 constexpr int kMargin = 12;
@@ -101,7 +101,8 @@ void ListPage::ArrangeFilters(int x, int width) {
 
 void ListPage::ArrangeLists(const QRect& room) {
     const bool side = displayMode_ == 0 && room.width() - kSideDetail - kMargin >= kListBesideDetail;
-    const bool below = !side && displayMode_ != 2 && room.height() - kSumsHeight - DetailPanel::kHeight >= kListLeast;
+    const bool below =
+        !side && displayMode_ != 2 && room.height() - kSumsHeight - DetailPanel::kHeight >= kListLeast;
     QRect list = room;
     list.setHeight(room.height() - kSumsHeight - (below ? DetailPanel::kHeight : 0));
     if (side) list.setWidth(room.width() - kSideDetail - kMargin);

@@ -1,11 +1,11 @@
 #include "ledger/posting.h"
 
-#include <algorithm>
-
 #include "store/book_format.h"
 #include "store/entry_rows.h"
 #include "store/money.h"
 #include "store/picture_index.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +23,9 @@ QString StoredAmount(const QString& typed) {
 
 QString StoredTime(const EntryValues& e) {
     // The checks refuse what is too late, not what is absurdly early.
-    const auto whole = [](const QString& text) { return static_cast<int>(std::clamp(Val(text), -kFarTime, kFarTime)); };
+    const auto whole = [](const QString& text) {
+        return static_cast<int>(std::clamp(Val(text), -kFarTime, kFarTime));
+    };
     const auto part = [&](const QString& text) { return TwoDigits(whole(text)); };
     return part(e.hour) + u':' + part(e.minute);
 }
@@ -116,8 +118,8 @@ void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const 
     qint64 sign = 0;
     QString code;
     {
-        auto row = book.Read(u"select Value1,nSign,"_s + (kinds ? u"Type1"_s : u"SubAccKey"_s) + u" from "_s + rows +
-                             u" where rowid="_s + QString::number(*at));
+        auto row = book.Read(u"select Value1,nSign,"_s + (kinds ? u"Type1"_s : u"SubAccKey"_s) + u" from "_s +
+                             rows + u" where rowid="_s + QString::number(*at));
         if (!row.Next()) return;
         value = row.Number(0);
         sign = row.Int(1);
@@ -125,7 +127,8 @@ void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const 
     }
     const QString amount = u' ' + SqlNumber(value);
     const QString opposite = op == u"+" ? u"-"_s : u"+"_s;
-    const QString change = sign == 1 ? u" set nAdd= nAdd "_s + op + amount + u", Money= Money "_s + op + amount
-                                     : u" set nReduce= nReduce "_s + op + amount + u", Money= Money "_s + opposite + amount;
+    const QString change =
+        sign == 1 ? u" set nAdd= nAdd "_s + op + amount + u", Money= Money "_s + op + amount
+                  : u" set nReduce= nReduce "_s + op + amount + u", Money= Money "_s + opposite + amount;
     book.Execute(u"update "_s + chart + change + u" where Sort1="_s + Quote(code));
 }

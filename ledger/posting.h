@@ -19,7 +19,7 @@ PostedIds PostEntry(cConnection& book, const EntryValues& entry);
 AccountRow KindRow(const EntryValues& entry, size_t slot);
 SubAccItemRow RecordRow(const EntryValues& entry, size_t slot, qint64 main);
 
-/// Applies ("+") or takes back ("-") one row's effect on its chart row. rowId is a tAccount id for tKind and a
-/// tSubAccItem id for tSubAcc; -1, an empty table and a vanished row do nothing. Reads the stored row, so a
+/// Applies ("+") or takes back ("-") one row's effect on its chart row. rowId is a tAccount id for tKind and
+/// a tSubAccItem id for tSubAcc; -1, an empty table and a vanished row do nothing. Reads the stored row, so a
 /// reversal has to run before the row is rewritten or deleted.
 void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const QString& op);

@@ -1,9 +1,9 @@
 #include "ledger/templates.h"
 
-#include <QStringList>
-
 #include "store/entry_rows.h"
 #include "store/messages.h"
+
+#include <QStringList>
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
 #pragma once
 // Entry templates: remembered matter texts of a book.
 
+#include "store/connection.h"
+
 #include <QString>
 
 #include <vector>
-
-#include "store/connection.h"
 
 struct EntryTemplate {
     qint64 id = 0;

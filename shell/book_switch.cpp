@@ -32,7 +32,8 @@ bool CanOpen(const QString& path) {
 QString CheckedPath(QString path) {
     path = path.toLower();
     if (path.isEmpty())
-        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath).toLower();
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath)
+                   .toLower();
     if (path.isEmpty()) return {};
     if (!FileExists(path)) {
         Refuse(u"文件【"_s + path + u"】不存在！"_s);
@@ -133,7 +134,9 @@ bool ReloadPages(int newBook) {
 }
 
 void QuickPeriod(int pageCode, const QString& key, bool search) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc && pageCode != kPageStats) return;
+    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc &&
+        pageCode != kPageStats)
+        return;
     auto* page = PageOfCode(pageCode);
     if (!page) return;
     const auto labels = QuickPeriodLabels(key);

@@ -1,9 +1,5 @@
 #include "shell/frm_main.h"
 
-#include <QApplication>
-#include <QMetaObject>
-#include <QWindow>
-
 #include "shell/addresses.h"
 #include "shell/book_switch.h"
 #include "shell/commands.h"
@@ -19,6 +15,10 @@
 #include "store/settings.h"
 #include "store/state.h"
 
+#include <QApplication>
+#include <QMetaObject>
+#include <QWindow>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -29,7 +29,8 @@ constexpr int kSmallestWidth = 10000 / 15;
 constexpr int kSmallestHeight = 8000 / 15;
 
 const QStringList& TabCaptions() {
-    static const QStringList captions{u"记  账"_s, u"账  户"_s, u"网  账"_s, u"统  计"_s, u"记  事"_s, u"设  置"_s};
+    static const QStringList captions{u"记  账"_s, u"账  户"_s, u"网  账"_s,
+                                      u"统  计"_s, u"记  事"_s, u"设  置"_s};
     return captions;
 }
 
@@ -157,15 +158,17 @@ void frmMain::SetLogoNumber() {
     due_ = DueCount();
     SetBadge(due_);
     if (auto* logo = HeaderWidget(u"logo"_s))
-        logo->setToolTip(due_ > 0 ? u"您有【"_s + QString::number(due_) + u"】个提醒或需要处理事项!"_s : QString());
+        logo->setToolTip(due_ > 0 ? u"您有【"_s + QString::number(due_) + u"】个提醒或需要处理事项!"_s
+                                  : QString());
 }
 
 void frmMain::RefreshBook() {
     const auto& book = CurrentBook();
     SetBookLabel(u"账本: "_s + book.Name);
     if (auto* label = HeaderWidget(u"label"_s))
-        label->setToolTip(u"账本版本: 【"_s + book.Version + u"】\n核算年度: 【"_s + QString::number(book.Year) +
-                          u"】\n单击【查看、修改、备份】账本\n账本位置："_s + book.Path);
+        label->setToolTip(u"账本版本: 【"_s + book.Version + u"】\n核算年度: 【"_s +
+                          QString::number(book.Year) + u"】\n单击【查看、修改、备份】账本\n账本位置："_s +
+                          book.Path);
     SetLogoNumber();
     ClearSearch();
 }

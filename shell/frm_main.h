@@ -2,14 +2,14 @@
 // frmMain: the frame of the running program. Tabs, menus, status bar, book label, timer; it docks the pages
 // and receives what other processes tell.
 
-#include <QTimer>
-
-#include <array>
-
 #include "shell/controls/kestro_form.h"
 #include "shell/page.h"
 #include "shell/tracker.h"
 #include "store/notices.h"
+
+#include <QTimer>
+
+#include <array>
 
 class KestroCalculator;
 class KestroPGress;

@@ -1,7 +1,5 @@
 // Status bar and keys of the frame.
 
-#include <QShortcut>
-
 #include "shell/addresses.h"
 #include "shell/book_switch.h"
 #include "shell/commands.h"
@@ -16,6 +14,8 @@
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/state.h"
+
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -77,7 +77,9 @@ void frmMain::BuildShortcuts() {
     key(QKeySequence(u"Ctrl+Shift+Tab"_s), [this] { NextTab(-1); });
     key(QKeySequence(u"Ctrl+O"_s), [] { OpenDBFile({}); });
     key(QKeySequence(u"F10"_s), [this] { onHeaderButton(u"menu"_s); });
-    for (const auto& [keys, name] : {std::pair{u"Ctrl+N"_s, u"new"_s}, {u"Ctrl+E"_s, u"edit"_s}, {u"Ctrl+F"_s, u"find"_s},
+    for (const auto& [keys, name] : {std::pair{u"Ctrl+N"_s, u"new"_s},
+                                     {u"Ctrl+E"_s, u"edit"_s},
+                                     {u"Ctrl+F"_s, u"find"_s},
                                      {u"F5"_s, u"reload"_s}})
         key(QKeySequence(keys), [this, name] {
             if (auto* page = GetWinhWnd(tab_)) page->DoMenu(u"key"_s, name);

@@ -1,9 +1,9 @@
 #include "shell/ico_file.h"
 
+#include "shell/skin.h"
+
 #include <QBuffer>
 #include <QDataStream>
-
-#include "shell/skin.h"
 
 QByteArray IcoBytes(const std::vector<QImage>& pictures) {
     std::vector<QByteArray> pngs;

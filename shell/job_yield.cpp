@@ -1,14 +1,14 @@
 #include "shell/job_yield.h"
 
+#include "store/job.h"
+#include "store/outside.h"
+
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
 #include <vector>
-
-#include "store/job.h"
-#include "store/outside.h"
 
 namespace {
 
@@ -42,7 +42,8 @@ class InputGate : public QObject {
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (!IsInput(event->type()) || !watched->isWidgetType()) return false;
-        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) Job::Stop();
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+            Job::Stop();
         return std::none_of(Bars().begin(), Bars().end(), [&](const auto& bar) { return bar == watched; });
     }
 };

@@ -1,9 +1,5 @@
 #include "shell/main_menus.h"
 
-#include <functional>
-#include <map>
-#include <vector>
-
 #include "shell/addresses.h"
 #include "shell/book_switch.h"
 #include "shell/commands.h"
@@ -12,6 +8,10 @@
 #include "store/dialogs.h"
 #include "store/notices.h"
 #include "store/outside.h"
+
+#include <functional>
+#include <map>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -153,7 +153,8 @@ void Route(frmMain& frame, const QString& menu, const QString& key) {
     if (RouteKey(frame, key)) return;
     if (menu == u"shortdate") return QuickPeriod(State().gPage, key, true);
     if (menu == u"edit") return RouteToPage(menu, key, {kPageAccount, kPageSubAcc});
-    if (menu == u"export") return RouteToPage(menu, key, {kPageAccount, kPageSetting, kPageSubAcc, kPageStats});
+    if (menu == u"export")
+        return RouteToPage(menu, key, {kPageAccount, kPageSetting, kPageSubAcc, kPageStats});
     if (menu == u"print") return RouteToPage(menu, key, {kPageAccount, kPageNote, kPageSubAcc, kPageStats});
     if (menu == u"file") return RouteFile(frame, key);
     if (menu != u"scrollkind" && menu != u"scroll") return;

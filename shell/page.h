@@ -8,7 +8,14 @@
 #include <functional>
 
 /// Page codes of gPage and the tabs that show them.
-enum PageCode { kPageAccount = 1, kPageNote = 9, kPageSetting = 12, kPageSubAcc = 13, kPageStats = 14, kPageWeb = 16 };
+enum PageCode {
+    kPageAccount = 1,
+    kPageNote = 9,
+    kPageSetting = 12,
+    kPageSubAcc = 13,
+    kPageStats = 14,
+    kPageWeb = 16
+};
 constexpr int kTabs = 6;
 constexpr int kTabCodes[kTabs] = {kPageAccount, kPageSubAcc, kPageWeb, kPageStats, kPageNote, kPageSetting};
 
@@ -51,11 +58,11 @@ void ClearPageFactories();
 
 /// What pages ask of the frame. Slots are empty while no frame stands.
 struct PageHost {
-    std::function<Page*(int tab)> page;      ///< the docked page or null
-    std::function<void(int tab)> show;       ///< goes to a tab
-    std::function<void()> dropOtherPages;    ///< unloads all pages but the entry page
-    std::function<void()> refresh;           ///< book label, number on the logo, empty search box
-    std::function<void()> updateLogo;        ///< the number on the logo alone
+    std::function<Page*(int tab)> page;    ///< the docked page or null
+    std::function<void(int tab)> show;     ///< goes to a tab
+    std::function<void()> dropOtherPages;  ///< unloads all pages but the entry page
+    std::function<void()> refresh;         ///< book label, number on the logo, empty search box
+    std::function<void()> updateLogo;      ///< the number on the logo alone
 };
 PageHost& Host();
 

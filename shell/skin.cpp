@@ -121,7 +121,8 @@ void Load(const QString& programFolder, std::optional<bool> wanted) {
     Scale();
     look.folder = programFolder + u"/Skin"_s;
     const QString file = look.folder + u"/skin.ini"_s;
-    look.dark = wanted.value_or(QSettings(file, QSettings::IniFormat).value(u"look/set"_s).toString() == u"dark");
+    look.dark =
+        wanted.value_or(QSettings(file, QSettings::IniFormat).value(u"look/set"_s).toString() == u"dark");
     look.colors = ReadColors(file, look.dark ? u"dark"_s : u"light"_s);
     ForgetIcons();
     if (qApp == nullptr) return;

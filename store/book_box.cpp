@@ -1,12 +1,12 @@
 #include "store/book_box.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include "store/book_format.h"
 #include "store/errors.h"
 #include "store/paths.h"
 #include "store/state.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -39,8 +39,8 @@ QString FixBookPath(const QString& path) {
 void ScanFolder(const QString& folder) {
     auto& books = State().gBooks;
     const QString base = folder.endsWith(u'/') ? folder : folder + u'/';
-    const auto names =
-        QDir(RealPath(QDir::cleanPath(folder)).path).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
+    const auto names = QDir(RealPath(QDir::cleanPath(folder)).path)
+                           .entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
     size_t index = 0;
     for (const auto& name : names) {
         const QString lower = name.toLower();

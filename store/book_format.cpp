@@ -1,9 +1,9 @@
 #include "store/book_format.h"
 
-#include <QStringList>
-
 #include "store/messages.h"
 #include "store/state.h"
+
+#include <QStringList>
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,11 @@
 #pragma once
 // The book file: ids, version, password and the keys of tSet.
 
+#include "store/connection.h"
+
 #include <QString>
 
 #include <optional>
-
-#include "store/connection.h"
 
 /// Length of ".jotdb", the extension that every book name loses.
 constexpr int kBookExtension = 6;

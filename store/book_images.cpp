@@ -1,8 +1,8 @@
 #include "store/book_images.h"
 
-#include <QFile>
-
 #include "store/paths.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 

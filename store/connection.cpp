@@ -1,12 +1,12 @@
 #include "store/connection.h"
 
-#include <QFileInfo>
-
-#include <cmath>
-
 #include "store/connection_core.h"
 #include "store/money.h"
 #include "store/paths.h"
+
+#include <QFileInfo>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -63,7 +63,8 @@ Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
     sqlite3_stmt* statement = nullptr;
     const auto text = QString::fromUtf8(sql);
     Probe(text);
-    if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()) + 1, &statement, rest) != SQLITE_OK)
+    if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()) + 1, &statement, rest) !=
+        SQLITE_OK)
         Fail(text);
     return Statement(statement);
 }
@@ -104,13 +105,15 @@ void cConnection::Open(const QString& path, Options options) {
     core->source = QFileInfo(path).fileName();
     const auto real = RealPath(path);
     if (!real.rivals.isEmpty())
-        throw DbError(kOwnError, core->source, u"有只差大小写的同名文件："_s + real.rivals.join(u"，"_s), u"open "_s + path);
+        throw DbError(kOwnError, core->source, u"有只差大小写的同名文件："_s + real.rivals.join(u"，"_s),
+                      u"open "_s + path);
     // SQLite would make a temporary database for an empty name and one in memory for a special one.
-    if (!real.exists) throw DbError(SQLITE_CANTOPEN, core->source, u"文件不存在："_s + path, u"open "_s + path);
+    if (!real.exists)
+        throw DbError(SQLITE_CANTOPEN, core->source, u"文件不存在："_s + path, u"open "_s + path);
     const auto& vfs = Seams().vfs;
     const int flags = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
-    if (sqlite3_open_v2(real.path.toUtf8().constData(), &core->db, flags, vfs.isEmpty() ? nullptr : vfs.constData()) !=
-        SQLITE_OK)
+    if (sqlite3_open_v2(real.path.toUtf8().constData(), &core->db, flags,
+                        vfs.isEmpty() ? nullptr : vfs.constData()) != SQLITE_OK)
         core->Fail(u"open "_s + path);
     sqlite3_extended_result_codes(core->db, 1);
     sqlite3_busy_timeout(core->db, options.waitMs);

@@ -18,8 +18,11 @@
 class DbError : public std::exception {
  public:
     DbError(int number, QString source, QString description, QString statement)
-        : number(number), source(std::move(source)), description(std::move(description)),
-          statement(std::move(statement)), what_(this->description.toUtf8()) {}
+        : number(number),
+          source(std::move(source)),
+          description(std::move(description)),
+          statement(std::move(statement)),
+          what_(this->description.toUtf8()) {}
     const char* what() const noexcept override { return what_.constData(); }
 
     int number;

@@ -1,14 +1,13 @@
 #pragma once
 // What the files of the connection share. Included by store/connection*.cpp alone.
 
-#include <sqlite3.h>
+#include "store/connection.h"
 
 #include <QHash>
 #include <QString>
 
+#include <sqlite3.h>
 #include <vector>
-
-#include "store/connection.h"
 
 struct StatementEnd {
     void operator()(sqlite3_stmt* s) const { sqlite3_finalize(s); }

@@ -1,9 +1,9 @@
 // The text functions that statements of this program use and SQLite lacks: left$ and Mid$. They count
 // characters; their bodies stay lean, since lists run them once a row.
 
-#include <cstring>
-
 #include "store/connection_core.h"
+
+#include <cstring>
 
 namespace {
 

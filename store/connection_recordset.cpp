@@ -1,7 +1,7 @@
-#include <QHash>
-
 #include "store/connection_core.h"
 #include "store/money.h"
+
+#include <QHash>
 
 using namespace Qt::StringLiterals;
 
@@ -48,8 +48,8 @@ QString TableOf(const QString& sql) {
 bool ReadsPlainRows(const QString& sql) {
     const auto lower = sql.toLower();
     return lower.startsWith(u"select "_s) && !lower.contains(u"count("_s) && !lower.contains(u"sum("_s) &&
-           !lower.contains(u" group by "_s) && !lower.contains(u" union "_s) && !lower.contains(u"sqlite_master"_s) &&
-           !lower.contains(u"distinct"_s);
+           !lower.contains(u" group by "_s) && !lower.contains(u" union "_s) &&
+           !lower.contains(u"sqlite_master"_s) && !lower.contains(u"distinct"_s);
 }
 
 }  // namespace
@@ -80,7 +80,8 @@ struct cRecordset::Body {
 
 int cRecordset::Body::Column(QStringView column) const {
     const auto found = columns.constFind(column.toString().toLower());
-    if (found == columns.constEnd()) throw DbError(-1, core->source, u"没有这一列："_s + column.toString(), table);
+    if (found == columns.constEnd())
+        throw DbError(-1, core->source, u"没有这一列："_s + column.toString(), table);
     return *found;
 }
 
@@ -237,7 +238,8 @@ void cRecordset::Body::Change() {
     QStringList sets;
     for (const auto& [name, cell] : pending)
         sets << name + u"=?"_s;
-    Write(u"update "_s + table + u" set "_s + sets.join(u',') + u" where rowid="_s + QString::number(rowIds[at]));
+    Write(u"update "_s + table + u" set "_s + sets.join(u',') + u" where rowid="_s +
+          QString::number(rowIds[at]));
     TakeOver();
 }
 

@@ -1,8 +1,8 @@
 #include "store/dates.h"
 
-#include <QRegularExpression>
-
 #include "store/outside.h"
+
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 

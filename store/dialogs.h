@@ -1,11 +1,11 @@
 #pragma once
 // The fields of each dialog's record by name, and the slot table that opens a dialog by its code.
 
+#include "store/state.h"
+
 #include <QPoint>
 
 #include <functional>
-
-#include "store/state.h"
 
 /// Indices of gDlg, which are the page codes of the dialogs where they have one.
 enum DialogCode {
@@ -58,10 +58,19 @@ struct PictureDialog {
 /// frmInput.
 struct InputDialog {
     explicit InputDialog(DialogRecord& r = State().gDlg[kDlgInput])
-        : done(r.Flag1), prompt(r.Text1), label2(r.Text2), label3(r.Text3), text(r.Text4), memo(r.Text5),
-          startText(r.Text6), money(r.Num1), mode(r.Num2), otherDisabled(r.Flag2), other(r.Flag3),
+        : done(r.Flag1),
+          prompt(r.Text1),
+          label2(r.Text2),
+          label3(r.Text3),
+          text(r.Text4),
+          memo(r.Text5),
+          startText(r.Text6),
+          money(r.Num1),
+          mode(r.Num2),
+          otherDisabled(r.Flag2),
+          other(r.Flag3),
           otherChecked(r.Flag4) {}
-    int& done;           ///< in: show the memo row; out: confirmed
+    int& done;  ///< in: show the memo row; out: confirmed
     QString& prompt;
     QString& label2;
     QString& label3;
@@ -77,7 +86,8 @@ struct InputDialog {
 
 /// frmTree.
 struct TreeDialog {
-    explicit TreeDialog(DialogRecord& r = State().gDlg[kDlgTree]) : done(r.Flag1), key(r.Text1), name(r.Text2) {}
+    explicit TreeDialog(DialogRecord& r = State().gDlg[kDlgTree])
+        : done(r.Flag1), key(r.Text1), name(r.Text2) {}
     int& done;
     QString& key;  ///< in: the table, tKind or tSubAcc; out: the chosen code
     QString& name;

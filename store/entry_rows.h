@@ -2,9 +2,9 @@
 // The two row records of an entry and their inserts, for all who write such rows: posting, the charts'
 // opening balances, new books, the web ledger.
 
-#include <QString>
-
 #include "store/connection.h"
+
+#include <QString>
 
 /// One kind row. Ids of -1 mean that there is no such row.
 struct AccountRow {

@@ -1,9 +1,9 @@
 #include "store/errors.h"
 
-#include <exception>
-
 #include "store/connection.h"
 #include "store/messages.h"
+
+#include <exception>
 
 using namespace Qt::StringLiterals;
 

@@ -1,16 +1,16 @@
 #include "store/messages.h"
 
-#include <cstdio>
-
 #include "store/state.h"
+
+#include <cstdio>
 
 std::function<int(const MessageRequest&)>& MessageSlot() {
     static std::function<int(const MessageRequest&)> slot;
     return slot;
 }
 
-int ShowMsg(const QString& text, const QString& buttons, int icon, const QString& title, int width, int height,
-            const QByteArray& picture, double opacity) {
+int ShowMsg(const QString& text, const QString& buttons, int icon, const QString& title, int width,
+            int height, const QByteArray& picture, double opacity) {
     auto& result = State().gMsgResult;
     result = 0;
     if (const auto& slot = MessageSlot()) {

@@ -12,9 +12,9 @@ struct MessageRequest {
     QString buttons;  ///< captions joined by ",", the last one is the default button
     int icon = 4;     ///< 0 info, 1 question, 2 failure, 3 success, 4 warning, 5 emergency, 99 picture
     QString title;
-    int width = 392;     ///< smallest width in pixels
-    int height = 160;    ///< smallest height in pixels
-    QByteArray picture;  ///< an encoded image, or empty
+    int width = 392;       ///< smallest width in pixels
+    int height = 160;      ///< smallest height in pixels
+    QByteArray picture;    ///< an encoded image, or empty
     double opacity = 0.4;  ///< strength of the shadow, 0.2 to 1
 };
 

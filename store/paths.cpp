@@ -1,12 +1,12 @@
 #include "store/paths.h"
 
+#include "store/state.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
-
-#include "store/state.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,8 @@ QChar SeparatorOf(PathStyle style) {
 QStringList Matches(const QString& folder, const QStringList& levels, qsizetype at) {
     QStringList found;
     const bool last = at + 1 == levels.size();
-    const auto entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const auto entries =
+        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const auto& entry : entries) {
         if (entry.compare(levels[at], Qt::CaseInsensitive) != 0) continue;
         const QString here = folder.endsWith(u'/') ? folder + entry : folder + u'/' + entry;
@@ -97,7 +98,8 @@ QString FileNameOf(QString& path, int cut, PathStyle style) {
     return name;
 }
 
-FolderPlan PlanFolders(const QString& path, PathStyle style, const std::function<bool(const QString&)>& driveExists) {
+FolderPlan PlanFolders(const QString& path, PathStyle style,
+                       const std::function<bool(const QString&)>& driveExists) {
     const bool windows = style == PathStyle::windows;
     const QChar separator = SeparatorOf(style);
     QString text = path.trimmed();
@@ -133,15 +135,25 @@ QString MakeFolders(const QString& path) {
     return {};
 }
 
-bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive, const QString& programFolder) {
+bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
+                    const QString& programFolder) {
     const QString lower = path.toLower();
     if (style == PathStyle::windows) {
         const QStringList folders{u"\\Program Files"_s, u"\\Windows"_s, u"\\用户"_s, u"\\Users"_s};
         return std::any_of(folders.begin(), folders.end(),
                            [&](const QString& f) { return lower.startsWith((systemDrive + f).toLower()); });
     }
-    const QStringList folders{u"/usr"_s, u"/bin"_s,  u"/sbin"_s, u"/lib"_s, u"/etc"_s, u"/boot"_s,
-                              u"/dev"_s, u"/proc"_s, u"/sys"_s,  u"/run"_s, programFolder.toLower()};
+    const QStringList folders{u"/usr"_s,
+                              u"/bin"_s,
+                              u"/sbin"_s,
+                              u"/lib"_s,
+                              u"/etc"_s,
+                              u"/boot"_s,
+                              u"/dev"_s,
+                              u"/proc"_s,
+                              u"/sys"_s,
+                              u"/run"_s,
+                              programFolder.toLower()};
     return std::any_of(folders.begin(), folders.end(),
                        [&](const QString& f) { return lower == f || lower.startsWith(f + u'/'); });
 }

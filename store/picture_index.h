@@ -2,17 +2,17 @@
 // Where the pictures of a book belong. tPic keeps its owner behind the picture itself, so asking the table
 // walks every picture's pages; the owners are read once for an open book and kept in memory.
 
+#include "store/connection.h"
+
 #include <QString>
 
 #include <vector>
 
-#include "store/connection.h"
-
 struct PictureOwner {
     qint64 rowId = 0;
-    QString table;       ///< lower case
-    qint64 from = -1;    ///< lFromId; -1 while not yet attached
-    qint64 from1 = -1;   ///< lFromId1
+    QString table;      ///< lower case
+    qint64 from = -1;   ///< lFromId; -1 while not yet attached
+    qint64 from1 = -1;  ///< lFromId1
 };
 
 /// All owners: read on demand, kept by the writers below, read again after a rollback and after another

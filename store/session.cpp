@@ -1,14 +1,14 @@
 #include "store/session.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include "store/book_images.h"
 #include "store/dates.h"
 #include "store/messages.h"
 #include "store/paths.h"
 #include "store/settings.h"
 #include "store/state.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +33,8 @@ void ReopenDB() {
 
 int DueCount() {
     const auto notes = State().gDB.OpenRecordset(
-        u"select bWake,bWakeOk from tNoteBook where bWake=1 and bWakeOk=0 and wakedate<="_s + Quote(TodayText(u"-"_s)));
+        u"select bWake,bWakeOk from tNoteBook where bWake=1 and bWakeOk=0 and wakedate<="_s +
+        Quote(TodayText(u"-"_s)));
     return notes.RecordCount() + OpenAdCount();
 }
 

@@ -1,16 +1,16 @@
 #include "store/settings.h"
 
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 #include "store/book_box.h"
 #include "store/book_images.h"
 #include "store/connection.h"
 #include "store/dates.h"
 #include "store/paths.h"
 #include "store/state.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -108,7 +108,8 @@ void OpenSettings(const QString& path) {
     auto& state = State();
     state.gSetDB.Open(path);
     ReadColumns(state.gSetDB);
-    if (const auto row = OpenKey(state.gSetDB, u"LoadDate"_s); !row.Eof()) state.LoadDate = row.Text(u"Value1");
+    if (const auto row = OpenKey(state.gSetDB, u"LoadDate"_s); !row.Eof())
+        state.LoadDate = row.Text(u"Value1");
 }
 
 void LoadSettings() {
@@ -134,8 +135,9 @@ void SaveSetting(const QString& value, int code) {
         case kSaveLogTime:
             return settings.Execute(u"update tSetting set sLogDateTime="_s + Quote(NowText()));
         case kSaveWebAccount:
-            return settings.Execute(u"update tSetting set sWebBook="_s + Quote(state.sWebBook) + u", sWebName="_s +
-                                    Quote(state.sWebName) + u", sWebPass="_s + Quote(state.sWebPass));
+            return settings.Execute(u"update tSetting set sWebBook="_s + Quote(state.sWebBook) +
+                                    u", sWebName="_s + Quote(state.sWebName) + u", sWebPass="_s +
+                                    Quote(state.sWebPass));
         case kSaveBookBox:
             return settings.Execute(u"update tSetting set sDBPath="_s + Quote(state.sDBPath));
         default:

@@ -14,9 +14,9 @@ void OpenSettings(const QString& path);
 void LoadSettings();
 
 enum SettingCode {
-    kSaveAll = -1,        ///< the general settings, in one transaction
-    kSaveLastBook = 1,    ///< value: the path
-    kSaveHandle = 2,      ///< value: the handle
+    kSaveAll = -1,      ///< the general settings, in one transaction
+    kSaveLastBook = 1,  ///< value: the path
+    kSaveHandle = 2,    ///< value: the handle
     kSaveLogTime = 3,
     kSaveWebAccount = 4,
     kSaveBookBox = 5

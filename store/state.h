@@ -1,12 +1,12 @@
 #pragma once
 // The program-wide state, one record for as long as the process lives.
 
+#include "store/connection.h"
+
 #include <QString>
 
 #include <array>
 #include <vector>
-
-#include "store/connection.h"
 
 struct BookRecord {
     QString Path;  ///< always lower case

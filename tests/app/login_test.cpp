@@ -1,10 +1,6 @@
 // The login window in every branch that a book or a user can drive it into.
 
 #include "app/frm_login.h"
-
-#include <QDir>
-#include <QFile>
-
 #include "app/windows.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
@@ -15,6 +11,9 @@
 #include "store/errors.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
+
+#include <QDir>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -103,7 +102,8 @@ TEST_F(Login, BooksThatCannotBeOpenedAreToldOneByOne) {
     State().sPreOpenDBFile = Path(u"box/old.jotdb"_s).toLower();
     Show();
     EXPECT_EQ(Books()->Count(), 3);
-    boxes.Expect(u"程序要求账本版本是：【10.0】\n当前账本版本是：【10.0 】\n账本版本不符不能打开! 请与开发商联系!"_s);
+    boxes.Expect(
+        u"程序要求账本版本是：【10.0】\n当前账本版本是：【10.0 】\n账本版本不符不能打开! 请与开发商联系!"_s);
     login_->BtnEnterClicked();
     Choose(u"nopass"_s);
     boxes.Expect(u"口令检测错误!"_s);
@@ -130,8 +130,9 @@ TEST_F(Login, OpensABookElsewhereByItsFile) {
     struct Case {
         QString path, message;
     };
-    for (const auto& c : {Case{Path(u"none.jotdb"_s), u"文件【"_s + Path(u"none.jotdb"_s).toLower() + u"】不存在！"_s},
-                          Case{Path(u"Set.ini"_s), u"文件【"_s + Path(u"Set.ini"_s).toLower() + u"】不是账本文件！"_s}}) {
+    for (const auto& c :
+         {Case{Path(u"none.jotdb"_s), u"文件【"_s + Path(u"none.jotdb"_s).toLower() + u"】不存在！"_s},
+          Case{Path(u"Set.ini"_s), u"文件【"_s + Path(u"Set.ini"_s).toLower() + u"】不是账本文件！"_s}}) {
         boxes.Expect(c.message);
         login_->OpenBookFile(c.path);
     }
@@ -155,7 +156,8 @@ TEST_F(Login, TheBookBoxMovesButNotIntoTheSystem) {
         EXPECT_TRUE(request.wantsFolder);
         return answer;
     };
-    boxes.Expect(u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"_s);
+    boxes.Expect(
+        u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"_s);
     login_->BtnPathClicked();
     EXPECT_EQ(State().sDBPath, Path(u"box"_s));
     answer = Path(u"New Box"_s);

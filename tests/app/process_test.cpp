@@ -1,6 +1,12 @@
 // Real processes: a second copy, the agent, killed copies, a program folder that cannot be written. They run
 // in a copied program folder and a home of their own.
 
+#include "app/single_instance.h"
+#include "app/startup.h"
+#include "store/book_images.h"
+#include "store/outside.h"
+#include "tests/support/ui_fixture.h"
+
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
@@ -8,14 +14,7 @@
 
 #include <csignal>
 #include <filesystem>
-
 #include <unistd.h>
-
-#include "app/single_instance.h"
-#include "app/startup.h"
-#include "store/book_images.h"
-#include "store/outside.h"
-#include "tests/support/ui_fixture.h"
 
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
@@ -51,7 +50,9 @@ class Processes : public UiFixture {
     }
 
     std::vector<std::pair<const char*, QString>> World() const {
-        return {{"HOME", Path(u"home"_s)}, {"XDG_RUNTIME_DIR", Path(u"run"_s)}, {"XDG_DATA_HOME", Path(u"home/data"_s)}};
+        return {{"HOME", Path(u"home"_s)},
+                {"XDG_RUNTIME_DIR", Path(u"run"_s)},
+                {"XDG_DATA_HOME", Path(u"home/data"_s)}};
     }
     QProcess* Start(const QString& program, const QStringList& arguments = {}) {
         auto* process = new QProcess;
@@ -69,20 +70,22 @@ class Processes : public UiFixture {
         Outside().launch = [](const QString&, const QStringList&, const QString&) { return true; };
         ASSERT_EQ(StartUp({}), StartResult::login);
         SaveHandle();
-        channel.onMessage = [this](const ChannelMessage& m) { received_ << m.code; handles_ << m.handle; };
+        channel.onMessage = [this](const ChannelMessage& m) {
+            received_ << m.code;
+            handles_ << m.handle;
+        };
         ASSERT_TRUE(channel.Listen(ChannelName(u"main"_s)));
     }
     void SaveHandle() {
-        State().gSetDB.Execute(u"update tSetting set lHandle="_s + Quote(QString::number(State().gRunHandle)));
+        State().gSetDB.Execute(u"update tSetting set lHandle="_s +
+                               Quote(QString::number(State().gRunHandle)));
     }
     bool AgentAnswers() {
         QLocalSocket probe;
         probe.connectToServer(ChannelName(u"agent"_s));
         return probe.waitForConnected(50);
     }
-    static bool WaitLong(const std::function<bool()>& done, int ms) {
-        return QTest::qWaitFor(done, ms);
-    }
+    static bool WaitLong(const std::function<bool()>& done, int ms) { return QTest::qWaitFor(done, ms); }
 
     QList<int> received_;
     QList<qint32> handles_;
@@ -110,7 +113,8 @@ TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
     EXPECT_TRUE(received_.isEmpty());
 
     auto* second = Start(Program(u"KestroJot"_s), {book});
-    EXPECT_TRUE(WaitLong([&] { return second->state() == QProcess::NotRunning && !received_.isEmpty(); }, 8000));
+    EXPECT_TRUE(
+        WaitLong([&] { return second->state() == QProcess::NotRunning && !received_.isEmpty(); }, 8000));
     EXPECT_EQ(second->exitCode(), 0);
     EXPECT_EQ(received_, QList<int>{kCodeOpenBook});
     EXPECT_EQ(handles_, QList<qint32>{State().gRunHandle});
@@ -154,7 +158,8 @@ TEST_F(Processes, AnUnwritableProgramFolderGetsItsSettingsInTheDataFolder) {
     const fs::path program = Path(u"program"_s).toStdString();
     const fs::path home = Path(u"home"_s).toStdString();
     fs::create_directories(home / "data");
-    fs::permissions(program / "Set.ini", fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    fs::permissions(program / "Set.ini",
+                    fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     fs::permissions(program, fs::perms(0555));
     QProcess* process = nullptr;
     if (geteuid() == 0) {
@@ -162,12 +167,14 @@ TEST_F(Processes, AnUnwritableProgramFolderGetsItsSettingsInTheDataFolder) {
         for (const auto& folder : {home, home / "data", fs::path(Path(u"run"_s).toStdString())})
             ASSERT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
         fs::permissions(program.parent_path(), fs::perms(0755));
-        process = Start(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s, Program(u"KestroJot"_s)});
+        process = Start(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s,
+                                       Program(u"KestroJot"_s)});
     } else {
         process = Start(Program(u"KestroJot"_s));
     }
     const QString copy = Path(u"home/data/KestroJot/Set.ini"_s);
-    EXPECT_TRUE(WaitLong([&] { return QFile::exists(Path(u"home/KestroData/墨鹊理财/专业版例子.jotdb"_s)); }, 10000));
+    EXPECT_TRUE(
+        WaitLong([&] { return QFile::exists(Path(u"home/KestroData/墨鹊理财/专业版例子.jotdb"_s)); }, 10000));
     EXPECT_TRUE(QFile::exists(copy));
     EXPECT_EQ(process->state(), QProcess::Running);
     fs::permissions(program, fs::perms(0755));

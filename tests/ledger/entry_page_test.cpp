@@ -1,9 +1,6 @@
 // The entry page: filters, pages, sums, detail, strip, and what it does after saving.
 
 #include "ledger/frm_account.h"
-
-#include <QClipboard>
-
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
@@ -15,6 +12,8 @@
 #include "store/dialogs.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
+
+#include <QClipboard>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +47,9 @@ class EntryPage : public UiFixture {
             cells << list_->Cell(row, column);
         return cells;
     }
-    void ChooseKind(const QString& code) { At<KestroScrollMenu>("KestroScrollMenu1")->onClick(u"title3"_s, code); }
+    void ChooseKind(const QString& code) {
+        At<KestroScrollMenu>("KestroScrollMenu1")->onClick(u"title3"_s, code);
+    }
 
     std::unique_ptr<frmAccount> page_;
     KestroList* list_ = nullptr;
@@ -94,9 +95,11 @@ TEST_F(EntryPage, FiltersByTextFlagAndDates) {
 
 TEST_F(EntryPage, PagesByTenThousandAndStartsTheBalanceAgain) {
     auto& book = State().gDB;
-    book.Execute(u"begin; with recursive n(i) as (select 100 union all select i+1 from n where i<10249) insert into "
-                 u"tAccount (Id1,Title1,Type1,TypeName1,Value1,Date1,Time1,nSign,bIsMain) select i,'x','0101','产品收入',"
-                 u"1,'2017-01-01','08:00',1,1 from n; commit"_s);
+    book.Execute(
+        u"begin; with recursive n(i) as (select 100 union all select i+1 from n where i<10249) insert into "
+        u"tAccount (Id1,Title1,Type1,TypeName1,Value1,Date1,Time1,nSign,bIsMain) select "
+        u"i,'x','0101','产品收入',"
+        u"1,'2017-01-01','08:00',1,1 from n; commit"_s);
     ChooseKind(u"0101"_s);
     EXPECT_EQ(list_->RowCount(), 10000);
     EXPECT_EQ(Count(), u"笔数:10,151"_s);
@@ -121,8 +124,8 @@ TEST_F(EntryPage, DetailFollowsTheCurrentLine) {
     QStringList lines;
     for (int row = 0; row < detail->RowCount(); ++row)
         lines << detail->RowCells(row).join(u'|');
-    EXPECT_EQ(lines, (QStringList{u"分类一|0303应收款|8500"_s, u"分类二||"_s, u"账户一|02大宇公司|8500"_s, u"账户一||"_s,
-                                  u"照    片|1  张|"_s, u"标    记||"_s}));
+    EXPECT_EQ(lines, (QStringList{u"分类一|0303应收款|8500"_s, u"分类二||"_s, u"账户一|02大宇公司|8500"_s,
+                                  u"账户一||"_s, u"照    片|1  张|"_s, u"标    记||"_s}));
 }
 
 TEST_F(EntryPage, ANewEntryBecomesTheLastLineWhateverItsDate) {
@@ -134,8 +137,8 @@ TEST_F(EntryPage, ANewEntryBecomesTheLastLineWhateverItsDate) {
         entry.id = 3;
     });
     QTest::mouseClick(At<QWidget>("btnNew"), Qt::LeftButton);
-    EXPECT_EQ(list_->RowCells(3), (QStringList{u"4"_s, u"2016-01-01  14:08"_s, u"0201办公费用"_s, u"2100"_s, QString(),
-                                               QString(), u"购买办公桌"_s, QString()}));
+    EXPECT_EQ(list_->RowCells(3), (QStringList{u"4"_s, u"2016-01-01  14:08"_s, u"0201办公费用"_s, u"2100"_s,
+                                               QString(), QString(), u"购买办公桌"_s, QString()}));
     EXPECT_EQ(list_->CurrentRow(), 3);
     RegisterDialog(kDlgEntry, [](QPoint) {
         EntryDialog().done = 1;

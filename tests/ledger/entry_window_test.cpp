@@ -1,7 +1,6 @@
 // The entry window as a user works it: boxes, switches, growth, cancel, and what is left after a failure.
 
 #include "ledger/frm_account_new.h"
-
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
@@ -109,9 +108,10 @@ TEST_F(EntryWindow, SavesWithTwoKindsAndTwoAccountsAndLeavesItsIds) {
     Pick("comAccName1", u"0301软件开发"_s);
     Type("txtAccValue1", u".75"_s);
     At<KestroEditBox>("editNote")->SetText(u"第一行\n'第二行'"_s);
-    boxes.Expect(u"【事情】：买笔\n【日期】：2016-09-03  14:16\n【金额】：12.50 元\n\n【分类１】：▲ 0201办公费用\n"
-                 u"【分类２】：▼ 030202工行\n\n【账户１】：▲ 01东华公司\n【金额１】：12.5  元 \n"
-                 u"【账户２】：▲ 0301软件开发\n【金额２】：0.75  元 "_s);
+    boxes.Expect(
+        u"【事情】：买笔\n【日期】：2016-09-03  14:16\n【金额】：12.50 元\n\n【分类１】：▲ 0201办公费用\n"
+        u"【分类２】：▼ 030202工行\n\n【账户１】：▲ 01东华公司\n【金额１】：12.5  元 \n"
+        u"【账户２】：▲ 0301软件开发\n【金额２】：0.75  元 "_s);
     Press("btnEnter");
     EXPECT_FALSE(window_->isVisible());
     EXPECT_EQ(boxes.Last().title, u"记账信息是否正确？"_s);
@@ -120,8 +120,9 @@ TEST_F(EntryWindow, SavesWithTwoKindsAndTwoAccountsAndLeavesItsIds) {
     EXPECT_EQ(EntryDialog().done, 1);
     EXPECT_EQ(EntryDialog().id, 8);
     EXPECT_EQ(EntryDialog().secondId, 9);
-    EXPECT_EQ(Rows(State().gDB, u"select Id1,AccId,SubAccKey,TypeName1,Value1 from tSubAccItem where Id1>4"_s),
-              (QStringList{u"5|8|01|办公费用|12.5"_s, u"6|8|0301|办公费用|0.75"_s}));
+    EXPECT_EQ(
+        Rows(State().gDB, u"select Id1,AccId,SubAccKey,TypeName1,Value1 from tSubAccItem where Id1>4"_s),
+        (QStringList{u"5|8|01|办公费用|12.5"_s, u"6|8|0301|办公费用|0.75"_s}));
     EXPECT_TRUE(BalanceBreaks(State().gDB).isEmpty());
 }
 
@@ -172,7 +173,8 @@ TEST_F(EntryWindow, DaysAndTheCalculatorWriteIntoTheirBoxes) {
 }
 
 TEST_F(EntryWindow, CancelDropsKeptPicturesAndTheCloseBoxKeepsThem) {
-    State().gDB.Execute(u"insert into tPic values (9,x'00','a','tAccount',-1,-1),(10,x'00','b','tNotebook',-1,-1)"_s);
+    State().gDB.Execute(
+        u"insert into tPic values (9,x'00','a','tAccount',-1,-1),(10,x'00','b','tNotebook',-1,-1)"_s);
     window_->onClose();
     EXPECT_EQ(Rows(State().gDB, u"select ID1 from tPic"_s), (QStringList{u"1"_s, u"9"_s, u"10"_s}));
     window_->show();

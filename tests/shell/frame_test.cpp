@@ -1,21 +1,20 @@
 // The frame: tabs, menu routing, timer, messages of other processes, changing the book, leaving.
 
-#include "shell/frm_main.h"
-
-#include <QFile>
-#include <QMimeData>
-#include <QUrl>
-#include <QWheelEvent>
-
 #include "shell/book_switch.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_scroll_menu.h"
+#include "shell/frm_main.h"
 #include "shell/menus.h"
 #include "store/book_images.h"
 #include "store/dialogs.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
+
+#include <QFile>
+#include <QMimeData>
+#include <QUrl>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -76,7 +75,8 @@ TEST_F(Frame, StandsOnTheEntryPageWithItsBookAndTime) {
     EXPECT_EQ(frame_->SelectedTab(), 0);
     frame_->SetFormTab(3);  // no page there
     EXPECT_EQ(frame_->CurrentTab(), 0);
-    EXPECT_EQ(Rows(State().gSetDB, u"select sLogDateTime from tSetting"_s), QStringList{u"2016-09-03 14:16:20"_s});
+    EXPECT_EQ(Rows(State().gSetDB, u"select sLogDateTime from tSetting"_s),
+              QStringList{u"2016-09-03 14:16:20"_s});
     frame_->resize(300, 200);
     EXPECT_GE(frame_->NamedSize().width(), 666);
     EXPECT_GE(frame_->NamedSize().height(), 533);
@@ -99,8 +99,8 @@ TEST_F(Frame, MenusReachTheirActions) {
     frame_->SetFormTab(4);
     Menus::Choose(u"delete"_s, u"deletesele"_s);
     Menus::Choose(u"shortdate"_s, u"premonth"_s);
-    EXPECT_EQ(log, (QStringList{u"2016\n09-02~2016\n09-02"_s, u"searchdate/"_s, u"export/txt"_s, u"print/printview"_s,
-                                u"delall"_s, u"2016\n08-01~2016\n08-31"_s}));
+    EXPECT_EQ(log, (QStringList{u"2016\n09-02~2016\n09-02"_s, u"searchdate/"_s, u"export/txt"_s,
+                                u"print/printview"_s, u"delall"_s, u"2016\n08-01~2016\n08-31"_s}));
     int about = 0;
     Commands().about = [&about] { ++about; };
     Menus::Choose(u"file"_s, u"About"_s);
@@ -193,7 +193,8 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
     Menus::Choose(u"File"_s, u"exit"_s);
     EXPECT_EQ(unloaded_, 1);
     EXPECT_EQ(told, (QStringList{u"close"_s, u"1"_s, u"3"_s}));
-    EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s), QStringList{CurrentBook().Path});
+    EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s),
+              QStringList{CurrentBook().Path});
 }
 
 TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
@@ -204,7 +205,9 @@ TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
     tracker.hwnd = &window;
     second.hwnd = &other;
     QStringList log;
-    tracker.DragDropFiles = [&log](const QString& names, int count) { log << names + u'#' + QString::number(count); };
+    tracker.DragDropFiles = [&log](const QString& names, int count) {
+        log << names + u'#' + QString::number(count);
+    };
     tracker.MouseHover = [&log] { log << u"hover"_s; };
     tracker.MouseLeave = [&log] { log << u"leave"_s; };
     tracker.MouseWheel = [&log](int direction) { log << QString::number(direction); };
@@ -212,7 +215,8 @@ TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
     TrackAdd(second);
     EXPECT_EQ(TrackOf(&window), &tracker);
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(u"/a.jotdb"_s), QUrl::fromLocalFile(u"/b"_s), QUrl::fromLocalFile(u"/c d"_s)});
+    files.setUrls(
+        {QUrl::fromLocalFile(u"/a.jotdb"_s), QUrl::fromLocalFile(u"/b"_s), QUrl::fromLocalFile(u"/c d"_s)});
     tracker.DropFiles(files);
     tracker.RaiseMouseHover();
     tracker.RaiseMouseHover();
@@ -224,7 +228,8 @@ TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
     QApplication::sendEvent(&window, &up);
     QApplication::sendEvent(&window, &down);
     QApplication::sendEvent(&other, &up);
-    EXPECT_EQ(log, (QStringList{u"/a.jotdb\n/b\n/c d#3"_s, u"hover"_s, u"hover"_s, u"leave"_s, u"-1"_s, u"1"_s}));
+    EXPECT_EQ(log,
+              (QStringList{u"/a.jotdb\n/b\n/c d#3"_s, u"hover"_s, u"hover"_s, u"leave"_s, u"-1"_s, u"1"_s}));
     TrackRemove(tracker);
     TrackRemove(tracker);
     EXPECT_EQ(TrackCount(), 1);

@@ -1,9 +1,5 @@
 #include "tests/support/ui_fixture.h"
 
-#include <QElapsedTimer>
-#include <QFile>
-#include <QInputMethodEvent>
-
 #include "app/windows.h"
 #include "shell/commands.h"
 #include "shell/file_dialog.h"
@@ -12,6 +8,10 @@
 #include "store/dialogs.h"
 #include "store/outside.h"
 #include "store/settings.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QInputMethodEvent>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,8 @@
 #pragma once
-// The fixture of window tests: windows closed, menus and registries emptied, modal windows driven from inside.
+// The fixture of window tests: windows closed, menus and registries emptied, modal windows driven from
+// inside.
+
+#include "tests/support/fixture.h"
 
 #include <QApplication>
 #include <QTest>
@@ -7,8 +10,6 @@
 #include <QWidget>
 
 #include <functional>
-
-#include "tests/support/fixture.h"
 
 class UiFixture : public Fixture {
  protected:

@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "*.warning=false");  // the offscreen platform cannot raise windows and says so
+    qputenv("QT_LOGGING_RULES",
+            "*.warning=false");  // the offscreen platform cannot raise windows and says so
     QApplication app(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -9,10 +9,10 @@
 #include "shell/message_box.h"
 #include "store/messages.h"
 
-#include <QTest>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QScreen>
+#include <QTest>
 #include <QTimer>
 
 #include <algorithm>

@@ -9,10 +9,10 @@
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 
-#include <QTest>
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>

@@ -1,13 +1,13 @@
 // The driver's requests on the two charts and on templates.
 
-#include <algorithm>
-
 #include "chart/maintenance.h"
 #include "ledger/templates.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
 #include "tools/drive/request.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,15 +16,15 @@ namespace {
 QJsonArray ChartLines(const QString& table) {
     QJsonArray lines;
     for (const auto& line : ReadChart(State().gDB, table))
-        lines.append(QJsonObject{{u"key"_s, line.code},
-                                 {u"id"_s, line.id},
-                                 {u"cells"_s, QJsonArray::fromStringList(line.cells)}});
+        lines.append(QJsonObject{
+            {u"key"_s, line.code}, {u"id"_s, line.id}, {u"cells"_s, QJsonArray::fromStringList(line.cells)}});
     return lines;
 }
 
 std::optional<ChartRecord> RecordOfCode(const QString& table, const QString& code) {
     const auto lines = ReadChart(State().gDB, table);
-    const auto found = std::find_if(lines.begin(), lines.end(), [&](const ChartLine& l) { return l.code == code; });
+    const auto found =
+        std::find_if(lines.begin(), lines.end(), [&](const ChartLine& l) { return l.code == code; });
     if (code.isEmpty() || found == lines.end()) return {};
     return ReadChartRecord(State().gDB, found->id, table);
 }

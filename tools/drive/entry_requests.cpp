@@ -1,8 +1,5 @@
 // The driver's requests on entries and account records.
 
-#include <algorithm>
-#include <map>
-
 #include "chart/codes.h"
 #include "ledger/entry_check.h"
 #include "ledger/entry_delete.h"
@@ -16,18 +13,25 @@
 #include "store/text.h"
 #include "tools/drive/request.h"
 
+#include <algorithm>
+#include <map>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 QString ControlName(EntryField field) {
-    static const std::map<EntryField, QString> names{
-        {EntryField::thing, u"txtThing"_s},         {EntryField::money, u"txtMoney"_s},
-        {EntryField::date, u"txtDate"_s},           {EntryField::hour, u"txtHour"_s},
-        {EntryField::minute, u"txtMinute"_s},       {EntryField::kind, u"comKind"_s},
-        {EntryField::kind2, u"comKind1"_s},         {EntryField::account, u"comAccName"_s},
-        {EntryField::accountValue, u"txtAccValue"_s}, {EntryField::account2, u"comAccName1"_s},
-        {EntryField::account2Value, u"txtAccValue1"_s}};
+    static const std::map<EntryField, QString> names{{EntryField::thing, u"txtThing"_s},
+                                                     {EntryField::money, u"txtMoney"_s},
+                                                     {EntryField::date, u"txtDate"_s},
+                                                     {EntryField::hour, u"txtHour"_s},
+                                                     {EntryField::minute, u"txtMinute"_s},
+                                                     {EntryField::kind, u"comKind"_s},
+                                                     {EntryField::kind2, u"comKind1"_s},
+                                                     {EntryField::account, u"comAccName"_s},
+                                                     {EntryField::accountValue, u"txtAccValue"_s},
+                                                     {EntryField::account2, u"comAccName1"_s},
+                                                     {EntryField::account2Value, u"txtAccValue1"_s}};
     const auto found = names.find(field);
     return found == names.end() ? QString() : found->second;
 }
@@ -35,7 +39,8 @@ QString ControlName(EntryField field) {
 // Chooses a code as from the drop list: only what the list offers, and only a leaf.
 bool ChooseFromList(EntryValues& e, size_t slot, const QString& code) {
     const auto offered = ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot)));
-    const auto found = std::find_if(offered.begin(), offered.end(), [&](const CodeName& c) { return c.code == code; });
+    const auto found =
+        std::find_if(offered.begin(), offered.end(), [&](const CodeName& c) { return c.code == code; });
     if (found == offered.end()) return true;  // the box stays empty, which the checks refuse
     if (!PickCode(State().gDB, e, slot, code)) return false;
     e.text[slot] = found->code + found->name;
@@ -67,7 +72,8 @@ EntryValues EntryOf(const QJsonObject& r) {
 
 // Name of the first of these fields that the request lacks as a text, or an empty one.
 QString MissingText(const QJsonObject& r, const QStringList& keys) {
-    const auto missing = std::find_if(keys.begin(), keys.end(), [&](const QString& key) { return !r[key].isString(); });
+    const auto missing =
+        std::find_if(keys.begin(), keys.end(), [&](const QString& key) { return !r[key].isString(); });
     return missing == keys.end() ? QString() : *missing;
 }
 
@@ -125,7 +131,9 @@ QJsonObject AnswerSave(const QJsonObject& r) {
     if (!ChooseCodes(r, e, nullptr)) return Refusal({}, {});
     const auto outcome = SaveNewEntry(State().gDB, e);
     if (!outcome.done) return Refusal({}, ControlName(outcome.focus));
-    return {{u"ok"_s, true}, {u"main"_s, outcome.ids.main}, {u"second"_s, outcome.ids.second},
+    return {{u"ok"_s, true},
+            {u"main"_s, outcome.ids.main},
+            {u"second"_s, outcome.ids.second},
             {u"confirm"_s, BuildConfirmText(e)}};
 }
 
@@ -208,9 +216,15 @@ QJsonObject AnswerList(const QJsonObject& r) {
         if (job.Stopped()) TellStopped();
     }
     const auto sums = ShowSumTexts(ReadSums(book, query), query.all);
-    return {{u"ok"_s, true},           {u"lines"_s, lines},         {u"heading"_s, AmountHeading(query)},
-            {u"count"_s, sums.count},  {u"value"_s, sums.value},    {u"tag"_s, sums.tag},
-            {u"bill"_s, sums.bill},    {u"money"_s, sums.money},    {u"sumbill"_s, sums.sumbill},
+    return {{u"ok"_s, true},
+            {u"lines"_s, lines},
+            {u"heading"_s, AmountHeading(query)},
+            {u"count"_s, sums.count},
+            {u"value"_s, sums.value},
+            {u"tag"_s, sums.tag},
+            {u"bill"_s, sums.bill},
+            {u"money"_s, sums.money},
+            {u"sumbill"_s, sums.sumbill},
             {u"summoney"_s, sums.summoney}};
 }
 
@@ -221,8 +235,8 @@ QJsonObject AnswerRecords(const QJsonObject& r) {
     {
         Job job;
         ReadRecordLines(book, query, r[u"page"].toVariant().toInt(), job, [&](EntryLine&& line) {
-            lines.append(
-                QJsonObject{{u"key"_s, line.key}, {u"sub"_s, line.subKey}, {u"cells"_s, CellsOf(line.cells)}});
+            lines.append(QJsonObject{
+                {u"key"_s, line.key}, {u"sub"_s, line.subKey}, {u"cells"_s, CellsOf(line.cells)}});
         });
         if (job.Stopped()) TellStopped();
     }

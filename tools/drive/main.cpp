@@ -1,5 +1,13 @@
 // kestro-drive: the program's logic without windows. JSON lines in, JSON lines out.
 
+#include "store/book_box.h"
+#include "store/book_format.h"
+#include "store/errors.h"
+#include "store/paths.h"
+#include "store/settings.h"
+#include "store/state.h"
+#include "tools/drive/request.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -9,14 +17,6 @@
 #include <cstdio>
 #include <iostream>
 #include <string>
-
-#include "store/book_box.h"
-#include "store/book_format.h"
-#include "store/errors.h"
-#include "store/paths.h"
-#include "store/settings.h"
-#include "store/state.h"
-#include "tools/drive/request.h"
 
 using namespace Qt::StringLiterals;
 
@@ -78,7 +78,8 @@ QJsonObject AnswerLine(const std::string& line) {
     if (utf8.hasError()) return {{u"ok"_s, false}, {u"error"_s, u"bad UTF-8"_s}, {u"boxes"_s, QJsonArray()}};
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(text.toUtf8(), &error);
-    if (!document.isObject()) return {{u"ok"_s, false}, {u"error"_s, u"bad JSON"_s}, {u"boxes"_s, QJsonArray()}};
+    if (!document.isObject())
+        return {{u"ok"_s, false}, {u"error"_s, u"bad JSON"_s}, {u"boxes"_s, QJsonArray()}};
     return Answer(document.object());
 }
 

@@ -1,16 +1,16 @@
 #include "tools/drive/request.h"
 
-#include <QDateTime>
-
-#include <algorithm>
-#include <functional>
-#include <map>
-
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/state.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <functional>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -19,13 +19,18 @@ namespace {
 using Handler = std::function<QJsonObject(const QJsonObject&)>;
 
 const std::map<QString, Handler>& Handlers() {
-    static const std::map<QString, Handler> handlers{
-        {u"save"_s, AnswerSave},           {u"load"_s, AnswerLoad},
-        {u"edit"_s, AnswerEdit},           {u"delete"_s, AnswerDelete},
-        {u"deleteChecked"_s, AnswerDeleteChecked}, {u"list"_s, AnswerList},
-        {u"records"_s, AnswerRecords},     {u"chart"_s, AnswerChart},
-        {u"templates"_s, AnswerTemplates}, {u"templateAdd"_s, AnswerTemplateAdd},
-        {u"templateDelete"_s, AnswerTemplateDelete}, {u"texts"_s, AnswerTexts}};
+    static const std::map<QString, Handler> handlers{{u"save"_s, AnswerSave},
+                                                     {u"load"_s, AnswerLoad},
+                                                     {u"edit"_s, AnswerEdit},
+                                                     {u"delete"_s, AnswerDelete},
+                                                     {u"deleteChecked"_s, AnswerDeleteChecked},
+                                                     {u"list"_s, AnswerList},
+                                                     {u"records"_s, AnswerRecords},
+                                                     {u"chart"_s, AnswerChart},
+                                                     {u"templates"_s, AnswerTemplates},
+                                                     {u"templateAdd"_s, AnswerTemplateAdd},
+                                                     {u"templateDelete"_s, AnswerTemplateDelete},
+                                                     {u"texts"_s, AnswerTexts}};
     return handlers;
 }
 

@@ -39,5 +39,6 @@ QJsonObject AnswerTemplates(const QJsonObject& request);
 QJsonObject AnswerTemplateAdd(const QJsonObject& request);
 QJsonObject AnswerTemplateDelete(const QJsonObject& request);
 
-/// Value of the request "texts": a named helper on its arguments. Adds "value", or "error" for an unknown one.
+/// Value of the request "texts": a named helper on its arguments. Adds "value", or "error" for an unknown
+/// one.
 QJsonObject AnswerTexts(const QJsonObject& request);

@@ -1,14 +1,13 @@
-#include "tools/drive/request.h"
-
-#include <functional>
-#include <map>
-
 #include "chart/codes.h"
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/paths.h"
 #include "store/state.h"
 #include "store/text.h"
+#include "tools/drive/request.h"
+
+#include <functional>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -70,7 +69,8 @@ const std::map<QString, Function>& Functions() {
         {u"ParentPath"_s, [](const auto& a) { return ParentPath(a.Text(0)); }},
         {u"NameByCode"_s, [](const auto& a) { return NameByCode(State().gDB, a.Text(0), a.Text(1)); }},
         {u"IsLeafCode"_s, [](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), a.Text(1)); }},
-        {u"CodePathText"_s, [](const auto& a) { return CodePathText(State().gDB, a.Text(0), a.Text(1), a.Flag(2)); }},
+        {u"CodePathText"_s,
+         [](const auto& a) { return CodePathText(State().gDB, a.Text(0), a.Text(1), a.Flag(2)); }},
         {u"BranchSums"_s, Sums},
         {u"MakeFolders"_s, Folders},
         {u"IsForbiddenBox"_s,
@@ -85,9 +85,8 @@ QJsonObject AnswerTexts(const QJsonObject& request) {
     const auto function = Functions().find(request[u"fn"].toString());
     if (function == Functions().end()) return Failure(u"unknown function"_s);
     const QString style = request[u"style"].toString();
-    const Arguments arguments{request[u"args"].toArray(),
-                              style.isEmpty()            ? NativeStyle()
-                              : style == u"windows"      ? PathStyle::windows
-                                                         : PathStyle::posix};
+    const Arguments arguments{request[u"args"].toArray(), style.isEmpty()       ? NativeStyle()
+                                                          : style == u"windows" ? PathStyle::windows
+                                                                                : PathStyle::posix};
     return {{u"ok"_s, true}, {u"value"_s, function->second(arguments)}};
 }

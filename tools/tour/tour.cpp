@@ -56,7 +56,8 @@ void Tour::Picture(QWidget* window, const QString& name) {
 void Tour::Fail(const QString& why) {
     failed_ = true;
     for (auto* window : QApplication::topLevelWidgets())
-        if (window->isVisible()) window->grab().save(folder_ + u"/failed-"_s + QString::number(++shots_) + u".png"_s);
+        if (window->isVisible())
+            window->grab().save(folder_ + u"/failed-"_s + QString::number(++shots_) + u".png"_s);
     std::fprintf(stderr, "tour: %s\n", qUtf8Printable(why));
     std::fflush(nullptr);
     std::_Exit(1);
