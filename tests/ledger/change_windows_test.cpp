@@ -1,0 +1,216 @@
+// Changing, deleting and following entries through the windows: both list pages, the charts, the templates.
+
+#include "chart/chart_panel.h"
+#include "ledger/frm_account.h"
+#include "ledger/frm_account_new.h"
+#include "ledger/frm_account_template.h"
+#include "ledger/frm_sub_acc.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_label.h"
+#include "shell/controls/kestro_list.h"
+#include "shell/controls/kestro_scroll_menu.h"
+#include "shell/controls/kestro_text.h"
+#include "shell/main_menus.h"
+#include "store/dialogs.h"
+#include "store/errors.h"
+#include "tests/support/ui_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ChangeWindows : public UiFixture {
+ protected:
+    ChangeWindows() {
+        OpenSettingsStore();
+        OpenSample();
+        RegisterAll();
+        BuildMainMenus();
+    }
+    template <typename P>
+    std::unique_ptr<P> Open(int rows) {
+        auto page = std::make_unique<P>(nullptr);
+        page->resize(1096, 618);
+        page->show();
+        list_ = Find<KestroList>(page.get(), "KestroList1");
+        EXPECT_TRUE(Wait([&] { return list_->RowCount() == rows; }));
+        return page;
+    }
+    /// Runs body on the entry window and presses its main button.
+    void OnEntryWindow(const std::function<void(QWidget*)>& body) {
+        RegisterDialog(kDlgEntry, [body](QPoint) {
+            frmAccountNew window;
+            if (!window.IsReady()) return;
+            window.show();
+            body(&window);
+            QTest::mouseClick(Find<QWidget>(&window, "btnEnter"), Qt::LeftButton);
+        });
+    }
+    /// Answers the input box as a user would.
+    void OnInputBox(const QString& text, int hundredths = 0, bool hide = false) {
+        RegisterDialog(kDlgInput, [=, this](QPoint) {
+            InputDialog input;
+            started_ = input.startText;
+            title_ = input.text;
+            input.text = text;
+            input.money = hundredths;
+            input.otherChecked = hide ? 1 : 0;
+            input.done = 1;
+        });
+    }
+    QStringList Line(int row) { return list_->RowCells(row); }
+
+    KestroList* list_ = nullptr;
+    QString started_, title_;
+};
+
+}  // namespace
+
+TEST_F(ChangeWindows, AnEditedEntryRewritesItsLineAndKeepsItsKey) {
+    auto page = Open<frmAccount>(3);
+    list_->SetCurrentRow(0);
+    OnEntryWindow([](QWidget* window) {
+        EXPECT_EQ(window->windowTitle(), u"新建记账"_s);
+        EXPECT_EQ(Find<KestroCombox>(window, "comKind1")->text(), u"030201农行"_s);
+        EXPECT_TRUE(Find<KestroCheck>(window, "chkOther")->IsChecked());
+        Find<KestroText>(window, "txtMoney")->setText(u"99.5"_s);
+        QTest::mouseClick(Find<QWidget>(window, "chkOther"), Qt::LeftButton, {}, {12, 12});
+    });
+    boxes.Expect(u"【事情】：购买办公桌"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(Line(0)[3] + u'|' + Line(0)[5], u"99.50|99.50"_s);
+    EXPECT_EQ(list_->CurrentKey(), u"3"_s);
+    EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount where Id1 in (3,4)"_s), QStringList{u"3"_s});
+    EXPECT_TRUE(BalanceBreaks(State().gDB).isEmpty());
+}
+
+TEST_F(ChangeWindows, ALineWhoseSecondRowWasTakenAwayIsLeftAlone) {
+    auto page = Open<frmAccount>(3);
+    Find<KestroScrollMenu>(page.get(), "KestroScrollMenu1")->onClick(u"title3"_s, u"030201"_s);
+    ASSERT_EQ(list_->RowKey(0), u"4"_s);
+    const QStringList before = Line(0);
+    list_->SetCurrentRow(0);
+    OnEntryWindow([](QWidget* window) {
+        QTest::mouseClick(Find<QWidget>(window, "chkOther"), Qt::LeftButton, {}, {12, 12});
+    });
+    boxes.Expect(u"【事情】：购买办公桌"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(EntryDialog().id, -1);
+    EXPECT_EQ(Line(0), before);
+    boxes.Expect(u"意外错误：未找到记录!"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+}
+
+TEST_F(ChangeWindows, DeletesTheCurrentLineAndTheCheckedOnes) {
+    auto page = Open<frmAccount>(3);
+    boxes.Expect(u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s);
+    QTest::mouseClick(Find<QWidget>(page.get(), "btnDel"), Qt::LeftButton, {}, {10, 10});
+    list_->SetCurrentRow(1);
+    boxes.Expect(u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s, 0);
+    QTest::keyClick(list_, Qt::Key_Delete);
+    EXPECT_EQ(list_->RowCount(), 3);
+    boxes.Expect(u"确定要【删除】选定的一条记录?"_s);
+    QTest::keyClick(list_, Qt::Key_Delete);
+    EXPECT_EQ(list_->RowCount(), 2);
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblCount")->Text(), u"笔数:2"_s);
+    boxes.Expect(u"【没有选定】任何记录!"_s);
+    page->DoBtnMenuDelAll();
+    list_->CheckAll(true);
+    boxes.Expect(u"您确定要【删除】选定的记录? 若删除的记录较多，则需要一些时间!"_s);
+    boxes.Expect(u"成功删除4条记账!"_s);
+    page->DoBtnMenuDelAll();
+    EXPECT_EQ(list_->RowCount(), 0);
+    EXPECT_EQ(Rows(State().gDB, u"select count(*) from tAccount"_s), QStringList{u"0"_s});
+    EXPECT_EQ(Rows(State().gDB, u"select count(*) from tPic"_s), QStringList{u"0"_s});
+    EXPECT_TRUE(BalanceBreaks(State().gDB).isEmpty());
+}
+
+TEST_F(ChangeWindows, AccountRecordsLeadToTheirEntry) {
+    auto page = Open<frmSubAcc>(2);
+    EXPECT_EQ(Line(1), (QStringList{u"2"_s, u"2016-09-03 14:10"_s, u"01东华公司"_s, u"5000"_s, QString(), u"5000"_s,
+                                    u"软件定制收入"_s}));
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:13,500"_s);
+    list_->SetCurrentRow(1);
+    OnEntryWindow([](QWidget* window) { Find<KestroText>(window, "txtAccValue")->setText(u"300"_s); });
+    boxes.Expect(u"【事情】：软件定制收入"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(Line(1)[1] + u'|' + Line(1)[3] + u'|' + Line(1)[5], u"2016-09-03  14:10|300|300"_s);
+    State().gDB.Execute(u"delete from tSubAccItem where Id1=3"_s);
+    boxes.Expect(u"错误: 该记录可能已在【记账窗口】列表中删除记账时, 一起删除了! 请【刷新】此窗口列表!"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    list_->SetCurrentRow(0);
+    boxes.Expect(u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s);
+    QTest::keyClick(list_, Qt::Key_Delete);
+    EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s), (QStringList{u"3"_s, u"4"_s, u"5"_s, u"6"_s}));
+}
+
+TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
+    auto page = Open<frmSubAcc>(2);
+    Find<KestroScrollMenu>(page.get(), "KestroScrollMenu1")->onClick(u"title1"_s, u"tongji"_s);
+    EXPECT_FALSE(Find<QWidget>(page.get(), "txtSearch")->isVisible());
+    EXPECT_FALSE(Find<QWidget>(page.get(), "btnNoNew")->isVisible());
+    auto* chart = Find<ChartPanel>(page.get(), "accounts");
+    auto* list = Find<KestroList>(chart, "KestroList1");
+    EXPECT_EQ(list->RowCount(), 4);
+    OnInputBox(u"04 ABC"_s, 12550, true);
+    QTest::mouseClick(Find<QWidget>(page.get(), "btnNew"), Qt::LeftButton);
+    EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.50"_s, u"125.50"_s, u"0"_s,
+                                             u"125.50"_s, QString()}));
+    EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 5);  // hidden accounts are not offered
+    EXPECT_EQ(Rows(State().gDB, u"select a.Type1,r.SubAccKey,r.Value1 from tSubAcc s join tSubAccItem r on r.Id1=s.IID"
+                                u" join tAccount a on a.IIID=r.Id1 and r.AccId=a.Id1 where s.Sort1='04'"_s),
+              QStringList{u"00|04|125.5"_s});
+}
+
+TEST_F(ChangeWindows, ChartChangesShowInPlaceAndASettledFailureKeepsWhatWasApplied) {
+    ChartPanel panel(u"tSubAcc"_s, true, nullptr);
+    panel.Reload();
+    auto* list = Find<KestroList>(&panel, "KestroList1");
+    boxes.Expect(u"请【选定一条】需修改的记录!"_s);
+    panel.Edit();
+    panel.Select(u"03"_s);
+    boxes.Expect(u"该账户不是【最末】一级! 因此不能删除"_s);
+    panel.Del();
+    panel.Select(u"0301"_s);
+    OnInputBox(u"0301 软件"_s, 1000);
+    panel.Edit();
+    EXPECT_EQ(started_, u"0301 软件开发"_s);
+    EXPECT_EQ(title_, u"修改账户名称"_s);
+    EXPECT_EQ(list->RowCells(3).mid(3), (QStringList{u"10"_s, u"10.00"_s, u"0.00"_s, u"10.00"_s, QString()}));
+    OnInputBox(u"0301 软件"_s, 2000);
+    boxes.Expect(u"意外错误，错误信息："_s);
+    RunEvent([&panel] { panel.Edit(); });
+    EXPECT_EQ(Rows(State().gDB, u"select nAdd,Money from tSubAcc where Sort1='0301'"_s), QStringList{u"20|20"_s});
+    EXPECT_EQ(Rows(State().gDB, u"select Value1 from tSubAccItem where SubAccKey='0301'"_s), QStringList{u"10"_s});
+}
+
+TEST_F(ChangeWindows, TemplatesAreKeptChosenAndForgotten) {
+    auto page = Open<frmAccount>(3);
+    State().gDB.Execute(u"update tAccount set Title1='O''Neil 的账' where Id1=3"_s);
+    boxes.Expect(u"未选定记录!"_s);
+    page->DoMenu(u"edit"_s, u"template"_s);
+    list_->SetCurrentRow(0);
+    boxes.Expect(u"增加标题成功!"_s);
+    page->DoMenu(u"edit"_s, u"template"_s);
+    boxes.Expect(u"已经有相同的事情标题!"_s);
+    page->DoMenu(u"edit"_s, u"template"_s);
+    ResetDlg(kDlgTemplate);
+    frmAccountTemplate window;
+    window.show();
+    auto* list = Find<KestroList>(&window, "KestroList1");
+    EXPECT_EQ(list->RowCells(0), (QStringList{u"1"_s, u"O'Neil 的账"_s}));
+    list->SetCurrentRow(0);
+    list->onDoubleClick(0, 1);
+    EXPECT_TRUE(Wait([] { return TemplateDialog().done != 0; }));
+    EXPECT_EQ(TemplateDialog().title, u"O'Neil 的账"_s);
+    boxes.Expect(u"您确定要【删除】选定的一条或多条记录?"_s);
+    boxes.Expect(u"【没有选定】任何记录!"_s);
+    QTest::mouseClick(Find<QWidget>(&window, "btnDel"), Qt::LeftButton);
+    list->SetChecked(0, true);
+    boxes.Expect(u"您确定要【删除】选定的一条或多条记录?"_s);
+    QTest::mouseClick(Find<QWidget>(&window, "btnDel"), Qt::LeftButton);
+    EXPECT_EQ(list->RowCount(), 0);
+    EXPECT_EQ(Rows(State().gDB, u"select count(*) from tAccountTemplate"_s), QStringList{u"0"_s});
+}
