@@ -116,7 +116,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     InitFolders();
-    Skin::Load(ProgramFolder(), false);
+    Skin::Load(ProgramFolder());
     Agent agent;
     return agent.Start() ? QApplication::exec() : 0;
 }

@@ -30,7 +30,7 @@ bool WriteHead(const QString& name) {
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     InitFolders();
-    Skin::Load(ProgramFolder(), false);
+    Skin::Load(ProgramFolder());
     QApplication::setStyle(new KestroStyle);
     QApplication::setFont(Skin::Font(Type::body));
     KestroToolTip::Install();

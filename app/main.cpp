@@ -80,7 +80,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(u"kestrojot"_s);
     QApplication::setQuitOnLastWindowClosed(false);
     SpeakChinese(app);
-    Skin::Load(ProgramFolder(), false);
+    Skin::Load(ProgramFolder());
     QApplication::setStyle(new KestroStyle);
     QApplication::setFont(Skin::Font(Type::body));
     KestroToolTip::Install();

@@ -9,9 +9,12 @@
 #include "app/frm_login.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
+#include "books/frm_setting.h"
 #include "chart/frm_tree.h"
 #include "ledger/frm_account.h"
 #include "ledger/frm_account_new.h"
+#include "ledger/frm_account_template.h"
+#include "ledger/frm_sub_acc.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -71,6 +74,9 @@ void RegisterCommands() {
     commands.tellAgent = [](int code) { TellAgent(code); };
     commands.closeAll = [] { CloseAll(); };
     commands.about = [] { ShowAbout(); };
+    commands.openSettings = [](const QString& key) {
+        if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
+    };
     commands.resetHeadIco = [] { Outside().launch(BesideProgram(u"JotIco"_s), {}, ProgramFolder()); };
 }
 
@@ -82,7 +88,10 @@ void RegisterWindows() {
     InstallMessageBox();
     RegisterCommands();
     RegisterPage(0, [](QWidget* parent) { return new frmAccount(parent); });
+    RegisterPage(1, [](QWidget* parent) { return new frmSubAcc(parent); });
+    RegisterPage(5, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
+    RegisterDialog(kDlgTemplate, OpenTemplateDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
     RegisterDialog(kDlgTree, OpenTreeDialog);
 }

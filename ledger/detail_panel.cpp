@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "shell/skin.h"
+#include "store/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +18,7 @@ ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new
 
 void ListPage::DetailPanel::Fill(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
     heading_ = heading;
-    title_ = title;
+    title_ = OneLine(title);
     list_->BeginFill();
     list_->Clear();
     for (const auto& row : rows)

@@ -1,15 +1,17 @@
 #include "ledger/entry_query.h"
 
-#include "chart/codes.h"
-#include "store/messages.h"
-#include "store/money.h"
-#include "store/state.h"
-
 #include <QVarLengthArray>
 
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
+
+#include "chart/codes.h"
+#include "store/entry_rows.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/picture_index.h"
+#include "store/state.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +41,7 @@ QString Joined(std::initializer_list<QByteArrayView> pieces) {
     return QString::fromUtf8(bytes.data(), bytes.size());
 }
 
-EntryLine LineOf(const cReader& row, int number, const QString& money, const QString& rmb) {
+EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const QString& rmb) {
     const bool add = row.Int(kSign) == 1;
     EntryLine line;
     line.key = QString::number(row.Int(kId));
@@ -56,34 +58,9 @@ EntryLine LineOf(const cReader& row, int number, const QString& money, const QSt
     return line;
 }
 
-QString DatePiece(const EntryFilter& f) {
-    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
-    const QString d1 = plain(f.date1);
-    const QString d2 = plain(f.date2);
-    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
-    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
-    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
-    if (has1) return u" and Date1>="_s + Quote(d1);
-    if (has2) return u" and Date1<="_s + Quote(d2);
-    return {};
-}
-
-QString Grouped(double x) {
-    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
-}
-
 double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign) {
-    auto row = book.Read(u"select sum(Value1) as SumAll from tAccount  where 1 "_s + query.where +
-                         u" and nSign="_s + sign);
+    auto row = book.Read(u"select sum(Value1) as SumAll"_s + query.from + query.where + u" and nSign="_s + sign);
     return row.Next() ? row.Number(0) : 0;
-}
-
-std::optional<cRecordset> RowById(cConnection& book, const QString& table, qint64 id) {
-    const auto at = book.RowOf(table, id);
-    if (!at) return {};
-    auto row = book.OpenRecordset(u"select * from "_s + table + u" where rowid="_s + QString::number(*at));
-    if (row.Eof()) return {};
-    return row;
 }
 
 QString SignedAmount(const cRecordset& row) {
@@ -96,7 +73,7 @@ void FillKind(QStringList& line, const cRecordset& row) {
 }
 
 void FillRecord(cConnection& book, QStringList& line, qint64 id) {
-    const auto record = RowById(book, u"tSubAccItem"_s, id);
+    const auto record = FindRow(book, u"tSubAccItem"_s, id);
     if (!record) return;
     line[1] = record->Text(u"SubAccKey") + record->Text(u"SubAccName1");
     line[2] = SignedAmount(*record);
@@ -104,17 +81,32 @@ void FillRecord(cConnection& book, QStringList& line, qint64 id) {
 
 }  // namespace
 
+QString DateCondition(const EntryFilter& f) {
+    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
+    const QString d1 = plain(f.date1);
+    const QString d2 = plain(f.date2);
+    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
+    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
+    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
+    if (has1) return u" and Date1>="_s + Quote(d1);
+    if (has2) return u" and Date1<="_s + Quote(d2);
+    return {};
+}
+
+QString SumText(double x) {
+    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
+}
+
 QString EntryQuery::Sql() const {
-    return columns + u" from tAccount  where 1 "_s + where + order;
+    return columns + from + where + order;
 }
 
 EntryQuery BuildEntryQuery(const EntryFilter& f) {
-    EntryQuery query{kColumns, {}, kOrder, f.kind == u"all"};
+    EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder, f.kind == u"all"};
     if (f.marked) query.where += u" and Mark1=1"_s;
-    if (!f.text.trimmed().isEmpty())
-        query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
     query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
-    query.where += DatePiece(f);
+    query.where += DateCondition(f);
     return query;
 }
 
@@ -123,15 +115,14 @@ QString CheckedCondition(const QStringList& ids) {
 }
 
 int CountLines(cConnection& book, const EntryQuery& query) {
-    auto row = book.Read(u"select count(id1) as SumCount from tAccount  where 1 "_s + query.where);
+    auto row = book.Read(u"select count(id1) as SumCount"_s + query.from + query.where);
     return row.Next() ? static_cast<int>(row.Int(0)) : 0;
 }
 
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                const std::function<void(EntryLine&&)>& take) {
-    const int first = page * kLinesPerPage;
-    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' +
-                          QString::number(kLinesPerPage));
+    const qint64 first = static_cast<qint64>(page) * kLinesPerPage;
+    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' + QString::number(kLinesPerPage));
     double in = 0;
     double out = 0;
     for (int n = 1; rows.Next(); ++n) {
@@ -161,7 +152,9 @@ std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {
     if (!at) return {};
     auto row = book.Read(kColumns + u" from tAccount where rowid="_s + QString::number(*at));
     if (!row.Next()) return {};
-    return LineOf(row, number, MoneyText(row.Number(kValue)), {});
+    auto line = LineOf(row, number, MoneyText(row.Number(kValue)), {});
+    line.signedAmount = MoneyText(row.Number(kValue) * static_cast<double>(row.Int(kSign)));
+    return line;
 }
 
 EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
@@ -170,9 +163,9 @@ EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
 
 SumTexts ShowSumTexts(const EntrySums& sums, bool all) {
     const QString count = GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
-    const QString in = Grouped(sums.in);
-    const QString out = Grouped(sums.out);
-    const QString rest = Grouped(sums.in - sums.out);
+    const QString in = SumText(sums.in);
+    const QString out = SumText(sums.out);
+    const QString rest = SumText(sums.in - sums.out);
     SumTexts t;
     t.count = u"笔数:"_s + count;
     t.bill = u"笔数 "_s + count;
@@ -198,24 +191,20 @@ std::vector<PageItem> PageItems(int count) {
 
 EntryDetail ReadDetail(cConnection& book, qint64 id) {
     EntryDetail detail;
-    for (const auto& label :
-         {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
+    for (const auto& label : {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
         detail.rows.push_back({label, {}, {}});
-    const auto row = RowById(book, u"tAccount"_s, id);
+    const auto row = FindRow(book, u"tAccount"_s, id);
     if (!row) return detail;
     detail.title = row->Text(u"Title1");
     FillKind(detail.rows[0], *row);
-    const auto partner = RowById(book, u"tAccount"_s, row->Int(u"IID"));
+    const auto partner = FindRow(book, u"tAccount"_s, row->Int(u"IID"));
     if (partner) FillKind(detail.rows[1], *partner);
     FillRecord(book, detail.rows[2], row->Int(u"IIID"));
     FillRecord(book, detail.rows[3], row->Int(u"IIID1"));
     const bool isSecond = partner && row->Int(u"bIsMain") == 0;
-    const QString main = (isSecond ? *partner : *row).Text(u"Id1");
-    const QString other = partner ? (isSecond ? *row : *partner).Text(u"Id1") : main;
-    const auto pictures =
-        book.OpenRecordset(u"select Id1 from tPic where sFromTable='tAccount' and (lFromId= "_s + main +
-                           u" or lFromId1= "_s + other + u')');
-    detail.rows[4][1] = QString::number(pictures.RecordCount()) + u"  张"_s;
+    const qint64 main = (isSecond ? *partner : *row).Int(u"Id1");
+    const qint64 other = partner ? (isSecond ? *row : *partner).Int(u"Id1") : main;
+    detail.rows[4][1] = QString::number(CountPictures(book, u"tAccount"_s, main, other)) + u"  张"_s;
     if (row->Int(u"Mark1") != 0) detail.rows[5][1] = u"    √"_s;
     return detail;
 }

@@ -25,6 +25,7 @@ struct EntryFilter {
 /// A list query in its members; nothing is ever cut out of the whole text.
 struct EntryQuery {
     QString columns;
+    QString from;   ///< the table and the start of the where part
     QString where;  ///< what stands behind "where 1 "
     QString order;
     bool all = true;  ///< one line an entry; false: the rows of one kind with a running balance
@@ -34,6 +35,9 @@ struct EntryQuery {
 /// The condition that keeps the checked lines alone, for printing; no line at all when none is checked.
 QString CheckedCondition(const QStringList& ids);
 
+/// The condition of the two date limits, empty when both are unset.
+QString DateCondition(const EntryFilter& filter);
+
 EntryQuery BuildEntryQuery(const EntryFilter& filter);
 
 /// One line: cells of the columns NO, date, kind, add, reduce, rmb, thing, mark.
@@ -41,6 +45,7 @@ struct EntryLine {
     std::vector<QString> cells;
     QString key;     ///< Id1
     QString subKey;  ///< Type1
+    QString signedAmount;  ///< Value1 times nSign, of a single line alone
 };
 
 int CountLines(cConnection& book, const EntryQuery& query);
@@ -62,6 +67,8 @@ struct EntrySums {
 };
 EntrySums ReadSums(cConnection& book, const EntryQuery& query);
 
+/// A sum as the labels show it.
+QString SumText(double x);
 /// The same as texts of the labels and of the strip's items.
 struct SumTexts {
     QString count, value, tag;

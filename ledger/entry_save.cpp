@@ -3,6 +3,7 @@
 #include "chart/codes.h"
 #include "ledger/entry_check.h"
 #include "store/messages.h"
+#include "store/picture_index.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +18,7 @@ SaveOutcome SaveNewEntry(cConnection& book, EntryValues& entry) {
 }
 
 void DropUnclaimedPictures(cConnection& book) {
-    book.Execute(u"delete from tPic where sFromTable='tAccount' and lFromId=-1 and lFromId1=-1"_s);
+    DeleteUnclaimed(book, u"tAccount"_s);
 }
 
 bool CheckLeaf(cConnection& book, size_t slot, const QString& code) {

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "ledger/entry_columns.h"
+#include "ledger/templates.h"
 #include "shell/book_switch.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
@@ -26,12 +27,13 @@ frmAccount::frmAccount(QWidget* parent) : ListPage(parent, EntryPageWords()) {
     ReloadScrollBooks();
     const auto period = QuickPeriodLabels(State().LoadDate);
     SetPeriod(period.first, period.second);
-    for (auto* later : {btnEdit, btnDel, btnPrint, btnExport})
+    for (auto* later : {btnPrint, btnExport})
         later->setEnabled(false);
 }
 
 void frmAccount::Connect() {
     btnNew->onClick = [this] { NewEntry(); };
+    btnEdit->onClick = [this] { EditEntry(); };
     txtSearch->onEnter = [this] { ReloadData(); };
     txtSearch->onEndButton = [this] { ReloadData(); };
     txtSearch->onKey = [this](QKeyEvent* event) {
@@ -51,7 +53,8 @@ void frmAccount::Connect() {
     comKind->SetBrowse(u"tree"_s, u"在分类树中选择"_s);
     chkFlag->setToolTip(u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
     chkFlag->onChange = [this](bool) { ReloadData(); };
-    KestroList1->onRightClick = [](int, const QPoint& at) { Menus::Popup(u"edit"_s, at); };
+    KestroList1->onRightClick = [this](int row, const QPoint& at) { ShowMenu(row, at); };
+    KestroList1->onDoubleClick = [this](int, int) { EditEntry(); };
     KestroList1->onKey = [this](QKeyEvent* event) { return ListKey(event); };
     lblValue->setToolTip(u"【单击】查看增加、减少额、差额！会自动复制到 Windows 粘贴板。"_s);
     lblValue->onClick = [this] { CopySums(); };
@@ -92,14 +95,9 @@ void frmAccount::ReloadData() {
 
 void frmAccount::ShowSums() {
     const auto sums = ShowSumTexts(ReadSums(State().gDB, query_), query_.all);
-    lblCount->SetText(sums.count);
-    lblValue->SetText(sums.value);
+    ShowSumLabels(sums.count, sums.value);
     sumsTag_ = sums.tag;
     ShowFigures(sums);
-    lblCount->adjustSize();
-    lblValue->move(lblCount->geometry().right() + 25, lblValue->y());
-    lblValue->resize(lblValue->sizeHint().width(), lblValue->height());
-    lblCount->resize(lblCount->width(), lblValue->height());
 }
 
 void frmAccount::ShowDetail() {
@@ -140,6 +138,50 @@ void frmAccount::AppendEntry(qint64 id) {
     ShowDetail();
 }
 
+qint64 frmAccount::EntryOf(int row) const {
+    return KestroList1->RowKey(row).toLongLong();
+}
+
+void frmAccount::EditEntry() {
+    const int row = KestroList1->CurrentRow();
+    if (row < 0) {
+        ShowMsg(u"没有选中任何记录!"_s);
+        return;
+    }
+    ResetDlg(kDlgEntry);
+    EntryDialog entry;
+    entry.isNew = 0;
+    entry.id = static_cast<int>(EntryOf(row));
+    OpenModal(kDlgEntry);
+    if (!entry.done) return;
+    ShowSums();
+    if (entry.id == -1) return;
+    auto line = ReadOneLine(State().gDB, entry.id, CurrentNumber());
+    if (!line) return;
+    if (query_.all) line->cells[kColRmb] = line->signedAmount;
+    for (int column = 0; column < KestroList1->ColumnCount(); ++column)
+        KestroList1->SetCell(row, column, line->cells[static_cast<size_t>(column)]);
+    KestroList1->SetRowKey(row, line->key, line->subKey);
+    ShowDetail();
+}
+
+void frmAccount::ShowMenu(int row, QPoint at) {
+    const bool chosen = row >= 0;
+    Menus::SetEnabled(u"edit"_s, u"new"_s, true);
+    for (const QString& key : {u"edit"_s, u"del"_s, u"template"_s})
+        Menus::SetEnabled(u"edit"_s, key, chosen);
+    Menus::Popup(u"edit"_s, at);
+}
+
+void frmAccount::AddToTemplates() {
+    const int row = KestroList1->CurrentRow();
+    if (row < 0) {
+        ShowMsg(u"未选定记录!"_s);
+        return;
+    }
+    AddTemplate(State().gDB, EntryOf(row));
+}
+
 void frmAccount::CopySums() {
     Outside().copyText(sumsTag_);
     ShowMsg(sumsTag_ + u"\n\n已将增加、减少额、差额数字复制到了 Windows 粘贴板！"_s, u"确定"_s, kMsgInfo, u"提示"_s, 392, 200);
@@ -157,12 +199,29 @@ void frmAccount::DoMenu(const QString& menu, const QString& key) {
     if (menu == u"searchdate") return ReloadData();
     if (menu == u"key") return DoKey(key);
     if (menu == u"edit" && key == u"new") return NewEntry();
+    if (menu == u"edit" && key == u"edit") return EditEntry();
+    if (menu == u"edit" && key == u"del") return DeleteCurrent();
+    if (menu == u"edit" && key == u"template") return AddToTemplates();
     if (menu == u"scroll") return FoldStrip(key == u"zip");
-    if (menu == u"scrollkind" && key == u"scrollmoney") return ShowKindMoney();
+    if (menu == u"scrollkind") return DoKindMenu(key);
+}
+
+void frmAccount::DoKindMenu(const QString& key) {
+    if (key == u"scrollmoney") return ShowKindMoney();
+    const auto* kind = ChosenKind();
+    if (key != u"scrollnew" && !kind) {
+        ShowMsg(u"【未选定】任何分类项!"_s);
+        return;
+    }
+    const QString code = kind ? kind->code : QString();
+    const QString action = key == u"scrollnew" ? u"New"_s : key == u"scrolledit" ? u"Edit"_s : u"Del"_s;
+    Host().show(5);
+    if (auto* settings = PageOfCode(kPageSetting)) settings->DoKindAcc(u"tKind"_s, code, action);
 }
 
 void frmAccount::DoKey(const QString& name) {
     if (name == u"new") NewEntry();
+    if (name == u"edit") EditEntry();
     if (name == u"reload") ReloadData();
     if (name == u"find") txtSearch->setFocus(Qt::ShortcutFocusReason);
 }

@@ -25,6 +25,7 @@ class frmAccount : public ListPage {
     void ListLoaded() override;
     void ShowSums() override;
     void ShowDetail() override;
+    qint64 EntryOf(int row) const override;
     void ReloadData() override;
 
  private:
@@ -41,9 +42,13 @@ class frmAccount : public ListPage {
     const ChartRow* ChosenKind() const;
     void NewEntry();
     void AppendEntry(qint64 id);
+    void EditEntry();
+    void ShowMenu(int row, QPoint at);
+    void AddToTemplates();
     void CopySums();
     void ShowKindMoney();
     void OpenKindTree();
+    void DoKindMenu(const QString& key);
     void DoKey(const QString& name);
     void DoTextMenu(const QString& key);
     bool ListKey(QKeyEvent* event);

@@ -30,6 +30,15 @@ frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common,
     ConnectAccounts();
     FillLists();
     SetDefaults();
+    if (!bNew) {
+        const auto loaded = LoadEntry(State().gDB, record_.id);
+        ready_ = loaded.has_value();
+        if (loaded) {
+            lEntryId = loaded->main;
+            lOpenedId = loaded->opened;
+            ShowEntry(loaded->values);
+        }
+    }
     SetTabOrder();
     NameControls();
     Arrange();
@@ -44,7 +53,11 @@ frmAccountNew::frmAccountNew(QWidget* parent) : KestroDialog(DialogKind::common,
 frmAccountNew::~frmAccountNew() = default;
 
 void frmAccountNew::ConnectEntry() {
-    txtThing->setToolTip(u"文本框右侧图标是记账模板按钮!\n只在新建记账时显示"_s);
+    if (bNew) {
+        txtThing->setToolTip(u"文本框右侧图标是记账模板按钮!\n只在新建记账时显示"_s);
+        txtThing->SetEndButton(u"template"_s, u"选择记账模板"_s, true);
+        if (HasDialog(kDlgTemplate)) txtThing->onEndButton = [this] { ChooseTemplate(); };
+    }
     txtThing->onContextMenu = [this](QPoint at) { OpenTextMenu(u"txtthing"_s, at); };
     editNote->onContextMenu = [this](QPoint at) { OpenTextMenu(u"editnote"_s, at); };
     PngReduce->onClick = [this] { MoveDay(-1); };
@@ -56,8 +69,8 @@ void frmAccountNew::ConnectEntry() {
     txtMoney->onEndButton = [this] { OpenCalculator(0, txtMoney, true); };
     KestroCalculator1->onValue = [this](const QString& value) { TakeCalculated(value); };
     chkOther->onChange = [this](bool) { Arrange(); };
-    btnCamera->setToolTip(u"有 0 张图片!\n点击查看已保存图片 或 保存图片!"_s);
-    btnCamera->setEnabled(false);
+    ShowPictures(pictures_);
+    btnCamera->setEnabled(HasDialog(kDlgPictures));
     btnEnter->onClick = [this] { EnterClicked(); };
     btnCancel->onClick = [this] { CancelClicked(); };
     pngArrow->onClick = [this] { ToggleAccounts(); };
@@ -86,6 +99,44 @@ void frmAccountNew::SetDefaults() {
     txtMinute->setText(time.mid(3, 2));
 }
 
+void frmAccountNew::ShowEntry(const EntryValues& e) {
+    txtThing->setText(e.title);
+    txtMoney->setText(e.money);
+    txtDate->setText(e.date);
+    txtHour->setText(e.hour);
+    txtMinute->setText(e.minute);
+    editNote->SetText(e.note);
+    chkMark->SetChecked(e.mark);
+    for (size_t slot = 0; slot < combos_.size(); ++slot) {
+        combos_[slot]->SetText(e.text[slot]);
+        options_[slot]->SetAdd(e.add[slot]);
+    }
+    sKey = e.code;
+    sName = e.name;
+    for (size_t i = 0; i < 2; ++i)
+        accValues_[i]->setText(e.accountValue[i]);
+    chkOther->SetChecked(e.kind2On);
+    bToAccount = e.toAccount;
+    chkOther1->SetChecked(e.account2On);
+    ShowPictures(e.pictures);
+    for (size_t slot = 0; slot < combos_.size(); ++slot)
+        ShowCodeTip(slot);
+}
+
+void frmAccountNew::ShowPictures(const QString& count) {
+    pictures_ = count;
+    btnCamera->setText(u"图片 "_s + count);
+    btnCamera->SetIcon(Val(count) >= 1 ? u"image"_s : u"camera"_s);
+    btnCamera->setToolTip(u"有 "_s + count + u" 张图片!\n点击查看已保存图片 或 保存图片!"_s);
+}
+
+void frmAccountNew::ChooseTemplate() {
+    ResetDlg(kDlgTemplate);
+    OpenModal(kDlgTemplate);
+    const TemplateDialog chosen;
+    if (chosen.done) txtThing->setText(chosen.title);
+}
+
 EntryValues frmAccountNew::Gather() const {
     EntryValues e;
     e.title = txtThing->text();
@@ -95,6 +146,7 @@ EntryValues frmAccountNew::Gather() const {
     e.minute = txtMinute->text();
     e.note = editNote->Text();
     e.mark = chkMark->IsChecked();
+    e.pictures = pictures_;
     for (size_t slot = 0; slot < combos_.size(); ++slot) {
         e.text[slot] = combos_[slot]->text();
         e.add[slot] = options_[slot]->IsAdd();
@@ -112,18 +164,34 @@ void frmAccountNew::EnterClicked() {
     for (auto* box : combos_)
         box->Settle();
     EntryValues entry = Gather();
-    const auto outcome = SaveNewEntry(State().gDB, entry);
+    EntryField focus = EntryField::none;
+    const bool saved = bNew ? SaveNew(entry, focus) : SaveChange(entry, focus);
     txtMoney->setText(entry.money);
     for (size_t i = 0; i < 2; ++i)
         accValues_[i]->setText(entry.accountValue[i]);
-    if (!outcome.done) {
-        SetFocusTo(outcome.focus);
+    if (!saved) {
+        SetFocusTo(focus);
         return;
     }
-    record_.id = static_cast<int>(outcome.ids.main);
-    record_.secondId = static_cast<int>(outcome.ids.second);
     record_.done = 1;
     accept();
+}
+
+bool frmAccountNew::SaveNew(EntryValues& entry, EntryField& focus) {
+    const auto outcome = SaveNewEntry(State().gDB, entry);
+    focus = outcome.focus;
+    if (!outcome.done) return false;
+    record_.id = static_cast<int>(outcome.ids.main);
+    record_.secondId = static_cast<int>(outcome.ids.second);
+    return true;
+}
+
+bool frmAccountNew::SaveChange(EntryValues& entry, EntryField& focus) {
+    const auto outcome = SaveEditedEntry(State().gDB, entry, lEntryId, lOpenedId);
+    focus = outcome.focus;
+    if (!outcome.done) return false;
+    record_.id = static_cast<int>(outcome.id);
+    return true;
 }
 
 void frmAccountNew::CancelClicked() {
@@ -214,7 +282,7 @@ void frmAccountNew::ToggleAccounts() {
 
 void frmAccountNew::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !qobject_cast<QAbstractButton*>(QApplication::focusWidget())) {
+    if (enter) {
         btnEnter->click();
         return;
     }
@@ -228,5 +296,5 @@ void frmAccountNew::showEvent(QShowEvent* event) {
 
 void OpenEntryDialog(QPoint) {
     frmAccountNew window(QApplication::activeWindow());
-    window.exec();
+    if (window.IsReady()) window.exec();
 }

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "ledger/entry.h"
+#include "ledger/entry_edit.h"
 #include "shell/controls/kestro_dialog.h"
 #include "shell/menus.h"
 #include "store/dialogs.h"
@@ -20,6 +20,7 @@ class KestroCombox;
 class KestroEditBox;
 class KestroLabel;
 class KestroOptionPair;
+class KestroPngPic;
 class KestroText;
 class PngButton;
 
@@ -29,6 +30,8 @@ class frmAccountNew : public KestroDialog {
     explicit frmAccountNew(QWidget* parent = nullptr);
     ~frmAccountNew() override;
 
+    /// False when the entry to change has gone; that has been told.
+    bool IsReady() const { return ready_; }
     /// The text menu's keys on the box that opened it.
     void DoMenu(const QString& key);
 
@@ -49,7 +52,12 @@ class frmAccountNew : public KestroDialog {
     void SetTabOrder();
     void NameControls();  ///< object names, under which tests and assistive tools find them
 
+    void ShowEntry(const EntryValues& entry);
+    void ShowPictures(const QString& count);
+    void ChooseTemplate();
     EntryValues Gather() const;
+    bool SaveNew(EntryValues& entry, EntryField& focus);
+    bool SaveChange(EntryValues& entry, EntryField& focus);
     void SetFocusTo(EntryField field);
     void EnterClicked();
     void CancelClicked();
@@ -66,6 +74,10 @@ class frmAccountNew : public KestroDialog {
     EntryDialog record_;
     PopupScope popup_;
     bool bNew = true;
+    bool ready_ = true;
+    qint64 lEntryId = -1;   ///< the entry's main row
+    qint64 lOpenedId = -1;  ///< the row the caller named
+    QString pictures_ = QStringLiteral("0");  ///< Tag of btnCamera
     bool bToAccount = false;
     int nCalcFor = 0;    ///< 0: the calculator fills txtMoney, 1: txtAccValue
     QString sPopupFor;   ///< txtthing or editnote
@@ -88,6 +100,7 @@ class frmAccountNew : public KestroDialog {
     std::array<KestroLabel*, 2> accNameLabels_{};
     std::array<KestroLabel*, 2> accValueLabels_{};
     KestroLabel* lblAccount1;
+    KestroPngPic* picAccount_;
     KestroCheck* chkOther;
     KestroCheck* chkOther1;
     KestroLabel* lblKind1;

@@ -10,6 +10,7 @@
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_option.h"
+#include "shell/controls/kestro_png_pic.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
 #include "store/state.h"
@@ -47,6 +48,10 @@ constexpr int kRing = 3;  // options and checks keep room for their focus ring
 QString SignCaption(size_t slot) {
     return slot < kAccount1 ? u"分类"_s + (slot == kKind1 ? u"一"_s : u"二"_s)
                             : u"账户"_s + (slot == kAccount1 ? u"一"_s : u"二"_s);
+}
+
+void PlacePair(QWidget* pair, int x, int y) {
+    pair->setGeometry(x - kRing, y - kRing, kPairWidth + 2 * kRing, kPair + 2 * kRing);
 }
 
 }  // namespace
@@ -111,13 +116,13 @@ void frmAccountNew::BuildEntry() {
     label(u"分类一:"_s, kKindY);
     MakeCombox(kKind1)->setGeometry(kFieldX, kKindY, kFieldEnd - kFieldX, kRow);
     optionLabels_[kKind1]->setGeometry(kLabelX, kKindPairY, kLabelWidth, kPair);
-    options_[kKind1]->setGeometry(kFieldX - kRing, kKindPairY, kPairWidth, kPair);
+    PlacePair(options_[kKind1], kFieldX, kKindPairY);
     chkOther = new KestroCheck(u"同时记入第二个分类"_s, ground_);
     chkOther->setGeometry(kFieldX - kRing, kOtherY, chkOther->sizeHint().width(), 24);
     lblKind1 = label(u"分类二:"_s, kGroupY + 14);
     MakeCombox(kKind2)->setGeometry(kFieldX, kGroupY + 14, kFieldEnd - kFieldX, kRow);
     optionLabels_[kKind2]->setGeometry(kLabelX, kGroupY + 54, kLabelWidth, kPair);
-    options_[kKind2]->setGeometry(kFieldX - kRing, kGroupY + 54, kPairWidth, kPair);
+    PlacePair(options_[kKind2], kFieldX, kGroupY + 54);
 
     lblNote = label(u"备注:"_s, 0);
     editNote = new KestroEditBox(ground_);
@@ -135,7 +140,10 @@ void frmAccountNew::BuildEntry() {
 
 void frmAccountNew::BuildAccounts() {
     lblAccount1 = new KestroLabel(u"账户一"_s, LabelKind::title, ground_);
-    lblAccount1->setGeometry(kAccLabelX, kAcc1Y, 200, 24);
+    lblAccount1->setGeometry(kAccLabelX + 24, kAcc1Y, 176, 24);
+    picAccount_ = new KestroPngPic(ground_);
+    picAccount_->SetIcon(u"account"_s);
+    picAccount_->setGeometry(kAccLabelX, kAcc1Y + 4, 16, 16);
     chkOther1 = new KestroCheck(u"账户二"_s, ground_);
     chkOther1->setGeometry(kAccLabelX - kRing, kAcc2Y, chkOther1->sizeHint().width(), 24);
     for (size_t i = 0; i < 2; ++i) {
@@ -153,7 +161,7 @@ void frmAccountNew::BuildAccounts() {
         clones_[i]->SetFramed(true);
         clones_[i]->setGeometry(kAccEnd - kRow, top + 40, kRow, kRow);
         optionLabels_[kAccount1 + i]->setGeometry(kAccLabelX, top + 80, 46, kPair);
-        options_[kAccount1 + i]->setGeometry(kAccFieldX - kRing, top + 80, kPairWidth, kPair);
+        PlacePair(options_[kAccount1 + i], kAccFieldX, top + 80);
     }
 }
 
@@ -184,6 +192,7 @@ void frmAccountNew::Arrange() {
 void frmAccountNew::ArrangeAccounts() {
     const bool account2 = bToAccount && chkOther1->IsChecked();
     lblAccount1->setVisible(bToAccount);
+    picAccount_->setVisible(bToAccount);
     chkOther1->setVisible(bToAccount);
     for (size_t i = 0; i < 2; ++i) {
         const bool shown = i == 0 ? bToAccount : account2;

@@ -42,6 +42,8 @@ void ShowPeriod(KestroButton* button, const QString& label, const QString& unset
 
 ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     setAutoFillBackground(false);
+    noneToDelete_ = words.noneToDelete;
+    askDelete_ = words.askDelete;
     KestroScrollMenu1 = new KestroScrollMenu(this);
     BuildToolbar(words);
     BuildFilters(words);
@@ -85,6 +87,9 @@ void ListPage::BuildToolbar(const ListPageWords& words) {
     btnExport = tool(ButtonLook::toolbar, u"导出"_s, u"export"_s, words.exportTip);
     for (auto* button : {btnDel, btnPrint, btnExport})
         button->SetArrow(true);
+    btnDel->onClick = [this] { DeleteCurrent(); };
+    btnDel->onArrow = [this] { Menus::Popup(u"delete"_s, btnDel->mapToGlobal(btnDel->rect().bottomLeft())); };
+    tools_ = {btnNew, btnEdit, btnDel, btnPrint, btnExport};
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->SetPrompt(words.searchPrompt);
 }
@@ -105,7 +110,8 @@ void ListPage::BuildFilters(const ListPageWords& words) {
     btnDate1->onArrow = [this] { Menus::Popup(u"shortdate"_s, btnDate1->mapToGlobal(btnDate1->rect().bottomLeft())); };
     chkFlag = new KestroCheck(u"重要"_s, this);
     chkFlag->SetIconName(u"flag"_s);
-    chkFlag->setVisible(words.hasFlag);
+    hasFlag_ = words.hasFlag;
+    chkFlag->setVisible(hasFlag_);
     comPage = new KestroCombox(ComboxMode::chooseOnly, this);
     comPage->SetLeftIcon(u"Pages"_s);
     comPage->setToolTip(u"列表页数选择框，每１万为一页!"_s);
@@ -123,6 +129,7 @@ void ListPage::BuildLists(const ListPageWords& words) {
     for (const auto& column : words.columns)
         KestroList1->DefineColumn(column);
     KestroList1->onCurrent = [this](int) { ShowDetail(); };
+    KestroList1->onDelete = [this] { DeleteCurrent(); };
     lblCount = new KestroLabel({}, LabelKind::value, this);
     lblValue = new KestroLabel({}, LabelKind::value, this);
     lblValue->SetCopyIcon(true);
@@ -181,7 +188,27 @@ void ListPage::FillPages(int count) {
         comPage->AddItem(item.text, item.key, u"Pages"_s);
     comPage->SetCurrent(0);
     sPage = u"0"_s;
-    comPage->setVisible(count != 0);
+    hasPages_ = count != 0;
+    comPage->setVisible(hasPages_ && !other_);
+}
+
+void ListPage::ShowOther(QWidget* other) {
+    if (other_) other_->hide();
+    other_ = other;
+    ShowControls();
+    if (other_) other_->show();
+    Arrange();
+}
+
+void ListPage::ShowControls() {
+    const bool list = !other_;
+    for (QWidget* control : {static_cast<QWidget*>(txtSearch), static_cast<QWidget*>(comKind),
+                             static_cast<QWidget*>(btnDate0), static_cast<QWidget*>(btnDate1),
+                             static_cast<QWidget*>(KestroList1), static_cast<QWidget*>(lblCount),
+                             static_cast<QWidget*>(lblValue)})
+        control->setVisible(list);
+    chkFlag->setVisible(list && hasFlag_);
+    comPage->setVisible(list && hasPages_);
 }
 
 void ListPage::ResetFilters() {
@@ -241,6 +268,12 @@ void ListPage::pRetunPrintInfo(int code, int a, int b, int /*c*/) {
 
 void ListPage::FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
     panel_->Fill(heading, title, rows);
+}
+
+void ListPage::ShowSumLabels(const QString& count, const QString& value) {
+    lblCount->SetText(count);
+    lblValue->SetText(value);
+    Arrange();
 }
 
 int ListPage::CurrentNumber() const {

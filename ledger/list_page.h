@@ -34,6 +34,7 @@ struct ListPageWords {
     QString kindIcon;
     std::vector<ListColumn> columns;
     bool hasFlag = true;
+    QString noneToDelete, askDelete;
 };
 
 class ListPage : public Page {
@@ -41,6 +42,7 @@ class ListPage : public Page {
     ListPage(QWidget* parent, const ListPageWords& words);
     ~ListPage() override;
 
+    void DoBtnMenuDelAll() override;
     void pRESETGROUP() override;
     void pRetunPrintInfo(int code, int a, int b, int c) override;
     void SetPeriod(const QString& first, const QString& second) override;
@@ -53,13 +55,20 @@ class ListPage : public Page {
     virtual void ShowSums() = 0;
     virtual void ShowDetail() = 0;
     virtual void ReloadData() = 0;
+    /// The tAccount row behind a line, by which it is deleted.
+    virtual qint64 EntryOf(int row) const = 0;
     /// After the lines are there, before they show.
     virtual void ListLoaded() {}
 
+    /// Shows the list with its filters, or other in their place.
+    void ShowOther(QWidget* other);
     /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
     /// filled anew.
     void LoadList(bool bPaged);
+    /// Deletes the current line's entry after the question.
+    void DeleteCurrent();
     void ResetFilters();
+    void ShowSumLabels(const QString& count, const QString& value);
     /// Puts the detail rows under the title line.
     void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
     int CurrentNumber() const;
@@ -67,6 +76,7 @@ class ListPage : public Page {
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
+    std::vector<KestroButton*> tools_;  ///< the toolbar from left to right
     KestroScrollMenu* KestroScrollMenu1;
     KestroButton* btnNew;
     KestroButton* btnEdit;
@@ -99,13 +109,20 @@ class ListPage : public Page {
     void ArrangeToolbar(int x, int width);
     void ArrangeFilters(int x, int width);
     void ArrangeLists(const QRect& room);
+    void ShowControls();
     void FillPages(int count);
     void OpenCalendar(bool second);
     void PickDate(QDate date);
     JobBar Bar();
+    void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
 
+    QString noneToDelete_;
+    QString askDelete_;
     class DetailPanel;
     DetailPanel* panel_;
+    QWidget* other_ = nullptr;
+    bool hasPages_ = false;
+    bool hasFlag_ = true;
     int displayMode_ = 1;
     bool started_ = false;
 };

@@ -54,11 +54,12 @@ void ListPage::Arrange() {
     const int room = std::max(0, width() - x - kMargin);
     ArrangeToolbar(x, room);
     ArrangeFilters(x, room);
+    if (other_) other_->setGeometry(x, kFilterY, room, std::max(0, height() - kFilterY - kGap));
     ArrangeLists({x, kListY, room, std::max(0, height() - kListY - kGap)});
 }
 
 void ListPage::ArrangeToolbar(int x, int width) {
-    const std::vector<KestroButton*> tools{btnNew, btnEdit, btnDel, btnPrint, btnExport};
+    const auto& tools = tools_;
     const auto needed = [&] {
         int sum = 0;
         for (const auto* tool : tools)
@@ -110,7 +111,7 @@ void ListPage::ArrangeLists(const QRect& room) {
     lblValue->setGeometry(lblCount->geometry().right() + 1 + 2 * kMargin, sumsY, lblValue->sizeHint().width(),
                           kSumsHeight);
     KestroPGress1->setGeometry(list.right() + 1 - 214, sumsY + 7, 214, 22);
-    panel_->setVisible(side || below);
+    panel_->setVisible(!other_ && (side || below));
     if (side)
         panel_->setGeometry(list.right() + 1 + kMargin, room.y(), kSideDetail, list.height());
     else

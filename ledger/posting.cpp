@@ -1,14 +1,17 @@
 #include "ledger/posting.h"
 
-#include <cmath>
+#include <algorithm>
 
 #include "store/book_format.h"
 #include "store/entry_rows.h"
 #include "store/money.h"
+#include "store/picture_index.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr double kFarTime = 9999;
 
 int SignOf(bool add) {
     return add ? 1 : -1;
@@ -19,9 +22,40 @@ QString StoredAmount(const QString& typed) {
 }
 
 QString StoredTime(const EntryValues& e) {
-    const auto part = [](const QString& text) { return TwoDigits(static_cast<int>(std::trunc(Val(text)))); };
+    // The checks refuse what is too late, not what is absurdly early.
+    const auto whole = [](const QString& text) { return static_cast<int>(std::clamp(Val(text), -kFarTime, kFarTime)); };
+    const auto part = [&](const QString& text) { return TwoDigits(whole(text)); };
     return part(e.hour) + u':' + part(e.minute);
 }
+
+qint64 AddKindRows(cConnection& book, const EntryValues& e, PostedIds& ids) {
+    AccountRow first = KindRow(e, kKind1);
+    first.Id1 = ids.main = NewId(book, u"taccount"_s);
+    auto stored = InsertAccountRow(book, first);
+    if (!e.kind2On) return ids.main;
+    AccountRow second = KindRow(e, kKind2);
+    second.Id1 = ids.second = NewId(book, u"taccount"_s);
+    second.IID = ids.main;
+    stored.Set(u"IID", ids.second);
+    stored.Update();
+    InsertAccountRow(book, second);
+    return ids.main;
+}
+
+qint64 AddRecord(cConnection& book, const EntryValues& e, size_t slot, qint64 main) {
+    SubAccItemRow record = RecordRow(e, slot, main);
+    record.Id1 = NewId(book, u"tsubaccitem"_s);
+    InsertSubAccItemRow(book, record);
+    return record.Id1;
+}
+
+void TieRecords(cConnection& book, const PostedIds& ids) {
+    const QString rows = u" where "_s + book.WhereIds(u"tAccount"_s, {ids.main, ids.second});
+    book.Execute(u"update tAccount set IIID= "_s + QString::number(ids.record1) + rows);
+    book.Execute(u"update tAccount set IIID1= "_s + QString::number(ids.record2) + rows);
+}
+
+}  // namespace
 
 AccountRow KindRow(const EntryValues& e, size_t slot) {
     AccountRow row;
@@ -53,40 +87,6 @@ SubAccItemRow RecordRow(const EntryValues& e, size_t slot, qint64 main) {
     return row;
 }
 
-qint64 AddKindRows(cConnection& book, const EntryValues& e, PostedIds& ids) {
-    AccountRow first = KindRow(e, kKind1);
-    first.Id1 = ids.main = NewId(book, u"taccount"_s);
-    auto stored = InsertAccountRow(book, first);
-    if (!e.kind2On) return ids.main;
-    AccountRow second = KindRow(e, kKind2);
-    second.Id1 = ids.second = NewId(book, u"taccount"_s);
-    second.IID = ids.main;
-    stored.Set(u"IID", ids.second);
-    stored.Update();
-    InsertAccountRow(book, second);
-    return ids.main;
-}
-
-qint64 AddRecord(cConnection& book, const EntryValues& e, size_t slot, qint64 main) {
-    SubAccItemRow record = RecordRow(e, slot, main);
-    record.Id1 = NewId(book, u"tsubaccitem"_s);
-    InsertSubAccItemRow(book, record);
-    return record.Id1;
-}
-
-void TieRecords(cConnection& book, const PostedIds& ids) {
-    const QString rows = u" where "_s + book.WhereIds(u"tAccount"_s, {ids.main, ids.second});
-    book.Execute(u"update tAccount set IIID= "_s + QString::number(ids.record1) + rows);
-    book.Execute(u"update tAccount set IIID1= "_s + QString::number(ids.record2) + rows);
-}
-
-void ClaimPictures(cConnection& book, const PostedIds& ids) {
-    book.Execute(u"Update tPic set lFromId= "_s + QString::number(ids.main) + u", lFromId1= "_s +
-                 QString::number(ids.second) + u" where lFromId=-1"_s);
-}
-
-}  // namespace
-
 PostedIds PostEntry(cConnection& book, const EntryValues& entry) {
     Transaction save(book);
     PostedIds ids;
@@ -96,7 +96,7 @@ PostedIds PostEntry(cConnection& book, const EntryValues& entry) {
         if (entry.account2On) ids.record2 = AddRecord(book, entry, kAccount2, ids.main);
     }
     TieRecords(book, ids);
-    if (Val(entry.pictures) > 0) ClaimPictures(book, ids);
+    if (Val(entry.pictures) > 0) ClaimPictures(book, ids.main, ids.second);
     UpdateBalance(book, ids.main, u"tKind"_s, u"+"_s);
     UpdateBalance(book, ids.second, u"tKind"_s, u"+"_s);
     UpdateBalance(book, ids.record1, u"tSubAcc"_s, u"+"_s);

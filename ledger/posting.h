@@ -2,7 +2,7 @@
 // Posting: the rows of an entry, their ties, and the balances of the two charts.
 
 #include "ledger/entry.h"
-#include "store/connection.h"
+#include "store/entry_rows.h"
 
 struct PostedIds {
     qint64 main = -1;
@@ -14,6 +14,10 @@ struct PostedIds {
 /// Writes a checked entry in one transaction: rows, ties, pictures, and the balances last. Throws DbError and
 /// leaves the book as it was.
 PostedIds PostEntry(cConnection& book, const EntryValues& entry);
+
+/// The rows that typed values make, without ids and ties: slot kKind1 or kKind2, kAccount1 or kAccount2.
+AccountRow KindRow(const EntryValues& entry, size_t slot);
+SubAccItemRow RecordRow(const EntryValues& entry, size_t slot, qint64 main);
 
 /// Applies ("+") or takes back ("-") one row's effect on its chart row. rowId is a tAccount id for tKind and a
 /// tSubAccItem id for tSubAcc; -1, an empty table and a vanished row do nothing. Reads the stored row, so a

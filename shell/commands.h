@@ -15,8 +15,6 @@ struct FrameCommands {
     std::function<void()> webCheck;
     std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings
     std::function<void()> openReminders;
-    std::function<void()> editEntries;    ///< set when entries can be changed
-    std::function<void()> deleteEntries;  ///< set when entries can be deleted
     std::function<void()> exportList;     ///< set when lists can be exported
     std::function<void()> printList;      ///< set when lists can be printed
 };

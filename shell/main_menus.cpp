@@ -92,9 +92,6 @@ bool CanDo(const QString& menu, const QString& key) {
         {u"scrollnew"_s, [] { return static_cast<bool>(Commands().openSettings); }},
         {u"scrolledit"_s, [] { return static_cast<bool>(Commands().openSettings); }},
         {u"scrolldel"_s, [] { return static_cast<bool>(Commands().openSettings); }},
-        {u"deletesele"_s, [] { return static_cast<bool>(Commands().deleteEntries); }},
-        {u"del"_s, [] { return static_cast<bool>(Commands().deleteEntries); }},
-        {u"edit"_s, [] { return static_cast<bool>(Commands().editEntries); }},
     };
     if (menu == u"export") return static_cast<bool>(Commands().exportList);
     if (menu == u"print") return static_cast<bool>(Commands().printList);

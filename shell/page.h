@@ -32,6 +32,12 @@ class Page : public QWidget {
     virtual void SetDisplayMode(int /*mode*/) {}
     /// Marks a book of gBooks in the page's strip.
     virtual void SelectBook(int /*index*/) {}
+    /// Shows a sub-page by its key.
+    virtual void OpenSub(const QString& /*key*/) {}
+    /// Reloads the kind or account list if it is the one that shows.
+    virtual void ReLoadKindAcc(const QString& /*key*/) {}
+    /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: New, Edit, Del.
+    virtual void DoKindAcc(const QString& /*table*/, const QString& /*code*/, const QString& /*action*/) {}
     /// Files dropped on the frame; the names are joined by line breaks.
     virtual void MyTrack_DragDropFiles(int /*count*/, const QString& /*names*/) {}
 };

@@ -116,12 +116,13 @@ QPalette MakePalette() {
 }  // namespace
 
 namespace Skin {
-void Load(const QString& programFolder, bool dark) {
+void Load(const QString& programFolder, std::optional<bool> wanted) {
     Look& look = Current();
     Scale();
     look.folder = programFolder + u"/Skin"_s;
-    look.dark = dark;
-    look.colors = ReadColors(look.folder + u"/skin.ini"_s, dark ? u"dark"_s : u"light"_s);
+    const QString file = look.folder + u"/skin.ini"_s;
+    look.dark = wanted.value_or(QSettings(file, QSettings::IniFormat).value(u"look/set"_s).toString() == u"dark");
+    look.colors = ReadColors(file, look.dark ? u"dark"_s : u"light"_s);
     ForgetIcons();
     if (qApp == nullptr) return;
     QApplication::setPalette(MakePalette());

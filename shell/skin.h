@@ -9,6 +9,8 @@
 #include <QRect>
 #include <QString>
 
+#include <optional>
+
 class QPainter;
 class QWidget;
 
@@ -68,9 +70,10 @@ enum class Type { amount, loginName, title, titleRegular, body, bodyBold, small,
 enum class Ground { plain, header, headerChosen, primary, selected, disabled };
 
 namespace Skin {
-/// Reads the skin of the program folder; dark chooses the second set. Gives the application its
+/// Reads the skin of the program folder; dark chooses the second set; without it the
+/// skin's own choice stands ("set" of its [look] section). Gives the application its
 /// palette and font.
-void Load(const QString& programFolder, bool dark);
+void Load(const QString& programFolder, std::optional<bool> dark = {});
 bool IsDark();
 QColor Color(Tok token);
 QFont Font(Type type);

@@ -50,6 +50,7 @@ DbFault FaultOf(int number) {
 
 QString Quote(const QString& text) {
     QString quoted = text;
+    quoted.remove(QChar::Null);  // it would end the statement
     return u'\'' + quoted.replace(u'\'', u"''"_s) + u'\'';
 }
 
@@ -69,10 +70,18 @@ Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
 
 bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
     const int code = sqlite3_step(statement);
-    if (code == SQLITE_ROW) return true;
     cConnection::Seams().fullScanSteps += sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
+    if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) Fail(sql);
     return false;
+}
+
+void ConnectionCore::NoteAdded(const QString& table, qint64 id, qint64 row) {
+    if (sqlite3_get_autocommit(db) == 0) added[table].insert(id, row);
+    const auto known = order.find(table);
+    if (known == order.end()) return;
+    known->rising = known->rising && id > known->last;
+    known->last = id;
 }
 
 void ConnectionCore::Fail(const QString& sql) const {
@@ -96,6 +105,8 @@ void cConnection::Open(const QString& path, Options options) {
     const auto real = RealPath(path);
     if (!real.rivals.isEmpty())
         throw DbError(kOwnError, core->source, u"有只差大小写的同名文件："_s + real.rivals.join(u"，"_s), u"open "_s + path);
+    // SQLite would make a temporary database for an empty name and one in memory for a special one.
+    if (!real.exists) throw DbError(SQLITE_CANTOPEN, core->source, u"文件不存在："_s + path, u"open "_s + path);
     const auto& vfs = Seams().vfs;
     const int flags = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (sqlite3_open_v2(real.path.toUtf8().constData(), &core->db, flags, vfs.isEmpty() ? nullptr : vfs.constData()) !=
@@ -163,7 +174,23 @@ void cConnection::Commit() {
 void cConnection::Rollback() noexcept {
     if (!core_) return;
     core_->added.clear();
+    core_->serial = ConnectionCore::NextSerial();
+    core_->order.clear();  // ids that were given out come again
     if (InTransaction()) sqlite3_exec(core_->db, "rollback", nullptr, nullptr, nullptr);
+}
+
+qint64 ConnectionCore::NextSerial() {
+    static qint64 last = 0;
+    return ++last;
+}
+
+qint64 cConnection::Serial() const {
+    return core_ ? core_->serial : -1;
+}
+
+qint64 cConnection::DataVersion() {
+    auto row = Read(u"pragma data_version"_s);
+    return row.Next() ? row.Int(0) : 0;
 }
 
 bool cConnection::InTransaction() const {
@@ -199,6 +226,14 @@ bool cReader::Next() {
 
 int cReader::ColumnCount() const {
     return sqlite3_column_count(body_->statement.get());
+}
+
+int cReader::ColumnOf(QStringView name) const {
+    for (int column = 0; column < ColumnCount(); ++column)
+        if (name.compare(QString::fromUtf8(sqlite3_column_name(body_->statement.get(), column)),
+                         Qt::CaseInsensitive) == 0)
+            return column;
+    return -1;
 }
 
 bool cReader::IsNull(int column) const {
@@ -258,8 +293,7 @@ std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
 }
 
 bool cConnection::IdsRise(const QString& table) {
-    auto versionRow = Read(u"pragma data_version"_s);
-    const qint64 version = versionRow.Next() ? versionRow.Int(0) : 0;
+    const qint64 version = DataVersion();
     auto& order = Core().order[table];
     if (order.dataVersion == version) return order.rising;
     bool rising = true;
@@ -268,7 +302,7 @@ bool cConnection::IdsRise(const QString& table) {
         rising = ids.Int(0) > last;
         last = ids.Int(0);
     }
-    order = {version, rising};
+    order = {version, rising, last};
     return rising;
 }
 

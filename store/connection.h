@@ -95,6 +95,8 @@ class cReader {
     ~cReader();
     bool Next();
     int ColumnCount() const;
+    /// Number of a column by its name in any case, -1 when there is none.
+    int ColumnOf(QStringView name) const;
     bool IsNull(int column) const;
     QString Text(int column) const;
     /// A text column as the UTF-8 that the file holds, good until Next.
@@ -149,6 +151,11 @@ class cConnection {
     std::optional<qint64> RowOf(const QString& table, qint64 id);
     /// The where part that names the rows of these ids: "rowid in (…)". Ids below 0 are left out.
     QString WhereIds(const QString& table, const std::vector<qint64>& ids);
+
+    /// Changes with every open and every rollback: what was remembered of the contents no longer holds.
+    qint64 Serial() const;
+    /// Changes when another connection has changed the file.
+    qint64 DataVersion();
 
     /// Seams of tests: the VFS that Open uses, a hook before each statement, the passes over whole tables.
     struct Probe {

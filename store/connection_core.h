@@ -22,6 +22,7 @@ using AddedRows = QHash<QString, QHash<qint64, qint64>>;
 struct RowOrder {
     qint64 dataVersion = -1;
     bool rising = false;
+    qint64 last = -1;  ///< id of the last row
 };
 
 struct ConnectionCore {
@@ -30,6 +31,9 @@ struct ConnectionCore {
     QString source;  ///< file name, told in errors
     AddedRows added;
     QHash<QString, RowOrder> order;
+    qint64 serial = NextSerial();
+
+    static qint64 NextSerial();
 
     ~ConnectionCore() { sqlite3_close_v2(db); }
 
@@ -37,6 +41,8 @@ struct ConnectionCore {
     Statement Prepare(const QByteArray& sql, const char** rest = nullptr);
     /// True while there is a row.
     bool Step(sqlite3_stmt* statement, const QString& sql);
+    /// Takes note of a row that this connection has added to a table (lower-case name).
+    void NoteAdded(const QString& table, qint64 id, qint64 row);
     [[noreturn]] void Fail(const QString& sql) const;
 };
 

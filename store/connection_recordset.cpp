@@ -228,8 +228,7 @@ void cRecordset::Body::Insert() {
     at = rows.size() - 1;
     adding = false;
     TakeOver();
-    if (const auto* id = Find(u"id1"); id && sqlite3_get_autocommit(core->db) == 0)
-        core->added[table.toLower()].insert(id->whole, rowIds[at]);
+    if (const auto* id = Find(u"id1")) core->NoteAdded(table.toLower(), id->whole, rowIds[at]);
 }
 
 void cRecordset::Body::Change() {

@@ -42,3 +42,10 @@ struct SubAccItemRow {
 /// Adds the row under its Id1. The recordset stands on it afterwards, so that a tie can be set and stored.
 cRecordset InsertAccountRow(cConnection& book, const AccountRow& row);
 void InsertSubAccItemRow(cConnection& book, const SubAccItemRow& row);
+
+/// The row with this id of tAccount or tSubAccItem, or nullopt.
+std::optional<cRecordset> FindRow(cConnection& book, const QString& table, qint64 id);
+
+/// Writes a stored row anew: what was typed. Ids, ties and bIsMain stay. A vanished row is left alone.
+void RewriteAccountRow(cConnection& book, qint64 id, const AccountRow& row);
+void RewriteSubAccItemRow(cConnection& book, qint64 id, const SubAccItemRow& row);

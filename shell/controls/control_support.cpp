@@ -6,8 +6,8 @@
 #include <QWidget>
 
 namespace Controls {
-void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size) {
-    const Ground ground = widget.isEnabled() ? Ground::plain : Ground::disabled;
+void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size, bool active) {
+    const Ground ground = active && widget.isEnabled() ? Ground::plain : Ground::disabled;
     const QPixmap icon = Skin::Icon(name, size, widget.devicePixelRatioF(), ground);
     p.drawPixmap(r.x() + (r.width() - size) / 2, r.y() + (r.height() - size) / 2, icon);
 }

@@ -15,6 +15,8 @@ inline bool CameByKey(const QFocusEvent& event) {
            event.reason() == Qt::ShortcutFocusReason;
 }
 
-/// An icon of the set centred in r, for the ground that suits the widget's state.
-void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size);
+/// An icon of the set centred in r, for the ground that suits the widget's state; one that is not active is
+/// painted as disabled.
+void PaintIcon(QPainter& p, const QWidget& widget, const QRect& r, const QString& name, int size,
+               bool active = true);
 }  // namespace Controls

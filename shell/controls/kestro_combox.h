@@ -58,6 +58,7 @@ class KestroCombox : public KestroText {
     void PaintZone(QPainter& p) const override;
     QColor Fill() const override;
     void Edited() override;
+    bool HasEndAction() const override { return static_cast<bool>(onBrowse); }
     void Pressed(QPoint at) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -214,6 +214,7 @@ void KestroScrollMenu::Press(int line) {
     const Section& section = sections_[static_cast<size_t>(pressed.section)];
     if (pressed.item < 0) return Fold(section.key, !section.folded);
     const ScrollMenuItem& item = ItemOf(pressed);
+    if (!item.enabled) return;
     if (item.selectable) Select(section.key, item.key);
     RunEvent([this, key = section.key, itemKey = item.key] {
         if (onClick) onClick(key, itemKey);

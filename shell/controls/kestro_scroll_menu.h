@@ -21,6 +21,7 @@ struct ScrollMenuItem {
     std::optional<Tok> markColor = {};  ///< text when not set
     int depth = 0;                      ///< code level: each moves the item 12 to the right
     bool bold = false;
+    bool enabled = true;     ///< false: stands in its place and does nothing
     bool selectable = true;  ///< false for figures: they take no selection, but report clicks
     QString tip = {};        ///< used when no onTip answers
 };

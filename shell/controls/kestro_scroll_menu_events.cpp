@@ -68,7 +68,7 @@ void KestroScrollMenu::PaintItem(QPainter& p, const Line& line, int index) const
     const int shift = collapsed_ ? 0 : item.depth * kDepth;
     const int iconX = collapsed_ ? rect.center().x() - kIcon / 2 : rect.left() + kIconAt + shift;
     if (!item.icon.isEmpty()) {
-        const Ground ground = chosen ? Ground::selected : Ground::plain;
+        const Ground ground = !item.enabled ? Ground::disabled : chosen ? Ground::selected : Ground::plain;
         const QPixmap icon = Skin::Icon(item.icon, kIcon, devicePixelRatioF(), ground);
         p.drawPixmap(iconX, rect.top() + (rect.height() - kIcon) / 2, icon);
     }
@@ -82,7 +82,7 @@ void KestroScrollMenu::PaintItem(QPainter& p, const Line& line, int index) const
         room.setRight(room.right() - p.fontMetrics().horizontalAdvance(item.mark) - 8);
     }
     p.setFont(Skin::Font(chosen || item.bold ? Type::bodyBold : Type::body));
-    p.setPen(Skin::Color(chosen ? Tok::accent : Tok::text));
+    p.setPen(Skin::Color(!item.enabled ? Tok::dis : chosen ? Tok::accent : Tok::text));
     const QString text = p.fontMetrics().elidedText(item.caption, Qt::ElideRight, room.width());
     p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
@@ -101,7 +101,10 @@ void KestroScrollMenu::ShowTip(const QPoint& pos, const QPoint& globalPos) {
     const Section& section = sections_[static_cast<size_t>(line.section)];
     QString tip;
     if (line.item < 0) {
-        if (collapsed_) tip = section.caption;
+        RunEvent([&] {
+            if (onTip) tip = onTip(section.key, {});
+        });
+        if (collapsed_) tip = tip.isEmpty() ? section.caption : section.caption + u'\n' + tip;
     } else {
         const ScrollMenuItem& item = ItemOf(line);
         RunEvent([&] {

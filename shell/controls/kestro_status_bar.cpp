@@ -130,7 +130,7 @@ void KestroStatusBar::PaintPanel(QPainter& p, const Panel& panel) const {
     const int middle = room.center().y();
     if (panel.dot != StatusDot::none) {
         const QColor color = Skin::Color(panel.dot == StatusDot::good ? Tok::reduce : Tok::warn);
-        Skin::Box(p, QRectF(room.left(), middle - kDot / 2 + 1, kDot, kDot), kDot / 2.0, color, color);
+        Skin::Box(p, QRectF(room.left(), middle - kDot / 2.0 + 1, kDot, kDot), kDot / 2.0, color, color);
         room.setLeft(room.left() + kDot + 6);
     }
     if (!panel.icon.isEmpty()) {

@@ -203,7 +203,7 @@ void KestroText::PaintEnds(QPainter& p) const {
     if (endIcon_.isEmpty()) return;
     const QRect end = EndRect();
     if (endLine_) Skin::VLine(p, end.left(), 1, height() - 1, Skin::Color(Tok::line));
-    Controls::PaintIcon(p, *this, end, endIcon_, kIcon);
+    Controls::PaintIcon(p, *this, end, endIcon_, kIcon, HasEndAction());
 }
 
 void KestroText::mousePressEvent(QMouseEvent* event) {

@@ -57,6 +57,8 @@ class KestroText : public QLineEdit {
     /// Paints into the right zone.
     virtual void PaintZone(QPainter&) const {}
     virtual QColor Fill() const;
+    /// Whether the end button does anything; without it stands disabled.
+    virtual bool HasEndAction() const { return mode_ == TextMode::search || onEndButton; }
     /// The user changed the text; calls onChange.
     virtual void Edited();
     /// A press of the left button outside the end button.

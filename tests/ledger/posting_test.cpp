@@ -2,6 +2,7 @@
 
 #include "ledger/posting.h"
 
+#include "tests/support/entries.h"
 #include "tests/support/fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -18,19 +19,13 @@ EntryValues Entry(const QString& title, const QString& money, const QString& dat
     return e;
 }
 
-void Choose(EntryValues& e, size_t slot, const QString& code, const QString& name, bool add) {
-    e.code[slot] = code;
-    e.name[slot] = name;
-    e.text[slot] = code + name;
-    e.add[slot] = add;
-}
-
 class PostingTest : public Fixture {
  protected:
     cConnection& Book() { return State().gDB; }
     QStringList Entries() {
-        return Rows(Book(), u"select Id1,Title1,Type1,TypeName1,Value1,Date1,Time1,nSign,IID,IIID,IIID1,bIsMain,"
-                            u"sPic,Mark1,sMe,Date2,Note1 from tAccount order by Id1"_s);
+        return Rows(Book(),
+                    u"select Id1,Title1,Type1,TypeName1,Value1,Date1,Time1,nSign,IID,IIID,IIID1,bIsMain,"
+                    u"sPic,Mark1,sMe,Date2,Note1 from tAccount order by Id1"_s);
     }
 };
 
@@ -39,13 +34,17 @@ class PostingTest : public Fixture {
 TEST_F(PostingTest, WorkedExamplesLeaveTheSampleBooksRows) {
     OpenSample();
     const QStringList told = Entries();
-    const QStringList toldRecords = Rows(Book(), u"select Id1,AccId,Title1,SubAccKey,SubAccName1,TypeName1,Value1,nSign,"
-                                                 u"Date1,Time1 from tSubAccItem order by Id1"_s);
-    const QStringList toldKinds = Rows(Book(), u"select Sort1,nAdd,nReduce,Money from tKind order by Sort1"_s);
-    Book().Execute(u"delete from tAccount; delete from tSubAccItem; delete from tPic;"
-                   u"update tKind set nAdd=0,nReduce=0,Money=0; update tSubAcc set nAdd=0,nReduce=0,Money=0;"
-                   u"update tNum set Max1=3 where Table1 in ('taccount','tsubaccitem');"
-                   u"insert into tPic values (1,x'00','a.jpg','tAccount',-1,-1)"_s);
+    const QStringList toldRecords =
+        Rows(Book(),
+             u"select Id1,AccId,Title1,SubAccKey,SubAccName1,TypeName1,Value1,nSign,"
+             u"Date1,Time1 from tSubAccItem order by Id1"_s);
+    const QStringList toldKinds =
+        Rows(Book(), u"select Sort1,nAdd,nReduce,Money from tKind order by Sort1"_s);
+    Book().Execute(
+        u"delete from tAccount; delete from tSubAccItem; delete from tPic;"
+        u"update tKind set nAdd=0,nReduce=0,Money=0; update tSubAcc set nAdd=0,nReduce=0,Money=0;"
+        u"update tNum set Max1=3 where Table1 in ('taccount','tsubaccitem');"
+        u"insert into tPic values (1,x'00','a.jpg','tAccount',-1,-1)"_s);
 
     auto first = Entry(u"购买办公桌"_s, u"2100.00"_s, u"2016-01-01"_s, u"14:08"_s);
     first.note = u"富华家俱城，1.2米"_s;
@@ -75,8 +74,9 @@ TEST_F(PostingTest, WorkedExamplesLeaveTheSampleBooksRows) {
     EXPECT_TRUE(posted.last().endsWith(u'|'));  // an empty remark, where the stored sample has none
     posted.last() += u'-';
     EXPECT_EQ(posted, told);
-    EXPECT_EQ(Rows(Book(), u"select Id1,AccId,Title1,SubAccKey,SubAccName1,TypeName1,Value1,nSign,Date1,Time1 from"
-                           u" tSubAccItem order by Id1"_s),
+    EXPECT_EQ(Rows(Book(),
+                   u"select Id1,AccId,Title1,SubAccKey,SubAccName1,TypeName1,Value1,nSign,Date1,Time1 from"
+                   u" tSubAccItem order by Id1"_s),
               toldRecords);
     EXPECT_EQ(Rows(Book(), u"select Sort1,nAdd,nReduce,Money from tKind order by Sort1"_s), toldKinds);
     EXPECT_EQ(Rows(Book(), u"select lFromId,lFromId1 from tPic"_s), QStringList{u"7|-1"_s});
@@ -89,8 +89,11 @@ TEST_F(PostingTest, AmountsAndTimesAreStoredAsTexts) {
         QString money, hour, minute, value, time;
     };
     const Case cases[] = {
-        {u"0.50"_s, u"7"_s, u"5"_s, u"0.5"_s, u"07:05"_s},      {u"-5.00"_s, u"-1"_s, u"0"_s, u"-5"_s, u"-01:00"_s},
-        {u"0.125"_s, u"23"_s, u"59.9"_s, u"0.12"_s, u"23:59"_s}, {u"0"_s, u"00"_s, u"1e1"_s, u"0"_s, u"00:10"_s},
+        {u"0.50"_s, u"7"_s, u"5"_s, u"0.5"_s, u"07:05"_s},
+        {u"-5.00"_s, u"-1"_s, u"0"_s, u"-5"_s, u"-01:00"_s},
+        {u"0.125"_s, u"23"_s, u"59.9"_s, u"0.12"_s, u"23:59"_s},
+        {u"0"_s, u"00"_s, u"1e1"_s, u"0"_s, u"00:10"_s},
+        {u"1"_s, u"-1e300"_s, u"0"_s, u"1"_s, u"-9999:00"_s},
     };
     OpenEmpty();
     for (const auto& c : cases) {
@@ -99,8 +102,9 @@ TEST_F(PostingTest, AmountsAndTimesAreStoredAsTexts) {
         e.minute = c.minute;
         Choose(e, kKind1, u"00"_s, u"↑↓余额调整"_s, true);
         const auto ids = PostEntry(Book(), e);
-        EXPECT_EQ(Rows(Book(), u"select Value1,Date1,Time1 from tAccount where Id1="_s + QString::number(ids.main)),
-                  QStringList{c.value + u"|2016/1/5|"_s + c.time});
+        EXPECT_EQ(
+            Rows(Book(), u"select Value1,Date1,Time1 from tAccount where Id1="_s + QString::number(ids.main)),
+            QStringList{c.value + u"|2016/1/5|"_s + c.time});
     }
     EXPECT_TRUE(BalanceBreaks(Book()).isEmpty());
 }
@@ -109,7 +113,8 @@ TEST_F(PostingTest, ReversingAStoredRowRestoresItsBalance) {
     OpenSample();
     const auto before = Rows(Book(), u"select * from tKind"_s);
     UpdateBalance(Book(), 4, u"TKIND"_s, u"-"_s);
-    EXPECT_EQ(Rows(Book(), u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s), QStringList{u"5000|0|5000"_s});
+    EXPECT_EQ(Rows(Book(), u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s),
+              QStringList{u"5000|0|5000"_s});
     UpdateBalance(Book(), 4, u"tKind"_s, u"+"_s);
     for (const qint64 nothing : {-1, 999}) {
         UpdateBalance(Book(), nothing, u"tKind"_s, u"+"_s);

@@ -1,14 +1,14 @@
 #include "tests/support/fixture.h"
 
-#include <QFile>
-
-#include <cmath>
-
 #include "store/book_images.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/notices.h"
 #include "store/outside.h"
+
+#include <QFile>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +50,9 @@ Fixture::Fixture() {
     const auto refuse = [](const char* what) { ADD_FAILURE() << "the outside world was asked: " << what; };
     world.open = [refuse](const QString&) { return refuse("open"), false; };
     world.trash = [refuse](const QString&) { return refuse("trash"), false; };
-    world.launch = [refuse](const QString&, const QStringList&, const QString&) { return refuse("launch"), false; };
+    world.launch = [refuse](const QString&, const QStringList&, const QString&) {
+        return refuse("launch"), false;
+    };
     SetClock(u"2016-09-03 14:16:20"_s);
 }
 
@@ -109,16 +111,20 @@ void ComparePlace(cConnection& book, const QString& chart, const QString& rows, 
                   QStringList& breaks) {
     auto found = book.Read(
         u"select c.Sort1, c.nAdd, c.nReduce, c.Money,"
-        u" (select total(Value1) from "_s + rows + u" r where r."_s + column + u"=c.Sort1 and r.nSign=1),"
-        u" (select total(Value1) from "_s + rows + u" r where r."_s + column + u"=c.Sort1 and r.nSign=-1) from "_s +
-        chart + u" c"_s);
+        u" (select total(Value1) from "_s +
+        rows + u" r where r."_s + column +
+        u"=c.Sort1 and r.nSign=1),"
+        u" (select total(Value1) from "_s +
+        rows + u" r where r."_s + column + u"=c.Sort1 and r.nSign=-1) from "_s + chart + u" c"_s);
     while (found.Next()) {
         const double in = found.Number(4);
         const double out = found.Number(5);
         const auto near = [](double a, double b) { return std::fabs(a - b) < 0.005; };
-        if (near(found.Number(1), in) && near(found.Number(2), out) && near(found.Number(3), in - out)) continue;
-        breaks << u"%1 %2: stored %3 %4 %5, rows %6 %7"_s.arg(chart, found.Text(0), found.Text(1), found.Text(2),
-                                                              found.Text(3), QString::number(in), QString::number(out));
+        if (near(found.Number(1), in) && near(found.Number(2), out) && near(found.Number(3), in - out))
+            continue;
+        breaks << u"%1 %2: stored %3 %4 %5, rows %6 %7"_s.arg(chart, found.Text(0), found.Text(1),
+                                                              found.Text(2), found.Text(3),
+                                                              QString::number(in), QString::number(out));
     }
 }
 
@@ -132,10 +138,12 @@ QStringList BalanceBreaks(cConnection& book) {
 }
 
 QStringList TieBreaks(cConnection& book) {
-    return Rows(book, u"select 'partner', a.Id1 from tAccount a where a.IID<>-1 and not exists"
-                      u" (select 1 from tAccount b where b.Id1=a.IID and b.IID=a.Id1 and b.bIsMain<>a.bIsMain)"
-                      u" union all select 'record', r.Id1 from tSubAccItem r where not exists"
-                      u" (select 1 from tAccount a where a.Id1=r.AccId and a.bIsMain=1 and r.Id1 in (a.IIID,a.IIID1))"
-                      u" union all select 'lost', a.Id1 from tAccount a where a.bIsMain=1 and a.IIID<>-1 and not exists"
-                      u" (select 1 from tSubAccItem r where r.Id1=a.IIID and r.AccId=a.Id1)"_s);
+    return Rows(
+        book,
+        u"select 'partner', a.Id1 from tAccount a where a.IID<>-1 and not exists"
+        u" (select 1 from tAccount b where b.Id1=a.IID and b.IID=a.Id1 and b.bIsMain<>a.bIsMain)"
+        u" union all select 'record', r.Id1 from tSubAccItem r where not exists"
+        u" (select 1 from tAccount a where a.Id1=r.AccId and a.bIsMain=1 and r.Id1 in (a.IIID,a.IIID1))"
+        u" union all select 'lost', a.Id1 from tAccount a where a.bIsMain=1 and a.IIID<>-1 and not exists"
+        u" (select 1 from tSubAccItem r where r.Id1=a.IIID and r.AccId=a.Id1)"_s);
 }

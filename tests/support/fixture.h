@@ -2,7 +2,8 @@
 // One fixture for all tests: a fresh program state, a temporary folder as the user's world, a fake clock, and
 // boxes that must be expected.
 
-#include <gtest/gtest.h>
+#include "store/messages.h"
+#include "store/state.h"
 
 #include <QDateTime>
 #include <QString>
@@ -10,10 +11,14 @@
 #include <QTemporaryDir>
 
 #include <deque>
+#include <gtest/gtest.h>
 #include <optional>
+#include <ostream>
 
-#include "store/messages.h"
-#include "store/state.h"
+/// How failures print texts.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
 
 /// The boxes a test expects, in order. An unexpected and a missing box fail the test.
 class Script {

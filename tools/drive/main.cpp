@@ -73,7 +73,7 @@ QString OpenBook(const Options& options) {
 }
 
 QJsonObject AnswerLine(const std::string& line) {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8.decode(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
     if (utf8.hasError()) return {{u"ok"_s, false}, {u"error"_s, u"bad UTF-8"_s}, {u"boxes"_s, QJsonArray()}};
     QJsonParseError error;

@@ -69,7 +69,15 @@ EntryValues EntryOf(const QJsonObject& r) {
     return e;
 }
 
+// Name of the first of these fields that the request lacks as a text, or an empty one.
+QString MissingText(const QJsonObject& r, const QStringList& keys) {
+    const auto missing = std::find_if(keys.begin(), keys.end(), [&](const QString& key) { return !r[key].isString(); });
+    return missing == keys.end() ? QString() : *missing;
+}
+
 QJsonObject Save(const QJsonObject& r) {
+    const QString missing = MissingText(r, {u"title"_s, u"money"_s, u"kind"_s});
+    if (!missing.isEmpty()) return Failure(u"missing field: "_s + missing);
     EntryValues e = EntryOf(r);
     static const QString codes[] = {u"kind"_s, u"kind2"_s, u"account"_s, u"account2"_s};
     for (size_t slot = 0; slot < 4; ++slot) {
@@ -170,10 +178,12 @@ QJsonObject Answer(const QJsonObject& request) {
     if (handler == Handlers().end()) {
         answer = Failure(u"unknown command"_s);
     } else {
+        const int nGroup = State().nGroup;
         SetWorld(request, log);
         PendingError failed;
         if (!Succeeds([&] { answer = handler->second(request); }, &failed))
             answer = Failure(ErrorText(failed, {}));
+        State().nGroup = nGroup;
         if (answer.contains(u"message"_s) && answer[u"message"].toString().isEmpty())
             answer[u"message"] = log.LastText();
     }

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLocale>
+#include <QTest>
 
 #include <cstdio>
 
@@ -25,6 +26,18 @@ namespace {
 
 KestroList* EntryList(QWidget* window) {
     return dynamic_cast<KestroList*>(Control(window, "KestroList1"));
+}
+
+QWidget* Tab(QWidget* window, const QString& caption) {
+    for (auto* button : window->findChildren<QAbstractButton*>())
+        if (button->text() == caption) return button;
+    return nullptr;
+}
+
+void DoubleClickRow(KestroList* list, int row) {
+    const QPoint at = list->visualRect(list->model()->index(row, 3)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
 }
 
 QWidget* MainWithRows(int rows) {
@@ -131,7 +144,92 @@ void ShowResult(Tour& tour) {
                              qUtf8Printable(balances));
                  const QString told = u"  0201 | 办公费用 | 2450.5 | 0 | 2450.5\n  030201 | 农行 | 5000 | 2450.5 | 2549.5\n"
                                       u"  01 | 东华公司 | 5350.5 | 0 | 5350.5\n"_s;
-                 if (balances != told) tour.Fail(u"the balances are not as told"_s);
+                 if (balances != told) return tour.Fail(u"the balances are not as told"_s);
+                 DoubleClickRow(EntryList(w), 3);
+             });
+}
+
+// The entry's amount becomes 400 and its account goes.
+void EditEntry(Tour& tour) {
+    tour.Add(u"entry window with the stored entry"_s, [] { return WindowWith("txtThing"); },
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"08-edit-window"_s);
+                 auto* money = Control(w, "txtMoney");
+                 Key(money, Qt::Key_A, Qt::ControlModifier);
+                 TypeText(money, u"400"_s);
+                 Click(Control(w, "pngArrow"));
+                 Click(Control(w, "btnEnter"));
+             });
+    tour.Add(u"confirmation of the change"_s, [] { return MessageWith(u"正确"_s); },
+             [](QWidget* w) { Key(w, Qt::Key_Return); });
+    tour.Add(u"changed line"_s, [] { return MainWithRows(4); },
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"09-main-edited"_s);
+                 const QString account = Lines(u"select nAdd,nReduce,Money from tSubAcc where Sort1='01'"_s);
+                 const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
+                 if (account != u"  5000 | 0 | 5000\n" || kind != u"  5000 | 2500 | 2500\n")
+                     return tour.Fail(u"the change has not moved the balances as told"_s);
+                 Click(Tab(w, u"账  户"_s));
+             });
+}
+
+void SeeAccounts(Tour& tour) {
+    tour.Add(u"account page"_s,
+             [] {
+                 auto* window = WindowWith("btnNoNew");
+                 auto* button = window ? window->findChild<QWidget*>(u"btnNoNew"_s) : nullptr;
+                 auto* list = button ? button->parentWidget()->findChild<KestroList*>(u"KestroList1"_s) : nullptr;
+                 return list && list->RowCount() == 2 && !State().gBusy ? window : nullptr;
+             },
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"10-account-page"_s);
+                 Click(Tab(w, u"设  置"_s));
+             });
+}
+
+QWidget* Settings() {
+    return WindowWith("btnReload");
+}
+
+void AddKind(Tour& tour) {
+    tour.Add(u"settings page"_s, Settings,
+             [](QWidget* w) { Click(w->findChild<QWidget*>(u"kinds"_s)->findChild<QWidget*>(u"btnNew"_s)); });
+    tour.Add(u"input box"_s, [] { return WindowWith("txtNote"); },
+             [&tour](QWidget* w) {
+                 TypeText(Control(w, "txtNote"), u"0304 押金"_s);
+                 auto* money = Control(w, "txtMoney");
+                 Key(money, Qt::Key_A, Qt::ControlModifier);
+                 TypeText(money, u"-250.5"_s);
+                 TypeText(Control(w, "editNote"), u"房东"_s);
+                 tour.Picture(w, u"11-input-box"_s);
+                 Click(Control(w, "btnEnter"));
+             });
+    tour.Add(u"the new kind"_s, Settings,
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"12-settings"_s);
+                 const QString kind = Lines(u"select k.Sort1,k.Name1,k.nReduce,k.Money,a.Title1,a.Value1,a.nSign from"
+                                            u" tKind k join tAccount a on a.Id1=k.IID where k.Sort1='0304'"_s);
+                 std::printf("the new kind:\n%s", qUtf8Printable(kind));
+                 if (kind != u"  0304 | 押金 | 250.5 | -250.5 | 分类期初余额 | 250.5 | -1\n")
+                     return tour.Fail(u"the new kind is not as told"_s);
+                 Click(Tab(w, u"记  账"_s));
+             });
+}
+
+void DeleteEntry(Tour& tour) {
+    tour.Add(u"entry page again"_s, [] { return MainWithRows(4); },
+             [](QWidget* w) { Key(EntryList(w), Qt::Key_Delete); });
+    tour.Add(u"question before deleting"_s, [] { return MessageWith(u"确定"_s); },
+             [&tour](QWidget* w) {
+                 tour.Picture(w, u"13-delete-question"_s);
+                 Key(w, Qt::Key_Return);
+             });
+    tour.Add(u"list without the entry"_s, [] { return MainWithRows(3); },
+             [&tour](QWidget*) {
+                 const QString left = Lines(u"select count(*) from tAccount where Id1 in (8,9)"_s);
+                 const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
+                 if (left != u"  0\n" || kind != u"  5000 | 2100 | 2900\n")
+                     tour.Fail(u"the deletion has not restored the balances"_s);
              });
 }
 
@@ -155,6 +253,10 @@ int main(int argc, char** argv) {
     LogIn(tour);
     TypeEntry(tour);
     ShowResult(tour);
+    EditEntry(tour);
+    SeeAccounts(tour);
+    AddKind(tour);
+    DeleteEntry(tour);
     tour.Start();
     const int code = QApplication::exec();
     TellAgent(1);

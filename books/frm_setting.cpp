@@ -1,0 +1,96 @@
+#include "books/frm_setting.h"
+
+#include "chart/chart_panel.h"
+#include "shell/controls/kestro_scroll_menu.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMargin = 12;
+constexpr int kStrip = 196;
+constexpr int kStripIcons = 44;
+constexpr int kNarrowPage = 760;
+const QString kSection = u"title0"_s;
+
+QString StripTip() {
+    return u"1.右边列表中各条目背景若是灰色，代表是第一级!\n2.右边列表中，只列出最末一级的增加、减少、余额；\n"
+           u"3.若要逐级汇总信息，请转到【统计窗口】并切换到『各分类或各账户统计』!"_s;
+}
+
+}  // namespace
+
+frmSetting::frmSetting(QWidget* parent) : Page(parent) {
+    auto* strip = KestroScrollMenu1 = new KestroScrollMenu(this);
+    strip->setObjectName(u"KestroScrollMenu1"_s);
+    strip->AddSection(kSection, u"设置管理"_s);
+    const auto add = [&](const QString& key, const QString& caption, const QString& icon, bool there) {
+        ScrollMenuItem item;
+        item.key = key;
+        item.caption = caption;
+        item.icon = icon;
+        item.selectable = there;
+        item.enabled = there;
+        strip->AddItem(kSection, item);
+    };
+    add(u"common"_s, u"通用设置"_s, u"set"_s, false);
+    add(u"kind"_s, u"记账分类"_s, u"kind"_s, true);
+    add(u"account"_s, u"账户管理"_s, u"account"_s, true);
+    add(u"book"_s, u"账本管理"_s, u"book"_s, false);
+    strip->onClick = [this](const QString&, const QString& item) { OpenSub(item); };
+    strip->onTip = [](const QString&, const QString&) { return StripTip(); };
+    kinds_ = new ChartPanel(u"tKind"_s, true, this);
+    accounts_ = new ChartPanel(u"tSubAcc"_s, true, this);
+    kinds_->setObjectName(u"kinds"_s);
+    accounts_->setObjectName(u"accounts"_s);
+    accounts_->hide();
+    OpenSub(u"kind"_s);
+}
+
+ChartPanel* frmSetting::Panel(const QString& key) const {
+    return key == u"account" ? accounts_ : key == u"kind" ? kinds_ : nullptr;
+}
+
+void frmSetting::OpenSub(const QString& key) {
+    auto* panel = Panel(key);
+    if (!panel) return;
+    page_ = key;
+    KestroScrollMenu1->Select(kSection, key);
+    kinds_->setVisible(panel == kinds_);
+    accounts_->setVisible(panel == accounts_);
+    panel->Reload();
+}
+
+void frmSetting::ReLoadKindAcc(const QString& key) {
+    if (key == page_ && Panel(key)) Panel(key)->Reload();
+}
+
+void frmSetting::DoKindAcc(const QString& table, const QString& code, const QString& action) {
+    const QString key = table.toLower() == u"tkind" ? u"kind"_s : u"account"_s;
+    OpenSub(key);
+    auto* panel = Panel(key);
+    if (!code.isEmpty()) panel->Select(code);
+    if (action == u"New") panel->New();
+    if (action == u"Edit") panel->Edit();
+    if (action == u"Del") panel->Del();
+}
+
+void frmSetting::pRESETGROUP() {
+    kinds_->ResetGroup();
+    accounts_->ResetGroup();
+}
+
+void frmSetting::pTRANSACCOUNT() {
+    OpenSub(page_);
+}
+
+void frmSetting::resizeEvent(QResizeEvent* event) {
+    Page::resizeEvent(event);
+    const bool narrow = width() < kNarrowPage;
+    const int strip = narrow ? kStripIcons : kStrip;
+    KestroScrollMenu1->SetCollapsed(narrow);
+    KestroScrollMenu1->setGeometry(0, 0, strip, height());
+    const QRect room(strip + kMargin, 0, width() - strip - 2 * kMargin, height() - 8);
+    kinds_->setGeometry(room);
+    accounts_->setGeometry(room);
+}

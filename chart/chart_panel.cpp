@@ -1,0 +1,234 @@
+#include "chart/chart_panel.h"
+
+#include <cmath>
+
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_label.h"
+#include "shell/controls/kestro_list.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/notices.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kToolbarY = 8;
+constexpr int kButtonHeight = 32;
+constexpr int kTipY = 46;
+constexpr int kListY = 74;
+constexpr int kGap = 8;
+
+enum Column { kNo, kName, kHide, kOpening, kAdded, kReduced, kBalance, kNote };
+
+RowLook LookOf(const QString& code) {
+    RowLook look;
+    if (code.size() == 2) look.style = RowStyle::grey1;
+    return look;
+}
+
+}  // namespace
+
+ChartPanel::ChartPanel(const QString& table, bool withButtons, QWidget* parent) : QWidget(parent), table_(table) {
+    if (withButtons) BuildButtons();
+    BuildList();
+}
+
+bool ChartPanel::IsKinds() const {
+    return table_ == u"tKind";
+}
+
+void ChartPanel::BuildButtons() {
+    const auto add = [this](ButtonLook look, const QString& caption, const QString& icon, std::function<void()> act) {
+        auto* button = new KestroButton(look, caption, icon, this);
+        button->onClick = std::move(act);
+        button->setEnabled(static_cast<bool>(button->onClick));
+        buttons_.push_back(button);
+        return button;
+    };
+    add(ButtonLook::primary, u"新增"_s, u"new"_s, [this] { New(); })->setObjectName(u"btnNew"_s);
+    add(ButtonLook::toolbar, u"修改"_s, u"edit"_s, [this] { Edit(); })->setObjectName(u"btnEdit"_s);
+    add(ButtonLook::toolbar, u"删除"_s, u"del"_s, [this] { Del(); })->setObjectName(u"btnDel"_s);
+    add(ButtonLook::toolbar, u"导出"_s, u"export"_s, {})->SetArrow(true);
+    add(ButtonLook::toolbar, u"刷新"_s, u"reload"_s, [this] { Reload(); })->setObjectName(u"btnReload"_s);
+    lblTip_ = new KestroLabel(u"当前账本的"_s + (IsKinds() ? u"分类"_s : u"账户"_s) + u"列表（单击左侧导航条会刷新）"_s,
+                              LabelKind::caption, this);
+}
+
+void ChartPanel::BuildList() {
+    auto* list = KestroList1_ = new KestroList(this);
+    list->setObjectName(u"KestroList1"_s);
+    list->DefineColumn({u"no"_s, u"No"_s, 46, 30, u"number"_s, ListColor::dim, false, {}});
+    list->DefineColumn({u"name"_s, u"编号名称"_s, 200, 120, u"string"_s, ListColor::none, true, {}});
+    list->DefineColumn({u"hide"_s, u"隐藏？"_s, 64, 50, u"string"_s, ListColor::dim, false, {}});
+    list->DefineColumn({u"opening"_s, u"期初余额"_s, 100, 80, u"money"_s, ListColor::none, false, {}});
+    list->DefineColumn({u"add"_s, u"增加额"_s, 100, 80, u"money"_s, ListColor::add, false, {}});
+    list->DefineColumn({u"reduce"_s, u"减少额"_s, 100, 80, u"money"_s, ListColor::reduce, false, {}});
+    list->DefineColumn({u"money"_s, u"余额"_s, 104, 80, u"money"_s, ListColor::none, false, {}});
+    list->DefineColumn({u"note"_s, u"备注"_s, 160, 60, u"string"_s, ListColor::dim, false, {}});
+    list->onDoubleClick = [this](int, int) { Edit(); };
+    list->onDelete = [this] { Del(); };
+    ResetGroup();
+}
+
+void ChartPanel::ResetGroup() {
+    for (const int column : {kOpening, kAdded, kReduced, kBalance})
+        KestroList1_->SetMoneyGroup(column, State().nGroup);
+}
+
+void ChartPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    int x = 0;
+    for (auto* button : buttons_) {
+        const int width = button->sizeHint().width();
+        button->setGeometry(x, kToolbarY, width, kButtonHeight);
+        x += width + kGap;
+    }
+    if (lblTip_) lblTip_->setGeometry(0, kTipY, width(), 24);
+    const int top = buttons_.empty() ? 0 : kListY;
+    KestroList1_->setGeometry(0, top, width(), height() - top);
+}
+
+void ChartPanel::Reload() {
+    const auto lines = ReadChart(State().gDB, table_);
+    KestroList1_->BeginFill();
+    KestroList1_->Clear();
+    for (const auto& line : lines)
+        KestroList1_->AddRow(line.cells, line.code, QString::number(line.id), LookOf(line.code));
+    KestroList1_->EndFill();
+}
+
+void ChartPanel::Select(const QString& code) {
+    const int row = KestroList1_->FindRow(code);
+    if (row < 0) return;
+    KestroList1_->SetCurrentRow(row);
+    KestroList1_->ScrollToRow(row);
+}
+
+bool ChartPanel::Ask(const QString& title, const QString& prompt, const ChartRecord* start) {
+    ResetDlg(kDlgInput);
+    InputDialog input;
+    input.done = 1;  // with the memo row
+    input.prompt = prompt;
+    input.text = title;
+    input.mode = 1;
+    input.money = 0;
+    if (start) {
+        input.startText = start->code + u' ' + start->name;
+        input.memo = start->note;
+        input.other = start->hide ? 1 : 0;
+        input.money = Hundredths(start->oldOpening).value_or(0);
+        input.otherDisabled = IsKinds() && start->code == u"00" ? 1 : 0;
+    }
+    OpenModal(kDlgInput);
+    return input.done != 0;
+}
+
+void ChartPanel::New() {
+    const bool kinds = IsKinds();
+    const QString prompt = kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s
+                                 : u"账户编号名称(编号+空格，如：0102 华东区上海)"_s;
+    if (!Ask(kinds ? u"新增分类"_s : u"新增账户"_s, prompt, nullptr)) return;
+    const InputDialog input;
+    const QString text = input.text.trimmed().toLower();
+    if (text.isEmpty()) return;
+    const CodeName row = CheckNewRow(State().gDB, text, table_);
+    if (row.code.isEmpty()) return;
+    const double opening = input.money / 100.0;
+    const qint64 id = AddChartRow(State().gDB, table_, row, opening, input.memo, input.otherChecked != 0);
+    ChartRecord added;
+    added.code = row.code;
+    added.name = row.name;
+    added.newOpening = added.balance = opening;
+    added.added = opening > 0 ? opening : 0;
+    added.reduced = opening < 0 ? -opening : 0;
+    added.hide = input.otherChecked != 0;
+    added.note = input.memo;
+    Append(id, added);
+    Tell();
+}
+
+void ChartPanel::Append(qint64 id, const ChartRecord& record) {
+    const int row = KestroList1_->RowCount();
+    KestroList1_->AddRow(ChartCells(row + 1, record, true), record.code, QString::number(id), LookOf(record.code));
+    KestroList1_->SetCurrentRow(row);
+    KestroList1_->ScrollToRow(row);
+}
+
+void ChartPanel::Edit() {
+    const int row = KestroList1_->CurrentRow();
+    if (row < 0) {
+        ShowMsg(u"请【选定一条】需修改的记录!"_s);
+        return;
+    }
+    const qint64 id = KestroList1_->RowSubKey(row).toLongLong();
+    if (id <= -1) {
+        ShowMsg(u"选定的分类记录无效(ID1=-1)! "_s);
+        return;
+    }
+    auto record = ReadChartRecord(State().gDB, id, table_);
+    if (!record) return;
+    const bool kinds = IsKinds();
+    const QString title = kinds && record->code == u"00" ? u"系统预留分类，不可修改"_s
+                          : kinds                        ? u"修改分类名称"_s
+                                                         : u"修改账户名称"_s;
+    const QString prompt =
+        kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s : u"账户编号名称(编号+空格，如：01 华东区)"_s;
+    if (!Ask(title, prompt, &*record)) return;
+    if (!Changed(*record, InputDialog().text.trimmed().toLower())) return;
+    ShowChanged(row, *record);
+    Tell();
+}
+
+// Checks and applies what was typed; record then holds the row's new figures.
+bool ChartPanel::Changed(ChartRecord& record, const QString& text) {
+    auto& book = State().gDB;
+    const CodeName typed = ParseCodeName(text);
+    if (typed.code.isEmpty()) return false;
+    const QString oldCode = record.code;
+    const QString oldName = record.name;
+    const bool codeChanged = typed.code != oldCode;
+    if (codeChanged && !CheckCodeChange(book, typed.code, oldCode, table_)) return false;
+    const bool nameChanged = typed.name != oldName;
+    if (nameChanged && !CheckNameChange(book, typed.code, typed.name, table_)) return false;
+    const InputDialog input;
+    record.code = typed.code;
+    record.name = typed.name;
+    record.hide = input.otherChecked != 0;
+    record.note = input.memo;
+    record.newOpening = input.money / 100.0;
+    const auto save = IsKinds() ? SaveKindChange : SaveAccountChange;
+    const auto saved = save(book, record, codeChanged, nameChanged, oldCode, oldName);
+    if (saved) record = *saved;
+    return saved.has_value();
+}
+
+void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
+    auto cells = ChartCells(KestroList1_->Cell(row, kNo).toInt(), record, true);
+    cells[kAdded] = FixedText(record.added);
+    cells[kReduced] = FixedText(record.reduced);
+    cells[kBalance] = FixedText(record.balance);
+    for (int column = 0; column < KestroList1_->ColumnCount(); ++column)
+        KestroList1_->SetCell(row, column, cells[column]);
+    KestroList1_->SetRowKey(row, record.code, KestroList1_->RowSubKey(row));
+    KestroList1_->SetRowLook(row, LookOf(record.code));
+}
+
+void ChartPanel::Del() {
+    const int row = KestroList1_->CurrentRow();
+    if (row < 0) {
+        ShowMsg(IsKinds() ? u"没有【选定】要删除的分类!"_s : u"没有【选定】要删除的账户!"_s);
+        return;
+    }
+    const QString code = KestroList1_->RowKey(row);
+    if (!MayDeleteRow(State().gDB, code, table_)) return;
+    DeleteChartRow(State().gDB, code, table_);
+    KestroList1_->RemoveRows({row});
+    KestroList1_->SetCurrentRow(-1);
+    ShowMsg(u"已成功删除分类!"_s, u"确定"_s, kMsgInfo);
+    Tell();
+}
+
+void ChartPanel::Tell() const {
+    Notices().chartChanged.Emit(table_);
+}

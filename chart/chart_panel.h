@@ -1,0 +1,46 @@
+#pragma once
+// One chart's list with its buttons and boxes: adding, changing, hiding and deleting kinds or accounts. Hosted
+// by the settings page and by the account page.
+
+#include <QWidget>
+
+#include "chart/maintenance.h"
+#include "store/dialogs.h"
+
+class KestroButton;
+class KestroLabel;
+class KestroList;
+
+class ChartPanel : public QWidget {
+ public:
+    /// table: tKind or tSubAcc. withButtons: the panel shows its own toolbar; otherwise its host calls.
+    ChartPanel(const QString& table, bool withButtons, QWidget* parent);
+
+    /// Reads the chart again.
+    void Reload();
+    /// Selects the row of a code from the top; nothing when there is none.
+    void Select(const QString& code);
+    void New();
+    void Edit();
+    void Del();
+    void ResetGroup();
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    void BuildButtons();
+    void BuildList();
+    bool IsKinds() const;
+    /// Shows frmInput over its record; true when it was confirmed.
+    bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
+    void Append(qint64 id, const ChartRecord& record);
+    void ShowChanged(int row, const ChartRecord& record);
+    bool Changed(ChartRecord& record, const QString& text);
+    void Tell() const;
+
+    QString table_;
+    std::vector<KestroButton*> buttons_;
+    KestroLabel* lblTip_ = nullptr;
+    KestroList* KestroList1_;
+};

@@ -1,0 +1,58 @@
+#pragma once
+// Keeping the two charts: checks and changes as logic. Table names may come in any case. Refusals have been
+// shown when a check fails. The statements of one change run one by one; a failing one leaves the earlier ones
+// applied, as settled.
+
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+#include "chart/codes.h"
+
+/// What travels between the routines of one change.
+struct ChartRecord {
+    QString code;
+    QString name;
+    double oldOpening = 0;
+    double added = 0, reduced = 0, balance = 0;
+    bool hide = false;
+    QString note;
+    double newOpening = 0;
+};
+
+/// One line of a chart's list: eight cells from the running number to the note.
+struct ChartLine {
+    QStringList cells;
+    QString code;
+    qint64 id = 0;
+    bool firstLevel = false;
+};
+
+/// All rows in order of their codes. Only last-level rows show figures.
+std::vector<ChartLine> ReadChart(cConnection& book, const QString& table);
+/// Cells of a line from its record; the figures are "-" where the row is no leaf.
+QStringList ChartCells(int number, const ChartRecord& record, bool leaf);
+
+std::optional<ChartRecord> ReadChartRecord(cConnection& book, qint64 id, const QString& table);
+
+/// All checks of adding, in their order. An empty code after a refusal.
+CodeName CheckNewRow(cConnection& book, const QString& text, const QString& table);
+/// Adds a checked row with its opening entry; its id.
+qint64 AddChartRow(cConnection& book, const QString& table, const CodeName& row, double opening, const QString& note,
+                   bool hide);
+
+/// The checks of a changed code; may ask whether all entries shall follow.
+bool CheckCodeChange(cConnection& book, const QString& newCode, const QString& oldCode, const QString& table);
+bool CheckNameChange(cConnection& book, const QString& code, const QString& name, const QString& table);
+
+/// Applies a change and returns the row's new figures; nullopt after "意外错误!" when the row is gone.
+std::optional<ChartRecord> SaveKindChange(cConnection& book, const ChartRecord& record, bool codeChanged,
+                                          bool nameChanged, const QString& oldCode, const QString& oldName);
+std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecord& record, bool codeChanged,
+                                             bool nameChanged, const QString& oldCode, const QString& oldName);
+
+/// The checks and the question of a deletion.
+bool MayDeleteRow(cConnection& book, const QString& code, const QString& table);
+/// Deletes a row that may go, with what hangs on it.
+void DeleteChartRow(cConnection& book, const QString& code, const QString& table);

@@ -1,0 +1,65 @@
+#include "chart/opening_balance.h"
+
+#include <cmath>
+
+#include "store/book_format.h"
+#include "store/entry_rows.h"
+#include "store/money.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kDate = u"1900-01-01"_s;
+const QString kTime = u"08:30"_s;
+const QString kReservedCode = u"00"_s;
+const QString kReservedName = u"↑↓余额调整"_s;
+
+AccountRow OpeningRow(cConnection& book, double amount) {
+    AccountRow row;
+    row.Id1 = NewId(book, u"taccount"_s);
+    row.Value1 = MoneyText(std::fabs(amount));
+    row.nSign = amount < 0 ? -1 : 1;
+    row.Date1 = kDate;
+    row.Time1 = kTime;
+    row.sPic = u"0"_s;
+    return row;
+}
+
+}  // namespace
+
+qint64 AddKindOpeningEntry(cConnection& book, double amount, const QString& code, const QString& name) {
+    AccountRow row = OpeningRow(book, amount);
+    row.Title1 = u"分类期初余额"_s;
+    row.Type1 = code;
+    row.TypeName1 = name;
+    row.Note1 = u"建分类时的期初余额"_s;
+    InsertAccountRow(book, row);
+    return row.Id1;
+}
+
+AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QString& code, const QString& name) {
+    AccountRow row = OpeningRow(book, amount);
+    row.Title1 = u"账户期初余额"_s;
+    row.Type1 = kReservedCode;
+    row.TypeName1 = kReservedName;
+    row.Note1 = u"建账户时的期初余额"_s;
+    auto stored = InsertAccountRow(book, row);
+    if (amount == 0) return {row.Id1, -1};
+
+    SubAccItemRow record;
+    record.Id1 = NewId(book, u"tsubaccitem"_s);
+    stored.Set(u"IIID", record.Id1);
+    stored.Update();
+    record.AccId = row.Id1;
+    record.Title1 = row.Title1;
+    record.SubAccKey = code;
+    record.SubAccName1 = name;
+    record.TypeName1 = kReservedName;
+    record.Value1 = row.Value1;
+    record.nSign = row.nSign;
+    record.Date1 = kDate;
+    record.Time1 = kTime;
+    InsertSubAccItemRow(book, record);
+    return {row.Id1, record.Id1};
+}

@@ -1,0 +1,80 @@
+#include "ledger/entry_delete.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+#include "ledger/posting.h"
+#include "store/entry_rows.h"
+#include "store/picture_index.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr size_t kSlice = 50;
+
+// Without a transaction of its own, so that a slice can hold many.
+bool Remove(cConnection& book, qint64 id) {
+    const auto row = FindRow(book, u"tAccount"_s, id);
+    if (!row) return false;
+    const qint64 second = row->Int(u"IID");
+    const qint64 record1 = row->Int(u"IIID");
+    const qint64 record2 = row->Int(u"IIID1");
+    UpdateBalance(book, id, u"tKind"_s, u"-"_s);
+    UpdateBalance(book, second, u"tKind"_s, u"-"_s);
+    UpdateBalance(book, record1, u"tSubAcc"_s, u"-"_s);
+    UpdateBalance(book, record2, u"tSubAcc"_s, u"-"_s);
+    DeletePictures(book, u"tAccount"_s, id);
+    book.Execute(u"delete from tAccount where "_s + book.WhereIds(u"tAccount"_s, {id, second}));
+    book.Execute(u"delete from tSubAccItem where "_s + book.WhereIds(u"tSubAccItem"_s, {record1, record2}));
+    return true;
+}
+
+QString Joined(const std::vector<qint64>& ids) {
+    QStringList texts;
+    for (const qint64 id : ids)
+        texts << QString::number(id);
+    return texts.join(u',');
+}
+
+std::vector<qint64> RowsOf(cConnection& book, const std::vector<qint64>& ids) {
+    const QString list = Joined(ids);
+    auto rows = book.Read(u"select Id1,IID,IIID,IIID1,bIsMain from tAccount where bIsMain=1 and id1 in("_s + list +
+                          u") or iid in("_s + list + u')');
+    std::vector<qint64> found;
+    while (rows.Next())
+        found.push_back(rows.Int(0));
+    return found;
+}
+
+}  // namespace
+
+bool DeleteEntry(cConnection& book, qint64 id) {
+    Transaction change(book);
+    if (!Remove(book, id)) return false;
+    change.Commit();
+    return true;
+}
+
+void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, int& count) {
+    count = 0;
+    const auto rows = RowsOf(book, ids);
+    job.Start(static_cast<int>(rows.size()));
+    for (size_t at = 0; at < rows.size() && !job.Stopped(); at += kSlice) {
+        const size_t end = std::min(at + kSlice, rows.size());
+        Transaction slice(book);
+        for (size_t i = at; i < end; ++i)
+            Remove(book, rows[i]);
+        slice.Commit();
+        count = static_cast<int>(end);
+        job.Step(count);
+    }
+}
+
+std::vector<qint64> StillThere(cConnection& book, const std::vector<qint64>& ids) {
+    std::vector<qint64> there;
+    for (const qint64 id : ids)
+        if (book.RowOf(u"tAccount"_s, id)) there.push_back(id);
+    return there;
+}

@@ -1,0 +1,171 @@
+#include "ledger/entry_edit.h"
+
+#include "ledger/entry_check.h"
+#include "store/book_format.h"
+#include "store/entry_rows.h"
+#include "store/messages.h"
+#include "store/money.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kEntries = u"tAccount"_s;
+const QString kRecords = u"tSubAccItem"_s;
+
+PostedIds TiesOf(const cRecordset& main) {
+    return {main.Int(u"Id1"), main.Int(u"IID"), main.Int(u"IIID"), main.Int(u"IIID1")};
+}
+
+void MoveBalances(cConnection& book, const PostedIds& ids, const QString& op) {
+    UpdateBalance(book, ids.main, u"tKind"_s, op);
+    UpdateBalance(book, ids.second, u"tKind"_s, op);
+    UpdateBalance(book, ids.record1, u"tSubAcc"_s, op);
+    UpdateBalance(book, ids.record2, u"tSubAcc"_s, op);
+}
+
+void SetTie(cConnection& book, const QString& column, qint64 value, qint64 row) {
+    if (!book.RowOf(kEntries, row)) return;
+    book.Execute(u"update tAccount set "_s + column + u"= "_s + QString::number(value) + u" where "_s +
+                 book.WhereIds(kEntries, {row}));
+}
+
+void DeleteRow(cConnection& book, const QString& table, qint64 id) {
+    if (book.RowOf(table, id)) book.Execute(u"delete from "_s + table + u" where "_s + book.WhereIds(table, {id}));
+}
+
+qint64 AddKindRow(cConnection& book, const EntryValues& e, size_t slot) {
+    AccountRow row = KindRow(e, slot);
+    row.Id1 = NewId(book, u"taccount"_s);
+    InsertAccountRow(book, row);
+    return row.Id1;
+}
+
+qint64 AddAccountRow(cConnection& book, const EntryValues& e, size_t slot, qint64 main) {
+    SubAccItemRow row = RecordRow(e, slot, main);
+    row.Id1 = NewId(book, u"tsubaccitem"_s);
+    InsertSubAccItemRow(book, row);
+    return row.Id1;
+}
+
+void ChangeSecondKind(cConnection& book, const EntryValues& e, PostedIds& ids) {
+    const bool exists = ids.second != -1;
+    if (exists && e.kind2On) {
+        RewriteAccountRow(book, ids.second, KindRow(e, kKind2));
+    } else if (exists) {
+        DeleteRow(book, kEntries, ids.second);
+        SetTie(book, u"IID"_s, -1, ids.main);
+        ids.second = -1;
+    } else if (e.kind2On) {
+        ids.second = AddKindRow(book, e, kKind2);
+        SetTie(book, u"IID"_s, ids.second, ids.main);
+        SetTie(book, u"IID"_s, ids.main, ids.second);
+    }
+}
+
+// column is IIID for the first account and IIID1 for the second.
+void ChangeAccount(cConnection& book, const EntryValues& e, size_t slot, bool wanted, const PostedIds& ids,
+                   qint64& record, const QString& column) {
+    const bool exists = record != -1;
+    if (exists && wanted) {
+        RewriteSubAccItemRow(book, record, RecordRow(e, slot, ids.main));
+    } else if (exists) {
+        DeleteRow(book, kRecords, record);
+        SetTie(book, column, -1, ids.main);
+        SetTie(book, column, -1, ids.second);
+        record = -1;
+    } else if (wanted) {
+        record = AddAccountRow(book, e, slot, ids.main);
+        SetTie(book, column, record, ids.main);
+        SetTie(book, column, record, ids.second);
+    }
+}
+
+// False when the main row has gone.
+bool RewriteEntry(cConnection& book, const EntryValues& e, qint64 main) {
+    Transaction save(book);
+    const auto row = FindRow(book, kEntries, main);
+    if (!row) return false;
+    PostedIds ids = TiesOf(*row);
+    MoveBalances(book, ids, u"-"_s);
+    RewriteAccountRow(book, ids.main, KindRow(e, kKind1));
+    ChangeSecondKind(book, e, ids);
+    ChangeAccount(book, e, kAccount1, e.toAccount, ids, ids.record1, u"IIID"_s);
+    ChangeAccount(book, e, kAccount2, e.toAccount && e.account2On, ids, ids.record2, u"IIID1"_s);
+    MoveBalances(book, ids, u"+"_s);
+    save.Commit();
+    return true;
+}
+
+void LoadKind(EntryValues& e, size_t slot, const cRecordset& row) {
+    e.code[slot] = row.Text(u"Type1");
+    e.name[slot] = row.Text(u"TypeName1");
+    e.text[slot] = e.code[slot] + e.name[slot];
+    e.add[slot] = row.Int(u"nSign") == 1;
+}
+
+bool LoadAccount(cConnection& book, EntryValues& e, size_t slot, qint64 id) {
+    const auto row = FindRow(book, kRecords, id);
+    if (!row) return false;
+    e.code[slot] = row->Text(u"SubAccKey");
+    e.name[slot] = row->Text(u"SubAccName1");
+    e.text[slot] = e.code[slot] + e.name[slot];
+    e.accountValue[slot - kAccount1] = MoneyText(row->Number(u"Value1"));
+    e.add[slot] = row->Int(u"nSign") == 1;
+    return true;
+}
+
+void TellMissing() {
+    ShowMsg(u"意外错误：未找到记录!"_s, u"确定"_s, kMsgFail);
+}
+
+}  // namespace
+
+qint64 ResolveMainRow(cConnection& book, qint64 id) {
+    const auto row = FindRow(book, kEntries, id);
+    return row && row->Int(u"bIsMain") == 0 ? row->Int(u"IID") : id;
+}
+
+std::optional<LoadedEntry> LoadEntry(cConnection& book, qint64 id) {
+    LoadedEntry loaded;
+    loaded.opened = id;
+    loaded.main = ResolveMainRow(book, id);
+    const auto row = FindRow(book, kEntries, loaded.main);
+    if (!row) {
+        TellMissing();
+        return {};
+    }
+    EntryValues& e = loaded.values;
+    const PostedIds ids = TiesOf(*row);
+    e.title = row->Text(u"Title1");
+    e.money = MoneyText(row->Number(u"Value1"));
+    e.mark = row->Int(u"Mark1") != 0;
+    e.date = row->Text(u"Date1");
+    e.hour = row->Text(u"Time1").left(2);
+    e.minute = row->Text(u"Time1").mid(3, 2);
+    e.note = row->Text(u"Note1");
+    e.pictures = row->Text(u"sPic");
+    LoadKind(e, kKind1, *row);
+    if (const auto partner = FindRow(book, kEntries, ids.second)) LoadKind(e, kKind2, *partner);
+    LoadAccount(book, e, kAccount1, ids.record1);
+    LoadAccount(book, e, kAccount2, ids.record2);
+    e.kind2On = ids.second > -1;
+    e.toAccount = ids.record1 > -1;
+    e.account2On = ids.record2 > -1;
+    return loaded;
+}
+
+EditOutcome SaveEditedEntry(cConnection& book, EntryValues& entry, qint64 main, qint64 opened) {
+    const auto complaint = CheckEntry(entry);
+    if (!complaint.Good()) {
+        ShowMsg(complaint.message);
+        return {false, complaint.focus, -1};
+    }
+    if (!ConfirmEntry(entry)) return {};
+    if (!RewriteEntry(book, entry, main)) {
+        TellMissing();
+        return {};
+    }
+    const bool openedIsGone = opened != main && !book.RowOf(kEntries, opened);
+    return {true, EntryField::none, openedIsGone ? -1 : opened};
+}

@@ -1,0 +1,110 @@
+#include "ledger/frm_account_template.h"
+
+#include <QApplication>
+
+#include "ledger/templates.h"
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_list.h"
+#include "shell/controls/png_button.h"
+#include "store/errors.h"
+#include "store/messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kChooseDelayMs = 100;
+constexpr QSize kSize{420, 440};
+constexpr int kMargin = 12;
+constexpr int kRow = 32;
+constexpr int kLowerRow = 44;
+}  // namespace
+
+frmAccountTemplate::frmAccountTemplate(QWidget* parent)
+    : KestroDialog(DialogKind::common, u"记账模板"_s, parent), record_(State().gDlg[kDlgTemplate]) {
+    record_.Flag1 = 0;
+    Build();
+    LoadTemplates();
+    Arrange();
+    Timer1.setSingleShot(true);
+    Timer1.setInterval(kChooseDelayMs);
+    Timer1.callOnTimeout([this] { RunEvent([this] { Take(); }); });
+}
+
+void frmAccountTemplate::Build() {
+    KestroList1 = new KestroList(Body());
+    KestroList1->setObjectName(u"KestroList1"_s);
+    KestroList1->SetCheckColumn(true);
+    KestroList1->DefineColumn({u"no"_s, u"NO"_s, 46, 30, u"number"_s, ListColor::dim, false, {}});
+    KestroList1->DefineColumn({u"thing"_s, u"事情"_s, 200, 100, u"string"_s, ListColor::none, true, {}});
+    KestroList1->SetEmptyText(u"没有模板，在记账列表中可将事情【加入模板】"_s);
+    KestroList1->onDoubleClick = [this](int, int) { Timer1.start(); };
+    btnDel = new KestroButton(ButtonLook::danger, u"删除勾选的模板"_s, u"del"_s, Body());
+    btnDel->onClick = [this] { DeleteChecked(); };
+    pngArrow = new PngButton(u"arrowDown"_s, u"更多操作"_s, Footer());
+    pngArrow->onClick = [this] {
+        rowOpen_ = !rowOpen_;
+        Arrange();
+    };
+    btnCancel = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Footer());
+    btnEnter = new KestroButton(ButtonLook::primary, u"确定"_s, {}, Footer());
+    btnCancel->onClick = [this] { reject(); };
+    btnEnter->onClick = [this] { Take(); };
+    btnEnter->setObjectName(u"btnEnter"_s);
+    btnDel->setObjectName(u"btnDel"_s);
+    pngArrow->setObjectName(u"pngArrow"_s);
+}
+
+void frmAccountTemplate::Arrange() {
+    SetNamedSize(kSize + QSize(0, rowOpen_ ? kLowerRow : 0));
+    const int listHeight = kSize.height() - TitleHeight() - FooterHeight() - kMargin;
+    KestroList1->setGeometry(kMargin, 0, kSize.width() - 2 * kMargin, listHeight);
+    btnDel->setVisible(rowOpen_);
+    btnDel->setGeometry(kMargin, listHeight + kMargin, btnDel->sizeHint().width(), kRow);
+    pngArrow->SetIcon(rowOpen_ ? u"arrowUp"_s : u"arrowDown"_s);
+    const int y = (FooterHeight() - kRow) / 2;
+    pngArrow->setGeometry(kMargin, y + 2, 28, 28);
+    btnEnter->setGeometry(kSize.width() - kMargin - 80, y, 80, kRow);
+    btnCancel->setGeometry(kSize.width() - kMargin - 168, y, 80, kRow);
+}
+
+void frmAccountTemplate::LoadTemplates() {
+    KestroList1->BeginFill();
+    int number = 0;
+    for (const auto& item : ReadTemplates(State().gDB))
+        KestroList1->AddRow(QStringList{QString::number(++number), item.title}, QString::number(item.id));
+    KestroList1->EndFill();
+    KestroList1->setFocus();
+}
+
+void frmAccountTemplate::Take() {
+    const int row = KestroList1->CurrentRow();
+    record_.Num1 = row;
+    record_.Text1 = row < 0 ? QString() : KestroList1->Cell(row, 1);
+    record_.Flag1 = 1;
+    accept();
+}
+
+void frmAccountTemplate::DeleteChecked() {
+    if (ShowMsg(u"您确定要【删除】选定的一条或多条记录?"_s, u"取消,确定"_s, kMsgAsk) != 1) return;
+    const auto rows = KestroList1->CheckedRows();
+    if (rows.empty()) {
+        ShowMsg(u"【没有选定】任何记录!"_s);
+        return;
+    }
+    std::vector<qint64> ids;
+    for (const int row : rows)
+        ids.push_back(KestroList1->RowKey(row).toLongLong());
+    DeleteTemplates(State().gDB, ids);
+    KestroList1->RemoveRows(rows);
+    Renumber();
+}
+
+void frmAccountTemplate::Renumber() {
+    for (int row = 0; row < KestroList1->RowCount(); ++row)
+        KestroList1->SetCell(row, 0, QString::number(row + 1));
+}
+
+void OpenTemplateDialog(QPoint) {
+    frmAccountTemplate window(QApplication::activeWindow());
+    window.exec();
+}

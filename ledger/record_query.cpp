@@ -1,0 +1,88 @@
+#include "ledger/record_query.h"
+
+#include "chart/codes.h"
+#include "store/entry_rows.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/state.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Places of the columns that a line needs; books differ in the columns of this table.
+struct Places {
+    explicit Places(const cReader& row)
+        : id(row.ColumnOf(u"Id1")), entry(row.ColumnOf(u"AccId")), title(row.ColumnOf(u"Title1")),
+          code(row.ColumnOf(u"SubAccKey")), name(row.ColumnOf(u"SubAccName1")), value(row.ColumnOf(u"Value1")),
+          sign(row.ColumnOf(u"nSign")), date(row.ColumnOf(u"Date1")), time(row.ColumnOf(u"Time1")) {}
+    int id, entry, title, code, name, value, sign, date, time;
+};
+
+EntryLine LineOf(const cReader& row, const Places& at, int number, const QString& blanks, const QString& rmb) {
+    const QString money = MoneyText(row.Number(at.value));
+    const bool add = row.Int(at.sign) == 1;
+    EntryLine line;
+    line.key = row.Text(at.id);
+    line.subKey = row.Text(at.entry);
+    line.cells = {QString::number(number),
+                  row.Text(at.date) + blanks + row.Text(at.time),
+                  row.Text(at.code) + row.Text(at.name),
+                  add ? money : QString(),
+                  add ? QString() : money,
+                  rmb,
+                  row.Text(at.title)};
+    return line;
+}
+
+}  // namespace
+
+EntryQuery BuildRecordQuery(const EntryFilter& f) {
+    EntryQuery query{u"select *"_s, u" from tSubAccItem where 1 "_s, {}, u" order by date1,time1"_s, f.kind == u"all"};
+    if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    if (!query.all) query.where += u" and "_s + AtOrBelow(u"SubAccKey"_s, f.kind);
+    query.where += DateCondition(f);
+    return query;
+}
+
+bool ReadRecordLines(cConnection& book, const EntryQuery& query, int page, Job& job,
+                     const std::function<void(EntryLine&&)>& take) {
+    const int first = page * kLinesPerPage;
+    auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' + QString::number(kLinesPerPage));
+    const Places at(rows);
+    double balance = 0;
+    for (int n = 1; rows.Next(); ++n) {
+        const double signedValue = rows.Number(at.value) * (rows.Int(at.sign) == 1 ? 1 : -1);
+        balance += signedValue;
+        take(LineOf(rows, at, first + n, u" "_s, MoneyText(query.all ? signedValue : balance)));
+        job.Step(n);
+        if (job.Stopped()) return false;
+    }
+    return true;
+}
+
+std::optional<EntryLine> ReadOneRecord(cConnection& book, qint64 id, int number) {
+    const auto row = book.RowOf(u"tSubAccItem"_s, id);
+    if (!row) return {};
+    auto rows = book.Read(u"select * from tSubAccItem where rowid="_s + QString::number(*row));
+    if (!rows.Next()) return {};
+    const Places at(rows);
+    auto line = LineOf(rows, at, number, u"  "_s, {});
+    line.signedAmount = MoneyText(rows.Number(at.value) * static_cast<double>(rows.Int(at.sign)));
+    return line;
+}
+
+SumTexts RecordSumTexts(const EntrySums& sums) {
+    SumTexts t;
+    const QString rest = SumText(sums.in - sums.out);
+    t.count = u"笔数:"_s + GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
+    t.value = u"差额:"_s + rest;
+    t.tag = u"增加："_s + SumText(sums.in) + u" 元\n减少："_s + SumText(sums.out) + u" 元\n差额："_s + rest + u" 元"_s;
+    return t;
+}
+
+bool CheckRecord(cConnection& book, qint64 id) {
+    if (book.RowOf(u"tSubAccItem"_s, id)) return true;
+    ShowMsg(u"错误: 该记录可能已在【记账窗口】列表中删除记账时, 一起删除了! 请【刷新】此窗口列表!"_s, u"确定"_s, kMsgFail);
+    return false;
+}

@@ -1,0 +1,21 @@
+#pragma once
+// Entry templates: remembered matter texts of a book.
+
+#include <QString>
+
+#include <vector>
+
+#include "store/connection.h"
+
+struct EntryTemplate {
+    qint64 id = 0;
+    QString title;
+};
+
+/// In the database's order.
+std::vector<EntryTemplate> ReadTemplates(cConnection& book);
+
+/// Remembers the title of an entry's row and says so, or says why not.
+void AddTemplate(cConnection& book, qint64 entryRow);
+
+void DeleteTemplates(cConnection& book, const std::vector<qint64>& ids);

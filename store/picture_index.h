@@ -1,0 +1,31 @@
+#pragma once
+// Where the pictures of a book belong. tPic keeps its owner behind the picture itself, so asking the table
+// walks every picture's pages; the owners are read once for an open book and kept in memory.
+
+#include <QString>
+
+#include <vector>
+
+#include "store/connection.h"
+
+struct PictureOwner {
+    qint64 rowId = 0;
+    QString table;       ///< lower case
+    qint64 from = -1;    ///< lFromId; -1 while not yet attached
+    qint64 from1 = -1;   ///< lFromId1
+};
+
+/// All owners: read on demand, kept by the writers below, read again after a rollback and after another
+/// program's change.
+const std::vector<PictureOwner>& PictureOwners(cConnection& book);
+/// To be called after every write to tPic that is not made here.
+void ForgetPictureOwners();
+
+/// Pictures of a row, or of the second row of its entry.
+int CountPictures(cConnection& book, const QString& table, qint64 row, qint64 second);
+/// Gives the pictures that were kept for a new entry to its rows.
+void ClaimPictures(cConnection& book, qint64 main, qint64 second);
+/// Drops the pictures of a table that belong to no row.
+void DeleteUnclaimed(cConnection& book, const QString& table);
+/// Drops the pictures of a row, by either owner.
+void DeletePictures(cConnection& book, const QString& table, qint64 row);

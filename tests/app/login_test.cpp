@@ -1,0 +1,179 @@
+// The login window in every branch that a book or a user can drive it into.
+
+#include "app/frm_login.h"
+
+#include <QDir>
+#include <QFile>
+
+#include "app/windows.h"
+#include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_edit_box.h"
+#include "shell/controls/kestro_text.h"
+#include "shell/file_dialog.h"
+#include "store/book_box.h"
+#include "store/book_images.h"
+#include "store/errors.h"
+#include "store/outside.h"
+#include "tests/support/ui_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Login : public UiFixture {
+ protected:
+    Login() {
+        OpenSettingsStore();
+        RegisterAll();
+    }
+    QString PutBook(const QString& name, const QString& change = {}) {
+        const QString path = Path(name);
+        QDir().mkpath(Path(u"box"_s));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(SampleBookImage());
+        file.close();
+        if (change.isEmpty()) return path;
+        cConnection book;
+        book.Open(path);
+        book.Execute(change);
+        return path;
+    }
+    void Show() {
+        State().sDBPath = Path(u"box"_s);
+        QDir().mkpath(State().sDBPath);
+        ScanBookBox(State().sDBPath);
+        ReadBookInfo();
+        ChooseBook();
+        login_ = std::make_unique<frmLogin>();
+        login_->onEntered = [this] { ++entered_; };
+        login_->onLeft = [this] { ++left_; };
+        login_->show();
+        QApplication::setActiveWindow(login_.get());
+    }
+    KestroCombox* Books() { return Find<KestroCombox>(login_.get(), "comBook"); }
+    KestroText* Pass() { return Find<KestroText>(login_.get(), "txtPass"); }
+    void Choose(const QString& name) {
+        for (int i = 0; i < Books()->Count(); ++i)
+            if (Books()->Item(i).text == name) {
+                Books()->SetCurrent(i);
+                Books()->onChoose(name, Books()->Item(i).key);
+            }
+    }
+
+    std::unique_ptr<frmLogin> login_;
+    int entered_ = 0;
+    int left_ = 0;
+};
+
+}  // namespace
+
+TEST_F(Login, EnterOnAnEmptyPasswordIsTheShortestWay) {
+    const QString path = PutBook(u"box/A.jotdb"_s);
+    Show();
+    EXPECT_EQ(Books()->text(), u"a"_s);
+    EXPECT_TRUE(Wait([this] { return login_->focusWidget() == Pass(); }));
+    EXPECT_EQ(State().gPopups, 1);
+    QTest::keyClick(Pass(), Qt::Key_Return);
+    EXPECT_EQ(entered_, 1);
+    EXPECT_EQ(State().gPopups, 0);
+    EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s), QStringList{path.toLower()});
+}
+
+TEST_F(Login, AWrongPasswordIsToldAndTheBookStaysChosen) {
+    PutBook(u"box/locked.jotdb"_s, u"update tSet set Note1='鸟''1' where Key1='pass'"_s);
+    Show();
+    Pass()->setText(u"鸟1"_s);
+    boxes.Expect(u"口令错误!"_s);
+    QTest::keyClick(Pass(), Qt::Key_Return);
+    EXPECT_EQ(Pass()->text(), QString());
+    EXPECT_EQ(entered_, 0);
+    Pass()->setText(u"鸟'1"_s);
+    QTest::keyClick(Pass(), Qt::Key_Return);
+    EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(Login, BooksThatCannotBeOpenedAreToldOneByOne) {
+    PutBook(u"box/old.jotdb"_s, u"update tSet set Note1='10.0 ' where Key1='dbversion'"_s);
+    PutBook(u"box/nopass.jotdb"_s, u"delete from tSet where Key1='pass'"_s);
+    QFile junk(Path(u"box/junk.jotdb"_s));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.write(QByteArray(4096, 'x'));
+    junk.close();
+    State().sPreOpenDBFile = Path(u"box/old.jotdb"_s).toLower();
+    Show();
+    EXPECT_EQ(Books()->Count(), 3);
+    boxes.Expect(u"程序要求账本版本是：【10.0】\n当前账本版本是：【10.0 】\n账本版本不符不能打开! 请与开发商联系!"_s);
+    login_->BtnEnterClicked();
+    Choose(u"nopass"_s);
+    boxes.Expect(u"口令检测错误!"_s);
+    login_->BtnEnterClicked();
+    boxes.Expect(u"意外错误，错误信息："_s);
+    RunEvent([this] { Choose(u"junk"_s); });
+    boxes.Expect(u"程序要求账本版本是"_s);
+    login_->BtnEnterClicked();
+    EXPECT_EQ(entered_, 0);
+}
+
+TEST_F(Login, AnEmptyBoxAsksForABook) {
+    boxes.Expect(u"您目前没有任何【账本】,请先点击账本右边的【新】按钮,新建账本!"_s);
+    Show();
+    EXPECT_TRUE(Wait([this] { return boxes.Seen().size() == 1; }));
+    login_->BtnEnterClicked();
+    EXPECT_EQ(entered_, 0);
+}
+
+TEST_F(Login, OpensABookElsewhereByItsFile) {
+    PutBook(u"box/a.jotdb"_s);
+    const QString other = PutBook(u"Other.jotdb"_s, u"update tSet set Note1='2020' where Key1='year'"_s);
+    Show();
+    struct Case {
+        QString path, message;
+    };
+    for (const auto& c : {Case{Path(u"none.jotdb"_s), u"文件【"_s + Path(u"none.jotdb"_s).toLower() + u"】不存在！"_s},
+                          Case{Path(u"Set.ini"_s), u"文件【"_s + Path(u"Set.ini"_s).toLower() + u"】不是账本文件！"_s}}) {
+        boxes.Expect(c.message);
+        login_->OpenBookFile(c.path);
+    }
+    login_->OpenBookFile(Path(u"box/a.jotdb"_s));  // the open book: without a word
+    FileDialogSlot() = [&other](const FileRequest& request) {
+        EXPECT_EQ(request.title, u"选择墨鹊账本文件"_s);
+        return other;
+    };
+    login_->OpenBookFile({});
+    EXPECT_EQ(Books()->text(), u"->other"_s);
+    EXPECT_EQ(CurrentBook().Year, 2020);
+    login_->BtnEnterClicked();
+    EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(Login, TheBookBoxMovesButNotIntoTheSystem) {
+    PutBook(u"box/a.jotdb"_s);
+    Show();
+    QString answer = u"/usr/share"_s;
+    FileDialogSlot() = [&answer](const FileRequest& request) {
+        EXPECT_TRUE(request.wantsFolder);
+        return answer;
+    };
+    boxes.Expect(u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"_s);
+    login_->BtnPathClicked();
+    EXPECT_EQ(State().sDBPath, Path(u"box"_s));
+    answer = Path(u"New Box"_s);
+    QDir().mkpath(answer);
+    QFile::copy(Path(u"box/a.jotdb"_s), answer + u"/B.jotdb"_s);
+    login_->BtnPathClicked();
+    EXPECT_EQ(State().sDBPath, answer.toLower());
+    EXPECT_EQ(Rows(State().gSetDB, u"select sDBPath from tSetting"_s), QStringList{answer.toLower()});
+    ASSERT_EQ(Books()->Count(), 1);
+    Choose(u"b"_s);
+    login_->BtnEnterClicked();
+    EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(Login, EscapeAndCancelEndTheProgram) {
+    PutBook(u"box/a.jotdb"_s);
+    Show();
+    QTest::keyClick(Pass(), Qt::Key_Escape);
+    EXPECT_EQ(left_, 1);
+    EXPECT_FALSE(State().gDB.IsOpen());
+}

@@ -1,0 +1,149 @@
+// Changing and deleting entries: what becomes of the rows, their ties, the pictures and the balances.
+
+#include "ledger/entry_edit.h"
+
+#include "ledger/entry_delete.h"
+#include "ledger/posting.h"
+#include "store/picture_index.h"
+#include "tests/support/entries.h"
+#include "tests/support/fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class EntryEditTest : public Fixture {
+ protected:
+    EntryEditTest() {
+        OpenSample();
+        boxes.AnswerAll(1);
+    }
+    cConnection& Book() { return State().gDB; }
+
+    PostedIds Post(int shape) {
+        auto e = SampleEntry(u"旧"_s, u"10"_s);
+        SetShape(e, shape);
+        return PostEntry(Book(), e);
+    }
+    qint64 Edit(qint64 opened, int shape) {
+        auto e = SampleEntry(u"新"_s, u"20"_s);
+        SetShape(e, shape);
+        const auto outcome = SaveEditedEntry(Book(), e, ResolveMainRow(Book(), opened), opened);
+        EXPECT_TRUE(outcome.done);
+        return outcome.id;
+    }
+    QStringList EntryRows(qint64 from) {
+        return Rows(Book(),
+                    u"select Id1,IID,IIID,IIID1,bIsMain,Title1,Type1,Value1 from tAccount where Id1>="_s +
+                        QString::number(from));
+    }
+    QStringList Records() {
+        return Rows(Book(), u"select Id1,AccId,SubAccKey,Value1 from tSubAccItem where Id1>4"_s);
+    }
+    QStringList Balances() {
+        return Rows(Book(),
+                    u"select Sort1,nAdd,nReduce,Money from tKind union all"
+                    u" select 'a'||Sort1,nAdd,nReduce,Money from tSubAcc"_s);
+    }
+};
+
+}  // namespace
+
+TEST_F(EntryEditTest, AnyShapeBecomesAnyOther) {
+    for (int from = 0; from < kShapes; ++from) {
+        for (int to = 0; to < kShapes; ++to) {
+            SCOPED_TRACE(std::to_string(from) + " to " + std::to_string(to));
+            const auto ids = Post(from);
+            EXPECT_EQ(Edit(ids.main, to), ids.main);
+            const auto loaded = LoadEntry(Book(), ids.main);
+            ASSERT_TRUE(loaded.has_value());
+            const auto& e = loaded->values;
+            EXPECT_EQ((e.kind2On ? 1 : 0) + (e.toAccount ? 2 : 0) + (e.account2On ? 2 : 0), to);
+            EXPECT_EQ(e.title + e.money + e.hour + e.minute, u"新200930"_s);
+            EXPECT_EQ(e.accountValue[0] + e.accountValue[1],
+                      (to >= 2 ? u"20"_s : QString()) + (to >= 4 ? u"7.25"_s : QString()));
+        }
+    }
+    EXPECT_EQ(BalanceBreaks(Book()), QStringList());
+    EXPECT_EQ(TieBreaks(Book()), QStringList());
+}
+
+TEST_F(EntryEditTest, AnAddedSecondRowKnowsNothingOfOlderRecords) {
+    Post(2);
+    Edit(8, 3);
+    EXPECT_EQ(EntryRows(8), (QStringList{u"8|9|5|-1|1|新|0102|20"_s, u"9|8|-1|-1|0|新|030202|20"_s}));
+    Edit(9, 5);  // a record that comes later is tied to both rows
+    EXPECT_EQ(EntryRows(8), (QStringList{u"8|9|5|6|1|新|0102|20"_s, u"9|8|-1|6|0|新|030202|20"_s}));
+    EXPECT_EQ(Records(), (QStringList{u"5|8|0301|20"_s, u"6|8|02|7.25"_s}));
+}
+
+TEST_F(EntryEditTest, TheOpenedRowIsHandedBackUnlessItIsGone) {
+    const auto ids = Post(3);
+    EXPECT_EQ(ResolveMainRow(Book(), ids.second), ids.main);
+    EXPECT_EQ(Edit(ids.second, 1), ids.second);
+    EXPECT_EQ(Records(), QStringList());  // without the arrow both records go
+    EXPECT_EQ(Edit(ids.second, 0), -1);
+    EXPECT_EQ(EntryRows(8), QStringList{u"8|-1|-1|-1|1|新|0102|20"_s});
+    EXPECT_EQ(ResolveMainRow(Book(), 99), 99);
+    EXPECT_FALSE(LoadEntry(Book(), 99).has_value());
+    EXPECT_EQ(boxes.Last().text, u"意外错误：未找到记录!"_s);
+    auto e = SampleEntry(u"x"_s, u"1"_s);
+    EXPECT_FALSE(SaveEditedEntry(Book(), e, 99, 99).done);
+    EXPECT_EQ(boxes.Last().text, u"意外错误：未找到记录!"_s);
+}
+
+TEST_F(EntryEditTest, AnotherSignMovesTheBalanceByTwiceTheAmount) {
+    auto loaded = LoadEntry(Book(), 7);
+    ASSERT_TRUE(loaded.has_value());
+    loaded->values.add[kKind1] = false;
+    EXPECT_TRUE(SaveEditedEntry(Book(), loaded->values, 7, 7).done);
+    EXPECT_EQ(Rows(Book(), u"select nAdd,nReduce,Money from tKind where Sort1='0303'"_s),
+              QStringList{u"0|8500|-8500"_s});
+    EXPECT_EQ(Rows(Book(), u"select lFromId,lFromId1 from tPic"_s), QStringList{u"7|-1"_s});
+}
+
+TEST_F(EntryEditTest, ADeletedEntryLeavesNoTrace) {
+    for (int shape = 0; shape < kShapes; ++shape) {
+        for (const bool bySecond : {false, true}) {
+            SCOPED_TRACE(shape);
+            const auto before = Balances();
+            const auto ids = Post(shape);
+            EXPECT_NE(Balances(), before);
+            Book().Execute(
+                u"insert into tPic values (9,x'00','p','tAccount',%1,%2), (10,x'00','n','tNotebook',%1,-1)"_s
+                    .arg(ids.main)
+                    .arg(ids.second));
+            ForgetPictureOwners();
+            const qint64 id = bySecond && ids.second > 0 ? ids.second : ids.main;
+            EXPECT_TRUE(DeleteEntry(Book(), id));
+            EXPECT_FALSE(DeleteEntry(Book(), id));
+            EXPECT_EQ(EntryRows(8) + Records(), QStringList());
+            EXPECT_EQ(Balances(), before);
+            EXPECT_EQ(Rows(Book(), u"select ID1 from tPic"_s), (QStringList{u"1"_s, u"10"_s}));
+            Book().Execute(u"delete from tPic where ID1=10"_s);
+        }
+    }
+}
+
+TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopKeepsTheRest) {
+    std::vector<qint64> ids;
+    for (int i = 0; i < 130; ++i)
+        ids.push_back(Post(0).main);
+    ids.push_back(Post(1).main);  // brings its second row along
+    Job::StopAfter(50);
+    {
+        Job job;
+        const auto stopped = DeleteEntries(Book(), ids, job);
+        EXPECT_EQ(stopped.count, 50);
+        EXPECT_EQ(stopped.stopped.size(), 81U);
+    }
+    Job::StopAfter(-1);
+    {
+        Job job;
+        const auto rest = DeleteEntries(Book(), ids, job);
+        EXPECT_EQ(rest.count, 82);  // a two-kind entry counts as two
+        EXPECT_TRUE(rest.stopped.empty());
+    }
+    EXPECT_EQ(EntryRows(8), QStringList());
+    EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
+}

@@ -1,0 +1,233 @@
+// The frame: tabs, menu routing, timer, messages of other processes, changing the book, leaving.
+
+#include "shell/frm_main.h"
+
+#include <QFile>
+#include <QMimeData>
+#include <QUrl>
+#include <QWheelEvent>
+
+#include "shell/book_switch.h"
+#include "shell/commands.h"
+#include "shell/controls/kestro_list.h"
+#include "shell/controls/kestro_scroll_menu.h"
+#include "shell/menus.h"
+#include "store/book_images.h"
+#include "store/dialogs.h"
+#include "store/outside.h"
+#include "tests/support/ui_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Frame : public UiFixture {
+ protected:
+    Frame() {
+        OpenSettingsStore();
+        OpenSample();
+        RegisterAll();
+        RegisterDialog(kDlgInput, [this](QPoint) {
+            InputDialog input;
+            asked_ << input.prompt;
+            input.done = confirm_ ? 1 : 0;
+            input.text = password_;
+        });
+        frame_ = std::make_unique<frmMain>();
+        frame_->onUnloaded = [this] { ++unloaded_; };
+        frame_->show();
+        EXPECT_TRUE(Wait([this] { return List()->RowCount() == 3; }));
+    }
+    KestroList* List() { return Find<KestroList>(frame_.get(), "KestroList1"); }
+    QString SecondBook(const QString& change = {}) {
+        const QString path = Path(u"Zweites.jotdb"_s);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(EmptyBookImage());
+        file.close();
+        cConnection book;
+        book.Open(path);
+        if (!change.isEmpty()) book.Execute(change);
+        return path;
+    }
+
+    std::unique_ptr<frmMain> frame_;
+    QStringList asked_;
+    QString password_;
+    bool confirm_ = true;
+    int unloaded_ = 0;
+};
+
+class FakePage : public Page {
+ public:
+    FakePage(QWidget* parent, QStringList& log) : Page(parent), log_(log) {}
+    void DoMenu(const QString& menu, const QString& key) override { log_ << menu + u'/' + key; }
+    void SetPeriod(const QString& first, const QString& second) override { log_ << first + u'~' + second; }
+    void DoBtnMenuDelAll() override { log_ << u"delall"_s; }
+
+ private:
+    QStringList& log_;
+};
+
+}  // namespace
+
+TEST_F(Frame, StandsOnTheEntryPageWithItsBookAndTime) {
+    EXPECT_EQ(State().gPage, kPageAccount);
+    EXPECT_EQ(frame_->SelectedTab(), 0);
+    frame_->SetFormTab(3);  // no page there
+    EXPECT_EQ(frame_->CurrentTab(), 0);
+    EXPECT_EQ(Rows(State().gSetDB, u"select sLogDateTime from tSetting"_s), QStringList{u"2016-09-03 14:16:20"_s});
+    frame_->resize(300, 200);
+    EXPECT_GE(frame_->NamedSize().width(), 666);
+    EXPECT_GE(frame_->NamedSize().height(), 533);
+    State().gDB.Execute(u"update tNotebook set bWake=1, WakeDate='2016-09-03', bWakeOk=0"_s);
+    State().gSetDB.Execute(u"insert into tAd (Id1,bWakeOk) values (1,0),(2,1)"_s);
+    frame_->MyTrak_ReceMsg({}, 3, 0);
+    EXPECT_EQ(frame_->LogoNumber(), 2);
+}
+
+TEST_F(Frame, MenusReachTheirActions) {
+    QStringList log;
+    for (const int tab : {3, 4})
+        RegisterPage(tab, [&log](QWidget* parent) { return new FakePage(parent, log); });
+    frame_->SetFormTab(3);
+    EXPECT_EQ(State().gPage, kPageStats);
+    Menus::Choose(u"shortdate"_s, u"Yestoday"_s);
+    Menus::Choose(u"Export"_s, u"TXT"_s);
+    Menus::Choose(u"print"_s, u"printview"_s);
+    Menus::Choose(u"edit"_s, u"edit"_s);  // not for this page
+    frame_->SetFormTab(4);
+    Menus::Choose(u"delete"_s, u"deletesele"_s);
+    Menus::Choose(u"shortdate"_s, u"premonth"_s);
+    EXPECT_EQ(log, (QStringList{u"2016\n09-02~2016\n09-02"_s, u"searchdate/"_s, u"export/txt"_s, u"print/printview"_s,
+                                u"delall"_s, u"2016\n08-01~2016\n08-31"_s}));
+    int about = 0;
+    Commands().about = [&about] { ++about; };
+    Menus::Choose(u"file"_s, u"About"_s);
+    EXPECT_EQ(about, 1);
+    QString opened;
+    Outside().open = [&opened](const QString& what) { return opened = what, true; };
+    Menus::Choose(u"about"_s, u"help"_s);
+    EXPECT_TRUE(opened.startsWith(u"https://"_s));
+}
+
+TEST_F(Frame, TheWebCheckRunsAtTheFirstTickAndThenEvery120th) {
+    int checks = 0;
+    Commands().webCheck = [&checks] { ++checks; };
+    for (int tick = 1; tick <= 240; ++tick) {
+        frame_->Timer1_Timer();
+        EXPECT_EQ(checks, tick < 121 ? 1 : 2) << tick;
+    }
+}
+
+TEST_F(Frame, OpensAnotherBookAfterItsPassword) {
+    const QString path = SecondBook(u"update tSet set Note1='geheim' where Key1='pass'"_s);
+    password_ = u"falsch"_s;
+    boxes.Expect(u"口令不正确!"_s);
+    OpenDBFile(path);
+    EXPECT_EQ(asked_, QStringList{u"请输入账本【->zweites】口令："_s});
+    EXPECT_EQ(State().gCurBook, 0);
+    confirm_ = false;
+    OpenDBFile(path);
+    EXPECT_EQ(State().gBooks.size(), 2U);
+    EXPECT_EQ(State().gCurBook, 0);
+    confirm_ = true;
+    password_ = u"geheim"_s;
+    OpenDBFile(path);
+    EXPECT_EQ(State().gCurBook, 1);
+    EXPECT_EQ(State().gDB.Path(), path.toLower());
+    EXPECT_EQ(List()->RowCount(), 0);
+    EXPECT_EQ(Find<KestroScrollMenu>(frame_.get(), "KestroScrollMenu1")->SelectedKey(), u"_1"_s);
+    boxes.Expect(u"当前打开的正是该账本：\n【"_s + path.toLower());
+    OpenDBFile(path);
+}
+
+TEST_F(Frame, ABookThatCannotBeOpenedLeavesTheOldOneOpen) {
+    const QString old = SecondBook(u"update tSet set Note1='9.0' where Key1='dbversion'"_s);
+    boxes.Expect(u"程序要求账本版本是"_s);
+    OpenDBFile(old);
+    QFile junk(Path(u"junk.jotdb"_s));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.write(QByteArray(3000, '?'));
+    junk.close();
+    boxes.Expect(u"打开账本文件【"_s);
+    OpenDBFile(Path(u"junk.jotdb"_s));
+    State().gBusy = true;
+    boxes.Expect(u"有进程在运行，请等待结束后再试..."_s);
+    OpenDBFile(Path(u"junk.jotdb"_s));
+    State().gBusy = false;
+    EXPECT_EQ(AskBookPass({}, true), kPassFailed);
+    EXPECT_EQ(AskBookPass(u"99"_s, true), kPassFailed);
+    EXPECT_EQ(AskBookPass(u"0"_s, false), kPassSameBook);
+    EXPECT_EQ(AskBookPass(u"0"_s, true), kPassRight);
+    EXPECT_EQ(State().gCurBook, 0);
+    EXPECT_EQ(List()->RowCount(), 3);
+}
+
+TEST_F(Frame, ASecondCopysBookIsTakenUnlessAWindowIsOpen) {
+    const QString path = SecondBook();
+    State().gSetDB.Execute(u"update tSetting set sOutOpenDBFile="_s + Quote(path.toLower()));
+    {
+        const PopupScope popup;
+        boxes.Expect(u"当前有【弹出窗口】正在操作, 无法打开!"_s);
+        frame_->MyTrak.RaiseReceMsg({}, 1, 0);
+    }
+    EXPECT_EQ(State().gCurBook, 0);
+    frame_->MyTrak.RaiseReceMsg({}, 1, 0);
+    EXPECT_EQ(State().gCurBook, 1);
+    boxes.Expect(u"当前打开的正是该账本："_s);
+    frame_->MyTrak.RaiseReceMsg({}, 1, 0);
+}
+
+TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
+    State().gBusy = true;
+    boxes.Expect(u"有进程在运行，不可退出!"_s);
+    frame_->onClose();
+    boxes.Expect(u"有别的进程在运行，不可退出!"_s);
+    Menus::Choose(u"File"_s, u"exit"_s);
+    EXPECT_EQ(unloaded_, 0);
+    State().gBusy = false;
+    QStringList told;
+    Commands().tellAgent = [&told](int code) { told << QString::number(code); };
+    Commands().closeAll = [&told] { told << u"close"_s; };
+    Menus::Choose(u"File"_s, u"exit"_s);
+    EXPECT_EQ(unloaded_, 1);
+    EXPECT_EQ(told, (QStringList{u"close"_s, u"1"_s, u"3"_s}));
+    EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s), QStringList{CurrentBook().Path});
+}
+
+TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
+    QWidget window;
+    QWidget other;
+    clsTrackInfo tracker;
+    clsTrackInfo second;
+    tracker.hwnd = &window;
+    second.hwnd = &other;
+    QStringList log;
+    tracker.DragDropFiles = [&log](const QString& names, int count) { log << names + u'#' + QString::number(count); };
+    tracker.MouseHover = [&log] { log << u"hover"_s; };
+    tracker.MouseLeave = [&log] { log << u"leave"_s; };
+    tracker.MouseWheel = [&log](int direction) { log << QString::number(direction); };
+    TrackAdd(tracker);
+    TrackAdd(second);
+    EXPECT_EQ(TrackOf(&window), &tracker);
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(u"/a.jotdb"_s), QUrl::fromLocalFile(u"/b"_s), QUrl::fromLocalFile(u"/c d"_s)});
+    tracker.DropFiles(files);
+    tracker.RaiseMouseHover();
+    tracker.RaiseMouseHover();
+    tracker.RaiseMouseLeave();
+    tracker.RaiseMouseHover();
+    tracker.RaiseMouseLeave();
+    QWheelEvent up({}, {}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent down({}, {}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&window, &up);
+    QApplication::sendEvent(&window, &down);
+    QApplication::sendEvent(&other, &up);
+    EXPECT_EQ(log, (QStringList{u"/a.jotdb\n/b\n/c d#3"_s, u"hover"_s, u"hover"_s, u"leave"_s, u"-1"_s, u"1"_s}));
+    TrackRemove(tracker);
+    TrackRemove(tracker);
+    EXPECT_EQ(TrackCount(), 1);
+    TrackRemove(second);
+    EXPECT_EQ(TrackCount(), 0);
+}

@@ -1,0 +1,84 @@
+#include "tests/support/ui_fixture.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QInputMethodEvent>
+
+#include "app/windows.h"
+#include "shell/commands.h"
+#include "shell/file_dialog.h"
+#include "shell/menus.h"
+#include "shell/page.h"
+#include "store/dialogs.h"
+#include "store/outside.h"
+#include "store/settings.h"
+
+using namespace Qt::StringLiterals;
+
+UiFixture::UiFixture() {
+    FileDialogSlot() = [](const FileRequest&) {
+        ADD_FAILURE() << "the file dialog was asked for";
+        return QString();
+    };
+}
+
+UiFixture::~UiFixture() {
+    DropWindows();
+    for (auto* window : QApplication::topLevelWidgets())
+        window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Menus::Reset();
+    ClearPageFactories();
+    Host() = {};
+    Commands() = {};
+}
+
+void UiFixture::OpenSettingsStore() {
+    const QString path = Path(u"Set.ini"_s);
+    EXPECT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + u"/../data/Set.ini"_s, path));
+    OpenSettings(path);
+    State().sDBPath = Path({});
+}
+
+void UiFixture::RegisterAll() {
+    const auto world = Outside();
+    const auto script = MessageSlot();
+    RegisterWindows();
+    MessageSlot() = script;
+    const auto yield = Outside().yield;
+    Outside() = world;
+    Outside().yield = yield;
+    Commands().tellAgent = [](int) {};
+}
+
+bool UiFixture::Wait(const std::function<bool()>& done) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!done()) {
+        if (clock.elapsed() > 2000) return false;
+        QTest::qWait(5);
+    }
+    return true;
+}
+
+void OnNextModal(std::function<void(QWidget*)> body) {
+    QTimer::singleShot(0, [body = std::move(body)] {
+        QWidget* window = QApplication::activeModalWidget();
+        ASSERT_NE(window, nullptr);
+        QApplication::setActiveWindow(window);
+        body(window);
+        if (window->isVisible() && window == QApplication::activeModalWidget()) window->close();
+    });
+}
+
+void TypeInto(QWidget* control, const QString& text) {
+    for (const QChar c : text) {
+        if (c.unicode() < 128) {
+            QTest::keyClick(control, c.toLatin1());
+            continue;
+        }
+        QInputMethodEvent commit;
+        commit.setCommitString(c);
+        QApplication::sendEvent(control, &commit);
+    }
+}

@@ -1,0 +1,38 @@
+#pragma once
+// The fixture of window tests: windows closed, menus and registries emptied, modal windows driven from inside.
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+#include "tests/support/fixture.h"
+
+class UiFixture : public Fixture {
+ protected:
+    UiFixture();
+    ~UiFixture() override;
+
+    /// Set.ini, made fresh in the temporary folder and open as gSetDB.
+    void OpenSettingsStore();
+    /// Everything registered as the program does, with the script of boxes in place of the message window.
+    void RegisterAll();
+    /// Waits for paint, timers and posted events until done answers true; false after two seconds.
+    static bool Wait(const std::function<bool()>& done);
+};
+
+/// The control of this name and type below a window.
+template <typename T>
+T* Find(QWidget* window, const char* name) {
+    auto* found = window ? window->findChild<QWidget*>(QString::fromLatin1(name)) : nullptr;
+    EXPECT_NE(found, nullptr) << name;
+    return dynamic_cast<T*>(found);
+}
+
+/// Runs body on the modal window that opens next; closes it if body leaves it open.
+void OnNextModal(std::function<void(QWidget*)> body);
+
+/// Text as a user types it: ASCII by keys, the rest as an input method commits it.
+void TypeInto(QWidget* control, const QString& text);
