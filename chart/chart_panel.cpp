@@ -124,27 +124,19 @@ bool ChartPanel::Ask(const QString& title, const QString& prompt, const ChartRec
     return input.done != 0;
 }
 
+TypedRow ChartPanel::Typed() {
+    const InputDialog input;
+    return {input.text, input.money / 100.0, input.memo, input.otherChecked != 0};
+}
+
 void ChartPanel::New() {
     const bool kinds = IsKinds();
     const QString prompt = kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s
                                  : u"账户编号名称(编号+空格，如：0102 华东区上海)"_s;
     if (!Ask(kinds ? u"新增分类"_s : u"新增账户"_s, prompt, nullptr)) return;
-    const InputDialog input;
-    const QString text = input.text.trimmed().toLower();
-    if (text.isEmpty()) return;
-    const CodeName row = CheckNewRow(State().gDB, text, table_);
-    if (row.code.isEmpty()) return;
-    const double opening = input.money / 100.0;
-    const qint64 id = AddChartRow(State().gDB, table_, row, opening, input.memo, input.otherChecked != 0);
-    ChartRecord added;
-    added.code = row.code;
-    added.name = row.name;
-    added.newOpening = added.balance = opening;
-    added.added = opening > 0 ? opening : 0;
-    added.reduced = opening < 0 ? -opening : 0;
-    added.hide = input.otherChecked != 0;
-    added.note = input.memo;
-    Append(id, added);
+    const auto added = NewRow(State().gDB, table_, Typed());
+    if (!added) return;
+    Append(added->id, added->record);
     Tell();
 }
 
@@ -175,32 +167,10 @@ void ChartPanel::Edit() {
     const QString prompt =
         kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s : u"账户编号名称(编号+空格，如：01 华东区)"_s;
     if (!Ask(title, prompt, &*record)) return;
-    if (!Changed(*record, InputDialog().text.trimmed().toLower())) return;
-    ShowChanged(row, *record);
+    const auto changed = ChangeRow(State().gDB, table_, *record, Typed());
+    if (!changed) return;
+    ShowChanged(row, *changed);
     Tell();
-}
-
-// Checks and applies what was typed; record then holds the row's new figures.
-bool ChartPanel::Changed(ChartRecord& record, const QString& text) {
-    auto& book = State().gDB;
-    const CodeName typed = ParseCodeName(text);
-    if (typed.code.isEmpty()) return false;
-    const QString oldCode = record.code;
-    const QString oldName = record.name;
-    const bool codeChanged = typed.code != oldCode;
-    if (codeChanged && !CheckCodeChange(book, typed.code, oldCode, table_)) return false;
-    const bool nameChanged = typed.name != oldName;
-    if (nameChanged && !CheckNameChange(book, typed.code, typed.name, table_)) return false;
-    const InputDialog input;
-    record.code = typed.code;
-    record.name = typed.name;
-    record.hide = input.otherChecked != 0;
-    record.note = input.memo;
-    record.newOpening = input.money / 100.0;
-    const auto save = IsKinds() ? SaveKindChange : SaveAccountChange;
-    const auto saved = save(book, record, codeChanged, nameChanged, oldCode, oldName);
-    if (saved) record = *saved;
-    return saved.has_value();
 }
 
 void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
@@ -217,16 +187,14 @@ void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
 void ChartPanel::Del() {
     const int row = KestroList1_->CurrentRow();
     if (row < 0) {
-        ShowMsg(IsKinds() ? u"没有【选定】要删除的分类!"_s : u"没有【选定】要删除的账户!"_s);
+        ShowMsg(NoneChosen(table_));
         return;
     }
-    const QString code = KestroList1_->RowKey(row);
-    if (!MayDeleteRow(State().gDB, code, table_)) return;
-    DeleteChartRow(State().gDB, code, table_);
-    KestroList1_->RemoveRows({row});
-    KestroList1_->SetCurrentRow(-1);
-    ShowMsg(u"已成功删除分类!"_s, u"确定"_s, kMsgInfo);
-    Tell();
+    const auto removeLine = [this, row] {
+        KestroList1_->RemoveRows({row});
+        KestroList1_->SetCurrentRow(-1);
+    };
+    if (DeleteRowAsked(State().gDB, KestroList1_->RowKey(row), table_, removeLine)) Tell();
 }
 
 void ChartPanel::Tell() const {

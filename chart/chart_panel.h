@@ -36,7 +36,8 @@ class ChartPanel : public QWidget {
     bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
     void Append(qint64 id, const ChartRecord& record);
     void ShowChanged(int row, const ChartRecord& record);
-    bool Changed(ChartRecord& record, const QString& text);
+    /// What stands in the input box's record.
+    static TypedRow Typed();
     void Tell() const;
 
     QString table_;

@@ -1,5 +1,7 @@
 #include "chart/maintenance.h"
 
+#include <algorithm>
+
 #include "chart/opening_balance.h"
 #include "store/book_format.h"
 #include "store/dates.h"
@@ -204,4 +206,34 @@ void DeleteChartRow(cConnection& book, const QString& code, const QString& table
     if (!opening.Eof()) book.Execute(u"delete from tAccount where iiid="_s + opening.Text(u"id1"));
     book.Execute(u"delete from tSubAcc where Sort1="_s + Quote(code));
     book.Execute(u"delete from tSubAccItem where SubAccKey="_s + Quote(code));
+}
+
+std::optional<AddedRow> NewRow(cConnection& book, const QString& table, const TypedRow& typed) {
+    const QString text = typed.text.trimmed().toLower();
+    if (text.isEmpty()) return {};
+    const CodeName row = CheckNewRow(book, text, table);
+    if (row.code.isEmpty()) return {};
+    AddedRow added;
+    added.id = AddChartRow(book, table, row, typed.opening, typed.note, typed.hide);
+    added.record.code = row.code;
+    added.record.name = row.name;
+    added.record.newOpening = added.record.balance = typed.opening;
+    added.record.added = std::max(typed.opening, 0.0);
+    added.record.reduced = std::max(-typed.opening, 0.0);
+    added.record.hide = typed.hide;
+    added.record.note = typed.note;
+    return added;
+}
+
+bool DeleteRowAsked(cConnection& book, const QString& code, const QString& table,
+                    const std::function<void()>& afterwards) {
+    if (!MayDeleteRow(book, code, table)) return false;
+    DeleteChartRow(book, code, table);
+    if (afterwards) afterwards();
+    ShowMsg(u"已成功删除分类!"_s, u"确定"_s, kMsgInfo);
+    return true;
+}
+
+QString NoneChosen(const QString& table) {
+    return IsKinds(table) ? u"没有【选定】要删除的分类!"_s : u"没有【选定】要删除的账户!"_s;
 }

@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -52,7 +53,30 @@ std::optional<ChartRecord> SaveKindChange(cConnection& book, const ChartRecord& 
 std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecord& record, bool codeChanged,
                                              bool nameChanged, const QString& oldCode, const QString& oldName);
 
+/// What a user types for a row: code, blank and name in one text.
+struct TypedRow {
+    QString text;
+    double opening = 0;
+    QString note;
+    bool hide = false;
+};
+
+struct AddedRow {
+    qint64 id = 0;
+    ChartRecord record;
+};
+/// Checks and adds what was typed. nullopt after a refusal, or for an empty text.
+std::optional<AddedRow> NewRow(cConnection& book, const QString& table, const TypedRow& typed);
+/// Checks and applies what was typed for a stored row. The row's new figures, or nullopt after a refusal.
+std::optional<ChartRecord> ChangeRow(cConnection& book, const QString& table, const ChartRecord& stored,
+                                     const TypedRow& typed);
+
 /// The checks and the question of a deletion.
 bool MayDeleteRow(cConnection& book, const QString& code, const QString& table);
 /// Deletes a row that may go, with what hangs on it.
 void DeleteChartRow(cConnection& book, const QString& code, const QString& table);
+/// Both, then afterwards and the word that it is done. False after a refusal.
+bool DeleteRowAsked(cConnection& book, const QString& code, const QString& table,
+                    const std::function<void()>& afterwards);
+/// What is said when no row is chosen to be deleted.
+QString NoneChosen(const QString& table);

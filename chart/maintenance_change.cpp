@@ -140,3 +140,21 @@ std::optional<ChartRecord> SaveAccountChange(cConnection& book, const ChartRecor
     MoveAccountOpening(book, *changed, entry);
     return changed->record;
 }
+
+std::optional<ChartRecord> ChangeRow(cConnection& book, const QString& table, const ChartRecord& stored,
+                                     const TypedRow& typed) {
+    const CodeName row = ParseCodeName(typed.text.trimmed().toLower());
+    if (row.code.isEmpty()) return {};
+    const bool codeChanged = row.code != stored.code;
+    if (codeChanged && !CheckCodeChange(book, row.code, stored.code, table)) return {};
+    const bool nameChanged = row.name != stored.name;
+    if (nameChanged && !CheckNameChange(book, row.code, row.name, table)) return {};
+    ChartRecord wanted = stored;
+    wanted.code = row.code;
+    wanted.name = row.name;
+    wanted.hide = typed.hide;
+    wanted.note = typed.note;
+    wanted.newOpening = typed.opening;
+    const auto save = table.toLower() == u"tkind" ? SaveKindChange : SaveAccountChange;
+    return save(book, wanted, codeChanged, nameChanged, stored.code, stored.name);
+}

@@ -10,9 +10,7 @@ ListPageWords EntryPageWords() {
     words.delTip = u"删除选中的一条记账"_s;
     words.printTip = u"打印当前列表所有记账"_s;
     words.exportTip = u"1.导出当前列表记录.\n2.若记录超出１万条，请单击页数下拉框逐一导出!"_s;
-    words.noneToDelete = u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s;
-    words.askDelete =
-        u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s;
+    words.deleteWords = EntryDeleteWords();
     words.kindIcon = u"kind"_s;
     words.columns = {
         {u"null"_s, u"NO"_s, 60, 20, u"number"_s, ListColor::dim, false, {}},
@@ -32,8 +30,7 @@ ListPageWords EntryPageWords() {
 ListPageWords RecordPageWords() {
     ListPageWords words;
     words.searchPrompt = u"搜索事情标题"_s;
-    words.noneToDelete = u"【没有选定】需要删除的账户记录,你需要单击一条记录使其选定!"_s;
-    words.askDelete = u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s;
+    words.deleteWords = RecordDeleteWords();
     words.kindIcon = u"book"_s;
     words.hasFlag = false;
     words.columns = {

@@ -6,6 +6,8 @@
 
 #include "ledger/posting.h"
 #include "store/entry_rows.h"
+#include "store/errors.h"
+#include "store/messages.h"
 #include "store/picture_index.h"
 
 using namespace Qt::StringLiterals;
@@ -77,4 +79,46 @@ std::vector<qint64> StillThere(cConnection& book, const std::vector<qint64>& ids
     for (const qint64 id : ids)
         if (book.RowOf(u"tAccount"_s, id)) there.push_back(id);
     return there;
+}
+
+DeleteWords EntryDeleteWords() {
+    return {u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s,
+            u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s};
+}
+
+DeleteWords RecordDeleteWords() {
+    return {u"【没有选定】需要删除的账户记录,你需要单击一条记录使其选定!"_s,
+            u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s};
+}
+
+bool DeleteAsked(cConnection& book, qint64 id, const DeleteWords& words) {
+    if (IsBusy() || ShowMsg(words.ask, u"取消,确定"_s, kMsgAsk) != 1) return false;
+    if (DeleteEntry(book, id)) return true;
+    ShowMsg(u"删除不成功!"_s, u"确定"_s, kMsgFail);
+    return false;
+}
+
+int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const JobBar& bar,
+                       const std::function<void()>& afterwards) {
+    if (ids.empty()) {
+        ShowMsg(u"【没有选定】任何记录!"_s);
+        return -1;
+    }
+    if (IsBusy()) return -1;
+    if (ShowMsg(u"您确定要【删除】选定的记录? 若删除的记录较多，则需要一些时间!"_s, u"取消,确定"_s, kMsgAsk) != 1)
+        return -1;
+    int count = 0;
+    PendingError failed;
+    bool good = true;
+    {
+        Job job(bar);
+        good = Succeeds([&] { DeleteEntries(book, ids, job, count); }, &failed);
+    }
+    if (afterwards) afterwards();
+    if (!good) {
+        LastError() = failed;
+        ReportError({});
+    }
+    ShowMsg(u"成功删除"_s + QString::number(count) + u"条记账!"_s, u"确定"_s, kMsgDone);
+    return count;
 }

@@ -1,6 +1,9 @@
 #pragma once
 // Removing entries: the effect is taken back and every row tied to the entry goes.
 
+#include <QString>
+
+#include <functional>
 #include <vector>
 
 #include "store/connection.h"
@@ -16,3 +19,19 @@ void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, 
 
 /// Those of the ids whose tAccount row still stands.
 std::vector<qint64> StillThere(cConnection& book, const std::vector<qint64>& ids);
+
+/// What a list says before it deletes its current line.
+struct DeleteWords {
+    QString none;  ///< no line is chosen
+    QString ask;
+};
+DeleteWords EntryDeleteWords();
+DeleteWords RecordDeleteWords();
+
+/// One entry as a user deletes it: refused while a job runs, asked, told when it does not succeed.
+bool DeleteAsked(cConnection& book, qint64 id, const DeleteWords& words);
+
+/// The checked entries as a user deletes them: asked, as a job with its bar, and the count told. afterwards runs
+/// before the count is told, also after a failure, which has its own box. The count; -1 when nothing began.
+int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const JobBar& bar,
+                       const std::function<void()>& afterwards);

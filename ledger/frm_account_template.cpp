@@ -7,7 +7,6 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/png_button.h"
 #include "store/errors.h"
-#include "store/messages.h"
 
 using namespace Qt::StringLiterals;
 
@@ -85,16 +84,11 @@ void frmAccountTemplate::Take() {
 }
 
 void frmAccountTemplate::DeleteChecked() {
-    if (ShowMsg(u"您确定要【删除】选定的一条或多条记录?"_s, u"取消,确定"_s, kMsgAsk) != 1) return;
     const auto rows = KestroList1->CheckedRows();
-    if (rows.empty()) {
-        ShowMsg(u"【没有选定】任何记录!"_s);
-        return;
-    }
     std::vector<qint64> ids;
     for (const int row : rows)
         ids.push_back(KestroList1->RowKey(row).toLongLong());
-    DeleteTemplates(State().gDB, ids);
+    if (!DeleteTemplatesAsked(State().gDB, ids)) return;
     KestroList1->RemoveRows(rows);
     Renumber();
 }

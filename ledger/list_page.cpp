@@ -42,8 +42,7 @@ void ShowPeriod(KestroButton* button, const QString& label, const QString& unset
 
 ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     setAutoFillBackground(false);
-    noneToDelete_ = words.noneToDelete;
-    askDelete_ = words.askDelete;
+    deleteWords_ = words.deleteWords;
     KestroScrollMenu1 = new KestroScrollMenu(this);
     BuildToolbar(words);
     BuildFilters(words);

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "ledger/entry_delete.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/page.h"
 #include "store/job.h"
@@ -34,7 +35,7 @@ struct ListPageWords {
     QString kindIcon;
     std::vector<ListColumn> columns;
     bool hasFlag = true;
-    QString noneToDelete, askDelete;
+    DeleteWords deleteWords;
 };
 
 class ListPage : public Page {
@@ -116,8 +117,7 @@ class ListPage : public Page {
     JobBar Bar();
     void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
 
-    QString noneToDelete_;
-    QString askDelete_;
+    DeleteWords deleteWords_;
     class DetailPanel;
     DetailPanel* panel_;
     QWidget* other_ = nullptr;

@@ -15,22 +15,33 @@ std::vector<EntryTemplate> ReadTemplates(cConnection& book) {
     return templates;
 }
 
-void AddTemplate(cConnection& book, qint64 entryRow) {
+bool AddTemplate(cConnection& book, qint64 entryRow) {
     const auto entry = FindRow(book, u"tAccount"_s, entryRow);
     if (!entry) {
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
-        return;
+        return false;
     }
     const QString title = entry->Text(u"Title1");
     auto same = book.OpenRecordset(u"select * from tAccountTemplate where Title1="_s + Quote(title));
     if (!same.Eof()) {
         ShowMsg(u"已经有相同的事情标题!"_s);
-        return;
+        return false;
     }
     same.AddRow();
     same.Set(u"Title1", title);
     same.Update();
     ShowMsg(u"增加标题成功!"_s, u"确定"_s, kMsgDone);
+    return true;
+}
+
+bool DeleteTemplatesAsked(cConnection& book, const std::vector<qint64>& ids) {
+    if (ShowMsg(u"您确定要【删除】选定的一条或多条记录?"_s, u"取消,确定"_s, kMsgAsk) != 1) return false;
+    if (ids.empty()) {
+        ShowMsg(u"【没有选定】任何记录!"_s);
+        return false;
+    }
+    DeleteTemplates(book, ids);
+    return true;
 }
 
 void DeleteTemplates(cConnection& book, const std::vector<qint64>& ids) {

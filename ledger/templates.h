@@ -16,6 +16,8 @@ struct EntryTemplate {
 std::vector<EntryTemplate> ReadTemplates(cConnection& book);
 
 /// Remembers the title of an entry's row and says so, or says why not.
-void AddTemplate(cConnection& book, qint64 entryRow);
+bool AddTemplate(cConnection& book, qint64 entryRow);
 
+/// Asks, then forgets the templates of these ids; false when nothing was done.
+bool DeleteTemplatesAsked(cConnection& book, const std::vector<qint64>& ids);
 void DeleteTemplates(cConnection& book, const std::vector<qint64>& ids);

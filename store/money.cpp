@@ -2,12 +2,14 @@
 
 #include "store/state.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <limits>
 #include <string>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -102,6 +104,15 @@ bool HasExponent(const QString& text) {
     return text.contains(u'E') || text.contains(u'e');
 }
 
+// The number at the beginning of text, whatever decimal sign the desktop uses; infinite when it has no place
+// in a double, 0 when it is none.
+double Spelled(const std::string& text) {
+    const char* from = text.c_str() + (text.starts_with('+') ? 1 : 0);
+    double value = 0;
+    const auto end = std::from_chars(from, text.c_str() + text.size(), value);
+    return end.ec == std::errc::result_out_of_range ? std::numeric_limits<double>::infinity() : value;
+}
+
 // Number of significant digits of a text that is wholly a number, nullopt for any other text.
 std::optional<int> SignificantDigits(QStringView text) {
     qsizetype at = 0;
@@ -134,10 +145,7 @@ std::optional<int> SignificantDigits(QStringView text) {
 }  // namespace
 
 QString PlainNumber(double x) {
-    if (x == 0) return u"0"_s;
-    char text[40];
-    std::snprintf(text, sizeof text, "%.*G", kDigits, x);
-    return QString::fromLatin1(text);
+    return x == 0 ? u"0"_s : QString::number(x, 'G', kDigits);
 }
 
 QString MoneyText(double x) {
@@ -175,7 +183,7 @@ double Val(QStringView text) {
             break;
         }
     }
-    const double value = std::strtod(number.c_str(), nullptr);
+    const double value = Spelled(number);
     return std::isfinite(value) ? value : 0;
 }
 
@@ -183,7 +191,7 @@ std::optional<double> NumericValue(QStringView text) {
     const auto trimmed = text.trimmed();
     const auto significant = SignificantDigits(trimmed);
     if (!significant || *significant > kDigits) return {};
-    const double value = std::strtod(trimmed.toLatin1().constData(), nullptr);
+    const double value = Spelled(trimmed.toLatin1().toStdString());
     if (!std::isfinite(value)) return {};
     return value;
 }

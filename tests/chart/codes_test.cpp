@@ -147,8 +147,7 @@ TEST_F(CodesTest, ChildrenAreOneLevelBelow) {
     for (const auto& row : ShownCodes(Book(), u"tSubAcc"_s))
         shown << row.code;
     EXPECT_EQ(shown, (QStringList{u"01"_s, u"02"_s, u"03"_s, u"0301"_s}));
-    EXPECT_EQ(ShownCodes(Book(), u"tKind"_s).size(),
-              17U);
+    EXPECT_EQ(ShownCodes(Book(), u"tKind"_s).size(), 17U);
     EXPECT_EQ(ChartCount(Book(), u"tKind"_s), 18);
     EXPECT_EQ(StoredMoney(Book(), u"tKind"_s, 12)->balance, 2900);
     EXPECT_FALSE(StoredMoney(Book(), u"tKind"_s, 14).has_value());

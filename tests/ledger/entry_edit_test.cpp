@@ -4,6 +4,7 @@
 
 #include "ledger/entry_delete.h"
 #include "ledger/posting.h"
+#include "store/errors.h"
 #include "store/picture_index.h"
 #include "tests/support/entries.h"
 #include "tests/support/fixture.h"
@@ -16,6 +17,7 @@ class EntryEditTest : public Fixture {
  protected:
     EntryEditTest() {
         OpenSample();
+        Book().Execute(u"pragma synchronous=off"_s);
         boxes.AnswerAll(1);
     }
     cConnection& Book() { return State().gDB; }
@@ -125,25 +127,30 @@ TEST_F(EntryEditTest, ADeletedEntryLeavesNoTrace) {
     }
 }
 
-TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopKeepsTheRest) {
+TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopOrAFailureKeepsTheRest) {
     std::vector<qint64> ids;
-    for (int i = 0; i < 130; ++i)
+    for (int i = 0; i < 180; ++i)
         ids.push_back(Post(0).main);
     ids.push_back(Post(1).main);  // brings its second row along
+    const auto remove = [&] {
+        Job job;
+        int count = -1;
+        Succeeds([&] { DeleteEntries(Book(), ids, job, count); });
+        return count;
+    };
     Job::StopAfter(50);
-    {
-        Job job;
-        const auto stopped = DeleteEntries(Book(), ids, job);
-        EXPECT_EQ(stopped.count, 50);
-        EXPECT_EQ(stopped.stopped.size(), 81U);
-    }
+    EXPECT_EQ(remove(), 50);
+    EXPECT_EQ(StillThere(Book(), ids).size(), 131U);
     Job::StopAfter(-1);
-    {
-        Job job;
-        const auto rest = DeleteEntries(Book(), ids, job);
-        EXPECT_EQ(rest.count, 82);  // a two-kind entry counts as two
-        EXPECT_TRUE(rest.stopped.empty());
-    }
+    int slices = 0;
+    cConnection::Seams().beforeStatement = [&](const QString& sql) {
+        if (sql == u"commit"_s && ++slices == 2) FailStatement(u"刺探"_s, sql);
+    };
+    EXPECT_EQ(remove(), 50);
+    cConnection::Seams().beforeStatement = {};
+    EXPECT_EQ(StillThere(Book(), ids).size(), 81U);
+    EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
+    EXPECT_EQ(remove(), 82);  // a two-kind entry counts as two
     EXPECT_EQ(EntryRows(8), QStringList());
     EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
 }

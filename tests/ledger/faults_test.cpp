@@ -35,7 +35,8 @@ class FaultsTest : public Fixture {
         State().gDB.Close();
         cConnection::Seams() = {};
         path_ = OpenSample();
-        State().gDB.Execute(u"insert into tPic values (2,x'ff','b.jpg','tAccount',-1,-1)"_s);
+        State().gDB.Execute(
+            u"pragma synchronous=off; insert into tPic values (2,x'ff','b.jpg','tAccount',-1,-1)"_s);
         State().gDB.Close();
         before_ = DumpBook(path_);
         Disk() = {};

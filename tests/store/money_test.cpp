@@ -4,6 +4,9 @@
 
 #include "tests/support/fixture.h"
 
+#include <QProcess>
+
+#include <clocale>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -173,4 +176,19 @@ TEST_F(MoneyTest, HundredthsFitThirtyTwoBitsOrNothing) {
     for (const double tooMuch : {21474836.48, -21474836.49, 1e300, std::numeric_limits<double>::infinity()})
         EXPECT_FALSE(Hundredths(tooMuch).has_value()) << tooMuch;
     EXPECT_EQ(TwoDigits(7) + TwoDigits(-1) + TwoDigits(123), u"07-01123"_s);
+}
+
+// A desktop may write numbers with a comma; books, statements and amount boxes never do.
+TEST_F(MoneyTest, TheDesktopsDecimalCommaChangesNothing) {
+    const QString made = Path(u"de_DE.UTF-8"_s);
+    if (QProcess::execute(u"localedef"_s, {u"-i"_s, u"de_DE"_s, u"-f"_s, u"UTF-8"_s, made}) != 0)
+        GTEST_SKIP() << "no locale with a comma can be made here";
+    qputenv("LOCPATH", Path({}).toUtf8());
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr);
+    EXPECT_EQ(Val(u"12.75"), 12.75);
+    EXPECT_EQ(NumericValue(u"-.5e1").value_or(0), -5);
+    EXPECT_EQ(PlainNumber(1234.5) + MoneyText(12.75) + FixedText(0.125), u"1234.512.750.13"_s);
+    EXPECT_EQ(GroupNumber(1234.5, u","_s, {}), u"1,234.5"_s);
+    std::setlocale(LC_NUMERIC, "C");
+    qunsetenv("LOCPATH");
 }

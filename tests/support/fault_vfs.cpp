@@ -60,8 +60,9 @@ int Write(sqlite3_file* f, const void* from, int n, sqlite3_int64 at) {
     return Real(f)->pMethods->xWrite(Real(f), from, n, at);
 }
 
-int Sync(sqlite3_file* f, int flags) {
-    return Disk().Hits(DiskFaults::kSync) ? SQLITE_IOERR_FSYNC : Real(f)->pMethods->xSync(Real(f), flags);
+// Counted only: no test pulls the plug of the machine, and true syncs take most of the time.
+int Sync(sqlite3_file*, int) {
+    return Disk().Hits(DiskFaults::kSync) ? SQLITE_IOERR_FSYNC : SQLITE_OK;
 }
 
 const sqlite3_io_methods* Methods() {
@@ -99,7 +100,7 @@ int Delete(sqlite3_vfs*, const char* name, int syncFolder) {
     if (Disk().beforeChange) Disk().beforeChange();
     if (Disk().Hits(DiskFaults::kDelete)) return SQLITE_IOERR_DELETE;
     if (syncFolder) ++Disk().count[DiskFaults::kSync];
-    return RealDisk()->xDelete(RealDisk(), name, syncFolder);
+    return RealDisk()->xDelete(RealDisk(), name, 0);
 }
 
 }  // namespace

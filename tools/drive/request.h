@@ -26,5 +26,18 @@ QJsonObject Answer(const QJsonObject& request);
 QJsonObject Refusal(const QString& message, const QString& focus);
 QJsonObject Failure(const QString& error);
 
+// The requests on entries, charts and templates.
+QJsonObject AnswerSave(const QJsonObject& request);
+QJsonObject AnswerLoad(const QJsonObject& request);
+QJsonObject AnswerEdit(const QJsonObject& request);
+QJsonObject AnswerDelete(const QJsonObject& request);
+QJsonObject AnswerDeleteChecked(const QJsonObject& request);
+QJsonObject AnswerList(const QJsonObject& request);
+QJsonObject AnswerRecords(const QJsonObject& request);
+QJsonObject AnswerChart(const QJsonObject& request);
+QJsonObject AnswerTemplates(const QJsonObject& request);
+QJsonObject AnswerTemplateAdd(const QJsonObject& request);
+QJsonObject AnswerTemplateDelete(const QJsonObject& request);
+
 /// Value of the request "texts": a named helper on its arguments. Adds "value", or "error" for an unknown one.
 QJsonObject AnswerTexts(const QJsonObject& request);

@@ -1,0 +1,114 @@
+// The driver's requests on the two charts and on templates.
+
+#include <algorithm>
+
+#include "chart/maintenance.h"
+#include "ledger/templates.h"
+#include "store/messages.h"
+#include "store/money.h"
+#include "store/state.h"
+#include "tools/drive/request.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QJsonArray ChartLines(const QString& table) {
+    QJsonArray lines;
+    for (const auto& line : ReadChart(State().gDB, table))
+        lines.append(QJsonObject{{u"key"_s, line.code},
+                                 {u"id"_s, line.id},
+                                 {u"cells"_s, QJsonArray::fromStringList(line.cells)}});
+    return lines;
+}
+
+std::optional<ChartRecord> RecordOfCode(const QString& table, const QString& code) {
+    const auto lines = ReadChart(State().gDB, table);
+    const auto found = std::find_if(lines.begin(), lines.end(), [&](const ChartLine& l) { return l.code == code; });
+    if (code.isEmpty() || found == lines.end()) return {};
+    return ReadChartRecord(State().gDB, found->id, table);
+}
+
+// What the input box would hold; false after its refusal of the amount.
+bool TypedOf(const QJsonObject& r, TypedRow& typed) {
+    if (r.contains(u"text"_s)) typed.text = r[u"text"].toString();
+    if (r.contains(u"note"_s)) typed.note = r[u"note"].toString();
+    if (r.contains(u"hide"_s)) typed.hide = r[u"hide"].toBool();
+    if (!r.contains(u"money"_s)) return true;
+    const auto hundredths = Hundredths(Val(CleanAmount(r[u"money"].toString())));
+    if (!hundredths) {
+        ShowMsg(u"金额不正确!"_s);
+        return false;
+    }
+    typed.opening = *hundredths / 100.0;
+    return true;
+}
+
+QJsonObject NewChartRow(const QString& table, const QJsonObject& r) {
+    TypedRow typed;
+    if (!r[u"text"].isString()) return Failure(u"missing field: text"_s);
+    if (!TypedOf(r, typed)) return Refusal({}, u"txtMoney"_s);
+    const auto added = NewRow(State().gDB, table, typed);
+    if (!added) return Refusal({}, {});
+    return {{u"ok"_s, true}, {u"id"_s, added->id}};
+}
+
+QJsonObject EditChartRow(const QString& table, const QJsonObject& r) {
+    const auto stored = RecordOfCode(table, r[u"code"].toString());
+    if (!stored) {
+        ShowMsg(u"请【选定一条】需修改的记录!"_s);
+        return Refusal({}, {});
+    }
+    TypedRow typed{stored->code + u' ' + stored->name, stored->oldOpening, stored->note, stored->hide};
+    if (!TypedOf(r, typed)) return Refusal({}, u"txtMoney"_s);
+    if (!ChangeRow(State().gDB, table, *stored, typed)) return Refusal({}, {});
+    return {{u"ok"_s, true}};
+}
+
+QJsonObject DropChartRow(const QString& table, const QJsonObject& r) {
+    const auto stored = RecordOfCode(table, r[u"code"].toString());
+    if (!stored) {
+        ShowMsg(NoneChosen(table));
+        return Refusal({}, {});
+    }
+    if (!DeleteRowAsked(State().gDB, stored->code, table, {})) return Refusal({}, {});
+    return {{u"ok"_s, true}};
+}
+
+}  // namespace
+
+QJsonObject AnswerChart(const QJsonObject& r) {
+    const QString name = r[u"table"].toString().toLower();
+    const QString table = name == u"tkind" ? u"tKind"_s : name == u"tsubacc" ? u"tSubAcc"_s : QString();
+    if (table.isEmpty()) return Failure(u"missing field: table"_s);
+    const QString action = r[u"action"].toString();
+    if (action == u"list") return {{u"ok"_s, true}, {u"lines"_s, ChartLines(table)}};
+    if (action == u"new") return NewChartRow(table, r);
+    if (action == u"edit") return EditChartRow(table, r);
+    if (action == u"delete") return DropChartRow(table, r);
+    return Failure(u"unknown action"_s);
+}
+
+QJsonObject AnswerTemplates(const QJsonObject&) {
+    QJsonArray lines;
+    int number = 0;
+    for (const auto& item : ReadTemplates(State().gDB))
+        lines.append(QJsonObject{{u"key"_s, QString::number(item.id)},
+                                 {u"cells"_s, QJsonArray{QString::number(++number), item.title}}});
+    return {{u"ok"_s, true}, {u"lines"_s, lines}};
+}
+
+QJsonObject AnswerTemplateAdd(const QJsonObject& r) {
+    if (!r[u"id"].isDouble()) return Failure(u"missing field: id"_s);
+    if (!AddTemplate(State().gDB, r[u"id"].toInteger())) return Refusal({}, {});
+    return AnswerTemplates(r);
+}
+
+QJsonObject AnswerTemplateDelete(const QJsonObject& r) {
+    if (!r[u"ids"].isArray()) return Failure(u"missing field: ids"_s);
+    std::vector<qint64> ids;
+    for (const auto& id : r[u"ids"].toArray())
+        ids.push_back(id.toInteger(-1));
+    if (!DeleteTemplatesAsked(State().gDB, ids)) return Refusal({}, {});
+    return AnswerTemplates(r);
+}
