@@ -16,5 +16,5 @@ inline const QString kSaveAction = QStringLiteral("save one entry, durable");
 void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs);
 /// Saves into the book at path, which grows by them.
 void MeasureSaves(SpeedTable& table, const QString& path, int entries, int runs);
-/// Clicks on the entry page of the book at path, in whole milliseconds to the painted answer.
+/// Clicks on the entry page of the book at path, in milliseconds to the painted answer.
 void MeasureClicks(SpeedTable& table, const QString& path, int entries, int runs);

@@ -58,6 +58,8 @@ StartFigures Children::RunOnce(const QString& program, const QStringList& argume
     const bool ended = child.waitForFinished(kPatienceMs);
     const auto words = child.readAllStandardOutput().simplified().split(' ');
     if (!ended || child.exitCode() != 0 || words.size() != 2) {
+        child.kill();
+        child.waitForFinished();
         std::fprintf(stderr, "bench: %s did not come to rest\n", qUtf8Printable(program));
         std::exit(1);
     }

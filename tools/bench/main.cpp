@@ -95,6 +95,7 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*.warning=false");
     QApplication app(argc, argv);
     const auto wishes = ReadArguments(QApplication::arguments());
     if (!wishes.understood) {
