@@ -125,7 +125,7 @@ std::optional<ChartRecord> ReadChartRecord(cConnection& book, qint64 id, const Q
 
 CodeName CheckNewRow(cConnection& book, const QString& text, const QString& table) {
     const bool kinds = IsKinds(table);
-    const CodeName row = ParseCodeName(text);
+    CodeName row = ParseCodeName(text);
     if (row.code.isEmpty()) return {};
     if (kinds && Refused(row.code.startsWith(u"00"_s), u"系统保留分类【00】不可新增下一级!"_s)) return {};
     if (Refused(HasRow(book, u"select Sort1 from "_s + table + u" where Sort1="_s + Quote(row.code)),

@@ -1,17 +1,17 @@
 #include "ledger/entry_query.h"
 
-#include <QVarLengthArray>
-
-#include <algorithm>
-#include <initializer_list>
-#include <iterator>
-
 #include "chart/codes.h"
 #include "store/entry_rows.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/picture_index.h"
 #include "store/state.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -105,7 +105,8 @@ QString EntryQuery::Sql() const {
 EntryQuery BuildEntryQuery(const EntryFilter& f) {
     EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder, f.kind == u"all"};
     if (f.marked) query.where += u" and Mark1=1"_s;
-    if (!f.text.trimmed().isEmpty()) query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    if (!f.text.trimmed().isEmpty())
+        query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
     query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
     query.where += DateCondition(f);
     return query;
@@ -193,7 +194,8 @@ std::vector<PageItem> PageItems(int count) {
 
 EntryDetail ReadDetail(cConnection& book, qint64 id) {
     EntryDetail detail;
-    for (const auto& label : {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
+    for (const auto& label :
+         {u"分类一"_s, u"分类二"_s, u"账户一"_s, u"账户一"_s, u"照    片"_s, u"标    记"_s})
         detail.rows.push_back({label, {}, {}});
     const auto row = FindRow(book, u"tAccount"_s, id);
     if (!row) return detail;

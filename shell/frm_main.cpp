@@ -44,8 +44,12 @@ frmMain::frmMain() {
         if (auto* page = GetWinhWnd(0)) page->MyTrack_DragDropFiles(count, names);
     };
     TrackAdd(MyTrak);
-    SaveSetting(QString::number(State().gRunHandle), kSaveHandle);
-    SaveSetting({}, kSaveLogTime);
+    {
+        Transaction start(State().gSetDB);  // one flush for both
+        SaveSetting(QString::number(State().gRunHandle), kSaveHandle);
+        SaveSetting({}, kSaveLogTime);
+        start.Commit();
+    }
     Timer1.setInterval(kTickMs);
     Timer1.callOnTimeout([this] { RunEvent([this] { Timer1_Timer(); }); });
     Timer1.start();

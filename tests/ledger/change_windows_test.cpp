@@ -108,7 +108,8 @@ TEST_F(ChangeWindows, DeletesTheCurrentLineAndTheCheckedOnes) {
     boxes.Expect(u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s);
     QTest::mouseClick(Find<QWidget>(page.get(), "btnDel"), Qt::LeftButton, {}, {10, 10});
     list_->SetCurrentRow(1);
-    boxes.Expect(u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s, 0);
+    boxes.Expect(u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s,
+                 0);
     QTest::keyClick(list_, Qt::Key_Delete);
     EXPECT_EQ(list_->RowCount(), 3);
     boxes.Expect(u"确定要【删除】选定的一条记录?"_s);
@@ -129,8 +130,8 @@ TEST_F(ChangeWindows, DeletesTheCurrentLineAndTheCheckedOnes) {
 
 TEST_F(ChangeWindows, AccountRecordsLeadToTheirEntry) {
     auto page = Open<frmSubAcc>(2);
-    EXPECT_EQ(Line(1), (QStringList{u"2"_s, u"2016-09-03 14:10"_s, u"01东华公司"_s, u"5000"_s, QString(), u"5000"_s,
-                                    u"软件定制收入"_s}));
+    EXPECT_EQ(Line(1), (QStringList{u"2"_s, u"2016-09-03 14:10"_s, u"01东华公司"_s, u"5000"_s, QString(),
+                                    u"5000"_s, u"软件定制收入"_s}));
     EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:13,500"_s);
     list_->SetCurrentRow(1);
     OnEntryWindow([](QWidget* window) { Find<KestroText>(window, "txtAccValue")->setText(u"300"_s); });
@@ -143,7 +144,8 @@ TEST_F(ChangeWindows, AccountRecordsLeadToTheirEntry) {
     list_->SetCurrentRow(0);
     boxes.Expect(u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s);
     QTest::keyClick(list_, Qt::Key_Delete);
-    EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s), (QStringList{u"3"_s, u"4"_s, u"5"_s, u"6"_s}));
+    EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s),
+              (QStringList{u"3"_s, u"4"_s, u"5"_s, u"6"_s}));
 }
 
 TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
@@ -157,10 +159,11 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     OnInputBox(u"04 ABC"_s, 12550, true);
     QTest::mouseClick(Find<QWidget>(page.get(), "btnNew"), Qt::LeftButton);
     EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.50"_s, u"125.50"_s, u"0"_s,
-                                             u"125.50"_s, QString()}));
+                                              u"125.50"_s, QString()}));
     EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 5);  // hidden accounts are not offered
-    EXPECT_EQ(Rows(State().gDB, u"select a.Type1,r.SubAccKey,r.Value1 from tSubAcc s join tSubAccItem r on r.Id1=s.IID"
-                                u" join tAccount a on a.IIID=r.Id1 and r.AccId=a.Id1 where s.Sort1='04'"_s),
+    EXPECT_EQ(Rows(State().gDB,
+                   u"select a.Type1,r.SubAccKey,r.Value1 from tSubAcc s join tSubAccItem r on r.Id1=s.IID"
+                   u" join tAccount a on a.IIID=r.Id1 and r.AccId=a.Id1 where s.Sort1='04'"_s),
               QStringList{u"00|04|125.5"_s});
 }
 
@@ -182,8 +185,10 @@ TEST_F(ChangeWindows, ChartChangesShowInPlaceAndASettledFailureKeepsWhatWasAppli
     OnInputBox(u"0301 软件"_s, 2000);
     boxes.Expect(u"意外错误，错误信息："_s);
     RunEvent([&panel] { panel.Edit(); });
-    EXPECT_EQ(Rows(State().gDB, u"select nAdd,Money from tSubAcc where Sort1='0301'"_s), QStringList{u"20|20"_s});
-    EXPECT_EQ(Rows(State().gDB, u"select Value1 from tSubAccItem where SubAccKey='0301'"_s), QStringList{u"10"_s});
+    EXPECT_EQ(Rows(State().gDB, u"select nAdd,Money from tSubAcc where Sort1='0301'"_s),
+              QStringList{u"20|20"_s});
+    EXPECT_EQ(Rows(State().gDB, u"select Value1 from tSubAccItem where SubAccKey='0301'"_s),
+              QStringList{u"10"_s});
 }
 
 TEST_F(ChangeWindows, TemplatesAreKeptChosenAndForgotten) {
