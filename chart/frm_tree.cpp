@@ -37,6 +37,7 @@ frmTree::frmTree(QWidget* parent)
 
     KestroTree1_->setObjectName(u"KestroTree1"_s);
     btnEnter_->setObjectName(u"btnEnter"_s);
+    btnCancel_->setObjectName(u"btnCancel"_s);
     btnExpand_->setObjectName(u"btnExpand"_s);
     btnEnter_->onClick = [this] { EnterClicked(); };
     btnCancel_->onClick = [this] { reject(); };

@@ -28,7 +28,7 @@ QString Sign(bool add) {
 EntryComplaint CheckHead(EntryValues& e) {
     if (e.title.trimmed().isEmpty()) return {u"事情不能为空!"_s, EntryField::thing};
     const auto money = NumericValue(e.money);
-    if (!money) return {u"金额不正确!"_s, EntryField::money};
+    if (!money || !IsMoney(*money)) return {u"金额不正确!"_s, EntryField::money};
     e.money = FixedText(*money);
     if (!ParseDate(e.date)) return {u"入账日期不正确!"_s, EntryField::date};
     if (!IsBelow(e.hour, 24)) return {u"小时不正确!"_s, EntryField::hour};

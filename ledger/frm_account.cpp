@@ -17,6 +17,8 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 frmAccount::frmAccount(QWidget* parent) : ListPage(parent, EntryPageWords()) {
@@ -44,7 +46,6 @@ void frmAccount::Connect() {
     txtSearch->setToolTip(u"1.关键词限于【事情标题】\n2.这是模糊搜索\n3.单击重新载入、刷新"_s);
     txtSearch->onContextMenu = [](QPoint at) { Menus::Popup(u"text"_s, at); };
     comKind->onChoose = [this](const QString&, const QString& key) {
-        sKind = key;
         ShowChosenKind(key);
         SelectKindInStrip();
         ReloadData();
@@ -54,7 +55,7 @@ void frmAccount::Connect() {
     chkFlag->setToolTip(
         u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
     chkFlag->onChange = [this](bool) { ReloadData(); };
-    KestroList1->onRightClick = [this](int row, const QPoint& at) { ShowMenu(row, at); };
+    KestroList1->onRightClick = [this](int, const QPoint& at) { ShowMenu(at); };
     KestroList1->onDoubleClick = [this](int, int) { EditEntry(); };
     KestroList1->onKey = [this](QKeyEvent* event) { return ListKey(event); };
     lblValue->setToolTip(u"【单击】查看增加、减少额、差额！会自动复制到 Windows 粘贴板。"_s);
@@ -64,8 +65,10 @@ void frmAccount::Connect() {
     notices_.push_back(Notices().entrySaved.Subscribe([this](qint64 id) { AppendEntry(id); }));
     notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
         if (table.toLower() != u"tkind") return;
+        const QString followed = sKind;
         LoadComkindData();
         ReloadScroll();
+        if (sKind != followed) ReloadData();
     }));
 }
 
@@ -85,6 +88,7 @@ void frmAccount::ListLoaded() {
 }
 
 void frmAccount::ReloadData() {
+    if (IsBusy()) return;
     EntryFilter filter;
     filter.kind = sKind;
     filter.text = txtSearch->text();
@@ -126,11 +130,19 @@ void frmAccount::NewEntry() {
     AppendEntry(EntryDialog().id);
 }
 
+// Lines may have been deleted above, so the next number is not the count of lines.
+int frmAccount::NextNumber() const {
+    int last = sPage.toInt() * kLinesPerPage;
+    for (int row = 0; row < KestroList1->RowCount(); ++row)
+        last = std::max(last, KestroList1->Cell(row, kColNo).toInt());
+    return last + 1;
+}
+
 void frmAccount::AppendEntry(qint64 id) {
     ShowSums();
     if (id == -1) return;
     const int rows = KestroList1->RowCount();
-    auto line = ReadOneLine(State().gDB, id, sPage.toInt() * kLinesPerPage + rows + 1);
+    auto line = ReadOneLine(State().gDB, id, NextNumber());
     if (!line) {
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
         return;
@@ -160,7 +172,10 @@ void frmAccount::EditEntry() {
     ShowSums();
     if (entry.id == -1) return;
     auto line = ReadOneLine(State().gDB, entry.id, CurrentNumber());
-    if (!line) return;
+    if (!line) {
+        ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
+        return;
+    }
     if (query_.all) line->cells[kColRmb] = line->signedAmount;
     for (int column = 0; column < KestroList1->ColumnCount(); ++column)
         KestroList1->SetCell(row, column, line->cells[static_cast<size_t>(column)]);
@@ -168,8 +183,8 @@ void frmAccount::EditEntry() {
     ShowDetail();
 }
 
-void frmAccount::ShowMenu(int row, QPoint at) {
-    const bool chosen = row >= 0;
+void frmAccount::ShowMenu(QPoint at) {
+    const bool chosen = KestroList1->CurrentRow() >= 0;
     Menus::SetEnabled(u"edit"_s, u"new"_s, true);
     for (const QString& key : {u"edit"_s, u"del"_s, u"template"_s})
         Menus::SetEnabled(u"edit"_s, key, chosen);

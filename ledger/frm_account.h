@@ -43,7 +43,8 @@ class frmAccount : public ListPage {
     void NewEntry();
     void AppendEntry(qint64 id);
     void EditEntry();
-    void ShowMenu(int row, QPoint at);
+    void ShowMenu(QPoint at);
+    int NextNumber() const;
     void AddToTemplates();
     void CopySums();
     void ShowKindMoney();

@@ -13,10 +13,13 @@
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
 #include "store/dates.h"
+#include "store/errors.h"
 #include "store/money.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -196,7 +199,7 @@ bool frmAccountNew::SaveChange(EntryValues& entry, EntryField& focus) {
 }
 
 void frmAccountNew::CancelClicked() {
-    if (bNew) DropUnclaimedPictures(State().gDB);
+    if (bNew) RunEvent([] { DropUnclaimedPictures(State().gDB); });
     record_.done = 0;
     reject();
 }
@@ -293,7 +296,10 @@ void frmAccountNew::keyPressEvent(QKeyEvent* event) {
 
 void frmAccountNew::showEvent(QShowEvent* event) {
     KestroDialog::showEvent(event);
-    txtThing->setFocus(Qt::OtherFocusReason);
+    const std::vector<QLineEdit*> boxes{txtThing, txtDate, txtHour, txtMinute, txtMoney, combos_[kKind1], combos_[kKind2]};
+    const auto empty = std::find_if(boxes.begin(), boxes.end(),
+                                    [](const QLineEdit* box) { return box->isVisible() && box->text().isEmpty(); });
+    (empty == boxes.end() ? boxes.front() : *empty)->setFocus(Qt::OtherFocusReason);
 }
 
 void OpenEntryDialog(QPoint) {

@@ -61,10 +61,14 @@ void frmAccount::LoadComkindData() {
 }
 
 void frmAccount::ShowChosenKind(const QString& code) {
-    if (comKind->SetCurrentKey(code) && code != u"all") return;
-    comKind->SetCurrentKey(u"all"_s);
-    comKind->SetText(u"全部"_s);
+    sKind = code;
+    if (code != u"all" && comKind->SetCurrentKey(code)) return;
+    // A hidden kind is not on the list and may be followed all the same.
+    const QString name = code == u"all" ? QString() : NameByCode(State().gDB, code, u"tKind"_s);
+    if (!name.isEmpty()) return comKind->SetText(code + name);
     sKind = u"all"_s;
+    comKind->SetCurrentKey(sKind);
+    comKind->ShowAs(u"全部"_s);
 }
 
 void frmAccount::ReloadScroll() {
@@ -124,8 +128,8 @@ void frmAccount::StripDoubleClicked(const QString& section, const QString& item)
 }
 
 void frmAccount::ChooseKind(const QString& code) {
-    sKind = code;
     ShowChosenKind(code);
+    SelectKindInStrip();
     txtSearch->setText({});
     chkFlag->SetChecked(false);
     ReloadData();

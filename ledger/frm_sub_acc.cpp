@@ -45,18 +45,22 @@ void frmSubAcc::Connect() {
     btnEdit->onClick = [this] { InList() ? EditRecord() : chart_->Edit(); };
     btnDel->onClick = [this] { InList() ? DeleteCurrent() : chart_->Del(); };
     KestroList1->onDoubleClick = [this](int, int) { EditRecord(); };
-    KestroList1->onRightClick = [](int row, const QPoint& at) {
+    KestroList1->onRightClick = [this](int, const QPoint& at) {
+        const bool chosen = KestroList1->CurrentRow() >= 0;
         Menus::SetEnabled(u"edit"_s, u"new"_s, false);
         Menus::SetEnabled(u"edit"_s, u"template"_s, false);
-        Menus::SetEnabled(u"edit"_s, u"edit"_s, row >= 0);
-        Menus::SetEnabled(u"edit"_s, u"del"_s, row >= 0);
+        Menus::SetEnabled(u"edit"_s, u"edit"_s, chosen);
+        Menus::SetEnabled(u"edit"_s, u"del"_s, chosen);
         Menus::Popup(u"edit"_s, at);
     };
     lblValue->setToolTip(u"【单击】查看增加、减少额、差额！会自动复制到 Windows 粘贴板。"_s);
     lblValue->onClick = [this] { CopySums(); };
     textMenu_ = Menus::RegisterTextMenu(kPageSubAcc, [this](const QString& key) { DoTextMenu(key); });
     notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
-        if (table.toLower() == u"tsubacc") LoadComkindData();
+        if (table.toLower() != u"tsubacc") return;
+        const QString followed = sKind;
+        LoadComkindData();
+        if (sKind != followed) ReloadData();
     }));
 }
 
@@ -81,6 +85,8 @@ void frmSubAcc::LoadComkindData() {
     for (const auto& account : ShownCodes(State().gDB, u"tSubAcc"_s))
         comKind->AddItem(account.code + account.name, account.code, u"book"_s);
     if (comKind->SetCurrentKey(sKind)) return;
+    const QString name = NameByCode(State().gDB, sKind, u"tSubAcc"_s);
+    if (!name.isEmpty()) return comKind->SetText(sKind + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
 }
@@ -132,6 +138,7 @@ void frmSubAcc::ListLoaded() {
 }
 
 void frmSubAcc::ReloadData() {
+    if (IsBusy()) return;
     EntryFilter filter;
     filter.kind = sKind;
     filter.text = txtSearch->text();
@@ -177,7 +184,10 @@ void frmSubAcc::EditRecord() {
 
 void frmSubAcc::RewriteLine(int row) {
     auto line = ReadOneRecord(State().gDB, KestroList1->RowKey(row).toLongLong(), CurrentNumber());
-    if (!line) return;
+    if (!line) {
+        CheckRecord(State().gDB, KestroList1->RowKey(row).toLongLong());
+        return;
+    }
     if (query_.all) line->cells[kColRmb] = line->signedAmount;
     for (int column = 0; column < KestroList1->ColumnCount(); ++column)
         KestroList1->SetCell(row, column, line->cells[static_cast<size_t>(column)]);

@@ -110,9 +110,9 @@ void ListPage::BuildFilters(const ListPageWords& words) {
     btnDate0 = new KestroButton(ButtonLook::date, u"日期1"_s, {}, this);
     btnDate1 = new KestroButton(ButtonLook::date, u"日期2"_s, {}, this);
     btnDate0->setToolTip(
-        u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n2.则【日期1】就是起始日期.\n1.如果不选这项意味着搜>=日期1的记录"_s);
+        u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n2.则【日期1】就是起始日期.\n3.则【日期2】就是终止日期"_s);
     btnDate1->setToolTip(
-        u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n3.则【日期2】就是终止日期\n2.可以通过右边的下拉箭头,确定快捷期间."_s);
+        u"1.如果不选这项意味着搜>=日期1的记录\n2.可以通过右边的下拉箭头,确定快捷期间."_s);
     btnDate1->SetArrow(true);
     btnDate0->onClick = [this] { OpenCalendar(false); };
     btnDate1->onClick = [this] { OpenCalendar(true); };
@@ -140,6 +140,7 @@ void ListPage::BuildLists(const ListPageWords& words) {
     for (const auto& column : words.columns)
         KestroList1->DefineColumn(column);
     KestroList1->onCurrent = [this](int) { ShowDetail(); };
+    KestroList1->onFirstPaint = [this] { TimerLoadData.start(); };
     KestroList1->onDelete = [this] { DeleteCurrent(); };
     lblCount = new KestroLabel({}, LabelKind::value, this);
     lblValue = new KestroLabel({}, LabelKind::value, this);
@@ -290,11 +291,4 @@ void ListPage::ShowSumLabels(const QString& count, const QString& value) {
 
 int ListPage::CurrentNumber() const {
     return KestroList1->CurrentRow() < 0 ? 0 : KestroList1->Cell(KestroList1->CurrentRow(), 0).toInt();
-}
-
-void ListPage::showEvent(QShowEvent* event) {
-    Page::showEvent(event);
-    if (started_) return;
-    started_ = true;
-    TimerLoadData.start();
 }

@@ -75,7 +75,6 @@ class ListPage : public Page {
     int CurrentNumber() const;
 
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
     std::vector<KestroButton*> tools_;  ///< the toolbar from left to right
     KestroScrollMenu* KestroScrollMenu1;
@@ -124,5 +123,4 @@ class ListPage : public Page {
     bool hasPages_ = false;
     bool hasFlag_ = true;
     int displayMode_ = 1;
-    bool started_ = false;
 };

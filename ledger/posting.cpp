@@ -18,7 +18,8 @@ int SignOf(bool add) {
 }
 
 QString StoredAmount(const QString& typed) {
-    return MoneyText(Val(typed));
+    const double value = Val(typed);
+    return MoneyText(IsMoney(value) ? value : 0);
 }
 
 QString StoredTime(const EntryValues& e) {
@@ -68,7 +69,7 @@ AccountRow KindRow(const EntryValues& e, size_t slot) {
     row.nSign = SignOf(e.add[slot]);
     row.Mark1 = e.mark;
     row.Note1 = e.note;
-    row.Date1 = e.date;
+    row.Date1 = e.date.trimmed();
     row.Time1 = StoredTime(e);
     row.sPic = e.pictures;
     row.bIsMain = slot == kKind1;
@@ -84,7 +85,7 @@ SubAccItemRow RecordRow(const EntryValues& e, size_t slot, qint64 main) {
     row.TypeName1 = e.name[kKind1];
     row.Value1 = StoredAmount(e.accountValue[slot - kAccount1]);
     row.nSign = SignOf(e.add[slot]);
-    row.Date1 = e.date;
+    row.Date1 = e.date.trimmed();
     row.Time1 = StoredTime(e);
     return row;
 }

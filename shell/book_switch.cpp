@@ -78,6 +78,7 @@ void OpenDBFile(QString path) {
 }
 
 void SwitchBook(const QString& indexText) {
+    if (IsBusy()) return;
     const int index = indexText.toInt();
     if (!CheckBookVersion(index)) return;
     switch (AskBookPass(indexText, false)) {

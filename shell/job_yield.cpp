@@ -3,7 +3,7 @@
 #include "store/job.h"
 #include "store/outside.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
 
@@ -31,7 +31,6 @@ bool IsInput(QEvent::Type type) {
         case QEvent::InputMethod:
         case QEvent::DragEnter:
         case QEvent::Drop:
-        case QEvent::Close:
             return true;
         default:
             return false;
@@ -41,11 +40,18 @@ bool IsInput(QEvent::Type type) {
 class InputGate : public QObject {
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (!IsInput(event->type()) || !watched->isWidgetType()) return false;
-        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
-            Job::Stop();
-        return std::none_of(Bars().begin(), Bars().end(), [&](const auto& bar) { return bar == watched; });
+        // A box that something inside the yield has opened must be answered.
+        if (QApplication::activeModalWidget() != front_) return false;
+        const bool input = IsInput(event->type()) && watched->isWidgetType();
+        if (!input && event->type() != QEvent::Shortcut) return false;
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) Job::Stop();
+        if (std::any_of(Bars().begin(), Bars().end(), [&](const auto& bar) { return bar == watched; })) return false;
+        event->ignore();
+        return true;
     }
+
+ private:
+    QWidget* front_ = QApplication::activeModalWidget();
 };
 
 }  // namespace
@@ -53,9 +59,9 @@ class InputGate : public QObject {
 void InstallJobYield() {
     Outside().yield = [] {
         InputGate gate;
-        QCoreApplication::instance()->installEventFilter(&gate);
+        qApp->installEventFilter(&gate);
         QCoreApplication::processEvents();
-        QCoreApplication::instance()->removeEventFilter(&gate);
+        qApp->removeEventFilter(&gate);
     };
 }
 

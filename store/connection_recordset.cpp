@@ -21,9 +21,12 @@ Cell ReadCell(sqlite3_stmt* s, int column) {
     cell.type = sqlite3_column_type(s, column);
     cell.whole = sqlite3_column_int64(s, column);
     cell.number = sqlite3_column_double(s, column);
-    if (cell.type == SQLITE_TEXT || cell.type == SQLITE_BLOB)
-        cell.bytes = QByteArray(static_cast<const char*>(sqlite3_column_blob(s, column)),
-                                sqlite3_column_bytes(s, column));
+    if (cell.type != SQLITE_TEXT && cell.type != SQLITE_BLOB) return cell;
+    // The text first, then its length: a book may hold UTF-16, which is converted by the first call.
+    const void* bytes = cell.type == SQLITE_TEXT ? static_cast<const void*>(sqlite3_column_text(s, column))
+                                                 : sqlite3_column_blob(s, column);
+    const int length = sqlite3_column_bytes(s, column);
+    cell.bytes = QByteArray(static_cast<const char*>(bytes), length);
     return cell;
 }
 
@@ -46,7 +49,7 @@ QString TableOf(const QString& sql) {
 }
 
 bool ReadsPlainRows(const QString& sql) {
-    const auto lower = sql.toLower();
+    const auto lower = sql.left(sql.indexOf(u" where "_s, 0, Qt::CaseInsensitive)).toLower();
     return lower.startsWith(u"select "_s) && !lower.contains(u"count("_s) && !lower.contains(u"sum("_s) &&
            !lower.contains(u" group by "_s) && !lower.contains(u" union "_s) &&
            !lower.contains(u"sqlite_master"_s) && !lower.contains(u"distinct"_s);

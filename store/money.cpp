@@ -121,6 +121,7 @@ std::optional<int> SignificantDigits(QStringView text) {
     if (is(u"+-")) ++at;
     int digits = 0;
     int significant = 0;
+    int zeros = 0;  // of the fraction, which count only before a further digit
     bool point = false;
     for (; isDigit() || (is(u".") && !point); ++at) {
         if (text[at] == u'.') {
@@ -128,7 +129,12 @@ std::optional<int> SignificantDigits(QStringView text) {
             continue;
         }
         ++digits;
-        if (significant > 0 || text[at] != u'0') ++significant;
+        if (text[at] != u'0') {
+            significant += zeros + 1;
+            zeros = 0;
+        } else if (significant > 0) {
+            ++(point ? zeros : significant);
+        }
     }
     if (digits == 0) return {};
     if (is(u"eE")) {
@@ -206,6 +212,10 @@ QString CleanAmount(const QString& text) {
         if (c.isSpace() || QStringView(u",，￥¥").contains(c)) continue;
         const char16_t u = c.unicode();
         const bool fullWidth = (u >= u'０' && u <= u'９') || u == u'．' || u == u'－' || u == u'＋';
+        if (u == u'。') {
+            clean += u'.';
+            continue;
+        }
         clean += fullWidth ? QChar(static_cast<char16_t>(u - 0xFEE0)) : c;
     }
     return clean;
@@ -213,6 +223,10 @@ QString CleanAmount(const QString& text) {
 
 QString TwoDigits(int x) {
     return (x < 0 ? u"-"_s : QString()) + QString::number(std::abs(x)).rightJustified(2, u'0');
+}
+
+bool IsMoney(double x) {
+    return std::fabs(x) < 1e15;
 }
 
 std::optional<int> Hundredths(double amount) {

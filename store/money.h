@@ -32,6 +32,9 @@ QString CleanAmount(const QString& text);
 /// A whole number with at least two digits: "07", "-01".
 QString TwoDigits(int x);
 
+/// False for a number of more than 15 whole digits, which no longer tells its yuan apart.
+bool IsMoney(double x);
+
 /// Whole hundredths of an amount, if they fit 32 bits.
 std::optional<int> Hundredths(double amount);
 

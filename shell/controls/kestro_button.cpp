@@ -53,7 +53,7 @@ void KestroButton::SetHeight(int height) {
 
 void KestroButton::SetCompact(bool compact) {
     compact_ = compact;
-    setToolTip(compact ? text() : QString());
+    if (compact && toolTip().isEmpty()) setToolTip(text());
     Changed();
 }
 

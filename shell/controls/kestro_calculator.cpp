@@ -65,6 +65,7 @@ void KestroCalculator::PopUp(QWidget* anchor, const QString& start, int group, b
     calculation_.Start(start);
     group_ = group;
     ownKeys_ = ownKeys;
+    touched_ = false;
     hovered_ = pressed_ = -1;
     ShowAt(anchor, kSize);
     update();
@@ -72,6 +73,11 @@ void KestroCalculator::PopUp(QWidget* anchor, const QString& start, int group, b
 
 bool KestroCalculator::HandleKey(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Nothing was computed: the key is the window's, and the box keeps its text.
+        if (!touched_) {
+            hide();
+            return false;
+        }
         Finish();
         return true;
     }
@@ -86,6 +92,7 @@ bool KestroCalculator::HandleKey(QKeyEvent* event) {
 }
 
 void KestroCalculator::PressKey(QChar key) {
+    touched_ = true;
     if (key == u'=') return Finish();
     calculation_.Press(key);
     update();

@@ -38,6 +38,7 @@ class KestroCalculator : public KestroPopup {
     Calculation calculation_;
     int group_ = 3;
     bool ownKeys_ = false;
+    bool touched_ = false;  ///< a key of the calculator was pressed
     int hovered_ = -1;
     int pressed_ = -1;
 };

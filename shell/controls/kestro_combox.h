@@ -38,6 +38,8 @@ class KestroCombox : public KestroText {
     bool SetCurrentKey(const QString& key);
     /// Key of the chosen item, empty when there is none.
     QString CurrentKey() const;
+    /// Shows another text for the chosen item.
+    void ShowAs(const QString& text) { setText(text); }
     /// The text part; a text put here stands, whether it is an item's or not.
     void SetText(const QString& text);
     /// Puts a browse or tree button at the right end.

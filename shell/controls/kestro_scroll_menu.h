@@ -104,6 +104,7 @@ class KestroScrollMenu : public QWidget {
     void SetHover(int line);
     void MoveFocus(int step);
     void Press(int line);
+    void Open(int line);  ///< as a double click does
     void ShowTip(const QPoint& pos, const QPoint& globalPos);
     void EnsureVisible(int line);
     void PaintHead(QPainter& p, const Line& line) const;

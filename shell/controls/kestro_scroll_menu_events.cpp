@@ -125,8 +125,14 @@ void KestroScrollMenu::mousePressEvent(QMouseEvent* event) {
 void KestroScrollMenu::mouseDoubleClickEvent(QMouseEvent* event) {
     const int index = LineAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || index < 0) return;
+    if (lines_[static_cast<size_t>(index)].item < 0) return Press(index);
+    Open(index);
+}
+
+void KestroScrollMenu::Open(int index) {
+    if (index < 0 || index >= static_cast<int>(lines_.size())) return;
     const Line line = lines_[static_cast<size_t>(index)];
-    if (line.item < 0) return Press(index);
+    if (line.item < 0) return;
     const QString section = sections_[static_cast<size_t>(line.section)].key, item = ItemOf(line).key;
     RunEvent([this, section, item] {
         if (onDoubleClick) onDoubleClick(section, item);
@@ -136,9 +142,10 @@ void KestroScrollMenu::mouseDoubleClickEvent(QMouseEvent* event) {
 void KestroScrollMenu::contextMenuEvent(QContextMenuEvent* event) {
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     const int index = byKey ? focusLine_ : LineAt(event->pos());
-    if (index < 0 || lines_[static_cast<size_t>(index)].item < 0) return;
+    if (index < 0) return;
     const Line line = lines_[static_cast<size_t>(index)];
-    const QString section = sections_[static_cast<size_t>(line.section)].key, item = ItemOf(line).key;
+    const QString section = sections_[static_cast<size_t>(line.section)].key;
+    const QString item = line.item < 0 ? QString() : ItemOf(line).key;
     const QPoint at = byKey ? mapToGlobal(LineRect(line).center()) : event->globalPos();
     RunEvent([this, section, item, at] {
         if (onContextMenu) onContextMenu(section, item, at);
@@ -177,9 +184,11 @@ void KestroScrollMenu::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_End:
             return MoveFocus(last);
         case Qt::Key_Space:
+            return Press(focusLine_);
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return Press(focusLine_);
+            Press(focusLine_);
+            return Open(focusLine_);
         case Qt::Key_Left:
         case Qt::Key_Right:
             if (focusLine_ >= 0) {

@@ -3,6 +3,7 @@
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+#include "store/money.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -21,31 +22,12 @@ constexpr int kIconGap = 7;
 constexpr double kRadius = 4;
 // QLineEdit keeps this much free at both sides of its text by itself.
 constexpr int kOwnMargin = 2;
-constexpr char16_t kFullZero = u'０';
-constexpr char16_t kFullNine = u'９';
 
 QString WithoutLineBreaks(QString text) {
     text.replace(u"\r\n"_s, u" "_s);
     for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'})
         text.replace(QChar(c), u' ');
     return text;
-}
-
-QString AsAmount(const QString& text) {
-    QString clean;
-    for (const QChar c : text) {
-        const char16_t code = c.unicode();
-        if (c.isSpace() || code == u',' || code == u'，' || code == u'￥' || code == u'¥') continue;
-        if (code >= kFullZero && code <= kFullNine)
-            clean += QChar(static_cast<char16_t>(u'0' + code - kFullZero));
-        else if (code == u'．' || code == u'。')
-            clean += u'.';
-        else if (code == u'－')
-            clean += u'-';
-        else
-            clean += c;
-    }
-    return clean;
 }
 }  // namespace
 
@@ -155,7 +137,7 @@ void KestroText::Edited() {
 void KestroText::CleanEdit() {
     const QString was = text();
     const auto clean = [this](const QString& t) {
-        return mode_ == TextMode::amount ? AsAmount(t) : WithoutLineBreaks(t);
+        return mode_ == TextMode::amount ? CleanAmount(t) : WithoutLineBreaks(t);
     };
     if (clean(was) == was) return;
     const auto cursor = clean(was.left(cursorPosition())).size();
@@ -225,11 +207,24 @@ void KestroText::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     const bool ends = EndRect().contains(at) || ZoneRect().contains(at);
     setCursor(ends || isReadOnly() ? Qt::ArrowCursor : Qt::IBeamCursor);
-    setToolTip(EndRect().contains(at) ? endTip_ : QString());
+    ShowEndTip(EndRect().contains(at));
     if (mode_ != TextMode::amount)
         QLineEdit::mouseMoveEvent(event);
     else if (event->buttons() & Qt::LeftButton)
         PutCursor(AmountPositionAt(at.x()), true);
+}
+
+// The end button has a tip of its own; the box gets its tip back when the pointer goes on.
+void KestroText::ShowEndTip(bool over) {
+    if (over == overEnd_) return;
+    overEnd_ = over;
+    if (over) restTip_ = toolTip();
+    setToolTip(over ? endTip_ : restTip_);
+}
+
+void KestroText::leaveEvent(QEvent* event) {
+    ShowEndTip(false);
+    QLineEdit::leaveEvent(event);
 }
 
 // The cursor at a position of the text; marking keeps the selection's other end.

@@ -67,6 +67,7 @@ class KestroText : public QLineEdit {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -80,6 +81,7 @@ class KestroText : public QLineEdit {
     void PaintEnds(QPainter& p) const;
     QColor TextColor() const;
     void PutCursor(int position, bool marking);
+    void ShowEndTip(bool over);
 
     // Amount mode paints its text itself, as QLineEdit cannot show separators that its text has not.
     void PaintAmount(QPainter& p) const;
@@ -102,4 +104,6 @@ class KestroText : public QLineEdit {
     bool endLine_ = false;
     bool big_ = false;
     bool wrong_ = false;
+    bool overEnd_ = false;
+    QString restTip_;
 };

@@ -24,7 +24,7 @@ KestroTree::KestroTree(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(1);
     setIndentation(kIndent);
     setUniformRowHeights(true);
-    setExpandsOnDoubleClick(false);
+    setExpandsOnDoubleClick(true);
     setFrameShape(QFrame::Box);
     setLineWidth(1);
     setFont(Skin::Font(Type::body));
