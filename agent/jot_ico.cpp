@@ -12,16 +12,16 @@
 #include "store/state.h"
 
 #include <QApplication>
-#include <QFile>
+#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 bool WriteHead(const QString& name) {
-    QFile file(State().gDataDir + u"/HeadIco.ico"_s);
+    QSaveFile file(State().gDataDir + u"/HeadIco.ico"_s);
     const QByteArray bytes = IconSetIco(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
 }  // namespace

@@ -2,7 +2,8 @@
 
 #include "app/login_hero.h"
 #include "app/startup.h"
-#include "shell/book_switch.h"
+#include "shell/addresses.h"
+#include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
@@ -12,6 +13,7 @@
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/messages.h"
+#include "store/outside.h"
 #include "store/paths.h"
 #include "store/session.h"
 #include "store/settings.h"
@@ -42,6 +44,10 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     Timer1.setSingleShot(true);
     Timer1.setInterval(kFocusDelayMs);
     Timer1.callOnTimeout([this] { txtPass->setFocus(Qt::OtherFocusReason); });
+    Menus::SetOnMenu([](const QString&, const QString& key) {
+        if (key == u"about" && Commands().about) Commands().about();
+        if (key == u"help") Outside().open(kHelpPage);
+    });
     LoadBooks();
 }
 
@@ -58,6 +64,8 @@ void frmLogin::LoadBooks() {
 
 void frmLogin::showEvent(QShowEvent* event) {
     KestroDialog::showEvent(event);
+    if (welcomed_) return;
+    welcomed_ = true;
     if (!State().gBooks.front().Name.isEmpty()) {
         Timer1.start();
         return;
@@ -129,7 +137,9 @@ bool frmLogin::CheckPassword() {
 
 void frmLogin::BtnEnterClicked() {
     if (comBook->text().isEmpty()) return;
+    EnsureBookInfo(State().gCurBook);
     if (!CheckBookVersion(-1)) return;
+    if (!State().gDB.IsOpen()) OpenChosen();
     if (!CheckPassword()) {
         txtPass->setText({});
         txtPass->setFocus(Qt::OtherFocusReason);
@@ -137,7 +147,7 @@ void frmLogin::BtnEnterClicked() {
     }
     SaveSetting(CurrentBook().Path, kSaveLastBook);
     hide();
-    AddPopup(-1);
+    popup_.reset();
     const auto entered = onEntered;
     if (entered) entered();
 }
@@ -162,6 +172,11 @@ void frmLogin::BtnPathClicked() {
             u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
             u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s,
             u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
+        return;
+    }
+    if (!RealPath(folder).rivals.isEmpty()) {
+        ShowMsg(u"有只差大小写的同名文件夹，无法指定为账本盒：\n"_s + RealPath(folder).rivals.join(u'\n'),
+                u"确定"_s, kMsgFail);
         return;
     }
     MoveBookBox(folder);
@@ -189,5 +204,5 @@ void frmLogin::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmLogin::contextMenuEvent(QContextMenuEvent* event) {
-    Menus::Popup(u"About"_s, event->globalPos());
+    Menus::Popup(u"login"_s, event->globalPos());
 }

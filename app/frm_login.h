@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 class KestroButton;
 class KestroCombox;
@@ -51,7 +52,8 @@ class frmLogin : public KestroDialog {
     void MoveBookBox(const QString& folder);
     void Leave(bool tellAgent);
 
-    PopupScope popup_;
+    std::optional<PopupScope> popup_{std::in_place};
+    bool welcomed_ = false;
     bool stripShown_ = false;
     QTimer Timer1;
     Menus::TextMenuToken textMenu_;

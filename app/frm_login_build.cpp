@@ -25,6 +25,9 @@ constexpr int kBox = 34;
 void frmLogin::Build() {
     setWindowIcon(Skin::WindowIcon());
     BuildMainMenus();
+    Menus::AddMenu(u"login"_s);
+    Menus::AddItem(u"login"_s, u"about"_s, u"关于..."_s, u"about"_s);
+    Menus::AddItem(u"login"_s, u"help"_s, u"使用帮助"_s, u"help"_s);
     hero_ = new LoginHero(this);
     auto* title = new KestroLabel(u"墨鹊登录"_s, LabelKind::hint, this);
     title->setObjectName(u"lblTitle"_s);

@@ -33,7 +33,7 @@ QByteArray Packed(const ChannelMessage& m) {
 }  // namespace
 
 QString ChannelName(const QString& role) {
-    const auto settings = QFileInfo(SettingsPath()).canonicalFilePath();
+    const auto settings = QFileInfo(SettingsPath()).absoluteFilePath();
     const auto hash = QCryptographicHash::hash(settings.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
     return RunFolder() + u"/kestrojot-"_s + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) +
            u'-' + role;
@@ -48,10 +48,11 @@ bool SendMessage(const QString& channel, const ChannelMessage& message) {
     return socket.state() == QLocalSocket::UnconnectedState || socket.waitForDisconnected(kSendMs);
 }
 
-bool InstanceLock::Take() {
+InstanceLock::State InstanceLock::Take() {
     file_ = std::make_unique<QLockFile>(ChannelName(u"lock"_s));
     file_->setStaleLockTime(0);
-    return file_->tryLock(0);
+    if (file_->tryLock(0)) return State::taken;
+    return file_->error() == QLockFile::LockFailedError ? State::held : State::failed;
 }
 
 bool ChannelServer::Listen(const QString& channel) {
@@ -66,6 +67,16 @@ bool ChannelServer::Listen(const QString& channel) {
     return server_.listen(channel);
 }
 
+// Behind the socket's signal: the answer may open a box, in whose loop the socket goes.
+void ChannelServer::Deliver(const ChannelMessage& message) {
+    const auto answer = [this, message] {
+        RunEvent([&] {
+            if (onMessage) onMessage(message);
+        });
+    };
+    QMetaObject::invokeMethod(&server_, answer, Qt::QueuedConnection);
+}
+
 void ChannelServer::TakeConnection() {
     while (auto* socket = server_.nextPendingConnection()) {
         const auto read = [this, socket] {
@@ -73,7 +84,7 @@ void ChannelServer::TakeConnection() {
             ChannelMessage m;
             in.startTransaction();
             in >> m.handle >> m.code >> m.extra >> m.token;
-            if (in.commitTransaction() && onMessage) onMessage(m);
+            if (in.commitTransaction()) Deliver(m);
         };
         QObject::connect(socket, &QLocalSocket::readyRead, socket, [read] { RunEvent(read); });
         QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);

@@ -33,8 +33,12 @@ bool SendMessage(const QString& channel, const ChannelMessage& message);
 /// Holds the lock of the running copy from the first step on.
 class InstanceLock {
  public:
-    /// False when another copy holds it.
-    bool Take();
+    enum class State {
+        taken,
+        held,   ///< by another copy
+        failed  ///< the lock cannot be made at all
+    };
+    State Take();
 
  private:
     std::unique_ptr<QLockFile> file_;
@@ -49,5 +53,6 @@ class ChannelServer {
 
  private:
     void TakeConnection();
+    void Deliver(const ChannelMessage& message);
     QLocalServer server_;
 };

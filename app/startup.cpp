@@ -3,6 +3,7 @@
 #include "app/single_instance.h"
 #include "store/book_box.h"
 #include "store/errors.h"
+#include "store/messages.h"
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/session.h"
@@ -34,7 +35,7 @@ void HandOver(const QString& commandLine) {
 bool LoadStores() {
     auto& state = State();
     LoadSettings();
-    ScanBookBox(state.sDBPath + u'/');
+    ScanBookBox(state.sDBPath);
     ReadBookInfo();
     ChooseBook();
     return true;
@@ -45,9 +46,15 @@ bool LoadStores() {
 StartResult StartUp(const QString& commandLine) {
     State().gCommandLine = commandLine;
     InitFolders();
-    if (!Lock().Take()) {
+    const auto lock = Lock().Take();
+    if (lock == InstanceLock::State::held) {
         HandOver(commandLine);
         return StartResult::handedOver;
+    }
+    if (lock == InstanceLock::State::failed) {
+        ShowMsg(u"程序无法建立运行锁【"_s + ChannelName(u"lock"_s) + u"】!"_s, u"确定"_s, kMsgFail,
+                u"严重错误!"_s);
+        return StartResult::failed;
     }
     State().gRunHandle =
         static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));

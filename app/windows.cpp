@@ -35,6 +35,7 @@ struct Windows {
     std::unique_ptr<frmMain> main;
     ChannelServer channel;
     NoticeToken reminders;
+    NoticeToken books;
 };
 
 Windows& Open() {
@@ -52,6 +53,7 @@ void ListenForOthers() {
         if (m.handle != State().gRunHandle || !Open().main) return;
         if (!m.token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", m.token.toUtf8());
         Open().main->MyTrak.RaiseReceMsg({}, m.code, m.extra);
+        qunsetenv("XDG_ACTIVATION_TOKEN");  // used up; programs started later must not take it
         if (m.code == kCodeReminders) TellDueCount();
     };
     channel.Listen(ChannelName(u"main"_s));
@@ -66,6 +68,7 @@ void ShowMain() {
     ListenForOthers();
     Open().main->show();
     Open().reminders = Notices().remindersChanged.Subscribe([] { TellDueCount(); });
+    Open().books = Notices().booksChanged.Subscribe([] { TellDueCount(); });
     TellDueCount();
 }
 
@@ -109,6 +112,7 @@ void ShowLogin() {
 
 void DropWindows() {
     Open().reminders.reset();
+    Open().books.reset();
     Open().login.reset();
     Open().main.reset();
 }

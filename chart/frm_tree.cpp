@@ -48,6 +48,8 @@ frmTree::frmTree(QWidget* parent)
     LoadNode({}, u"开始"_s, KestroTree::kRoot);
     KestroTree1_->CollapseToLevel(1);
     KestroTree1_->SetCurrentNode(0);
+    SetResizable(true);
+    SetSmallest({280, 260});
     SetNamedSize({300, 420});
     KestroTree1_->setFocus();
 }

@@ -114,6 +114,7 @@ void frmAccount::ShowDetail() {
 }
 
 void frmAccount::pTRANSACCOUNT() {
+    KestroList1->Clear();
     sKind = u"all"_s;
     ResetFilters();
     LoadComkindData();

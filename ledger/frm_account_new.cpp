@@ -296,9 +296,11 @@ void frmAccountNew::keyPressEvent(QKeyEvent* event) {
 
 void frmAccountNew::showEvent(QShowEvent* event) {
     KestroDialog::showEvent(event);
-    const std::vector<QLineEdit*> boxes{txtThing, txtDate, txtHour, txtMinute, txtMoney, combos_[kKind1], combos_[kKind2]};
-    const auto empty = std::find_if(boxes.begin(), boxes.end(),
-                                    [](const QLineEdit* box) { return box->isVisible() && box->text().isEmpty(); });
+    const std::vector<QLineEdit*> boxes{txtThing, txtDate,         txtHour,        txtMinute,
+                                        txtMoney, combos_[kKind1], combos_[kKind2]};
+    const auto empty = std::find_if(boxes.begin(), boxes.end(), [](const QLineEdit* box) {
+        return box->isVisible() && box->text().isEmpty();
+    });
     (empty == boxes.end() ? boxes.front() : *empty)->setFocus(Qt::OtherFocusReason);
 }
 

@@ -111,8 +111,7 @@ void ListPage::BuildFilters(const ListPageWords& words) {
     btnDate1 = new KestroButton(ButtonLook::date, u"日期2"_s, {}, this);
     btnDate0->setToolTip(
         u"1.例如过滤【2012-1-1】-【2012-02-20】间的记录\n2.则【日期1】就是起始日期.\n3.则【日期2】就是终止日期"_s);
-    btnDate1->setToolTip(
-        u"1.如果不选这项意味着搜>=日期1的记录\n2.可以通过右边的下拉箭头,确定快捷期间."_s);
+    btnDate1->setToolTip(u"1.如果不选这项意味着搜>=日期1的记录\n2.可以通过右边的下拉箭头,确定快捷期间."_s);
     btnDate1->SetArrow(true);
     btnDate0->onClick = [this] { OpenCalendar(false); };
     btnDate1->onClick = [this] { OpenCalendar(true); };

@@ -80,6 +80,7 @@ void OpenDBFile(QString path) {
 void SwitchBook(const QString& indexText) {
     if (IsBusy()) return;
     const int index = indexText.toInt();
+    EnsureBookInfo(index);
     if (!CheckBookVersion(index)) return;
     switch (AskBookPass(indexText, false)) {
         case kPassCancelled:
@@ -128,9 +129,12 @@ bool ReloadPages(int newBook) {
         ReportError({});
         return false;
     }
-    if (Host().dropOtherPages) Host().dropOtherPages();
-    if (Host().refresh) Host().refresh();
-    if (auto* page = PageOfCode(kPageAccount)) page->pTRANSACCOUNT();
+    // Each by itself: a part that fails must not leave another showing the old book.
+    RunEvent(Host().dropOtherPages);
+    RunEvent([] {
+        if (auto* page = PageOfCode(kPageAccount)) page->pTRANSACCOUNT();
+    });
+    RunEvent(Host().refresh);
     return true;
 }
 

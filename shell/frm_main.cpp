@@ -44,12 +44,12 @@ frmMain::frmMain() {
         if (auto* page = GetWinhWnd(0)) page->MyTrack_DragDropFiles(count, names);
     };
     TrackAdd(MyTrak);
-    {
+    RunEvent([] {
         Transaction start(State().gSetDB);  // one flush for both
         SaveSetting(QString::number(State().gRunHandle), kSaveHandle);
         SaveSetting({}, kSaveLogTime);
         start.Commit();
-    }
+    });
     Timer1.setInterval(kTickMs);
     Timer1.callOnTimeout([this] { RunEvent([this] { Timer1_Timer(); }); });
     Timer1.start();
@@ -124,7 +124,7 @@ void frmMain::FillHost() {
     };
     Host().refresh = [this] { RefreshBook(); };
     Host().updateLogo = [this] { SetLogoNumber(); };
-    booksChanged_ = Notices().booksChanged.Subscribe([this] { RefreshBook(); });
+    booksChanged_ = Notices().booksChanged.Subscribe([this] { ShowBookLabel(); });
     remindersChanged_ = Notices().remindersChanged.Subscribe([this] { SetLogoNumber(); });
 }
 
@@ -146,11 +146,16 @@ Page* frmMain::LoadPage(int index) {
 }
 
 void frmMain::ShowPage(int index, bool show) {
-    if (show) State().gPage = kTabCodes[index];
     Page* page = show ? LoadPage(index) : GetWinhWnd(index);
     if (!page) return;
+    if (show) State().gPage = kTabCodes[index];
     if (show) page->setGeometry(Body()->rect());
     page->setVisible(show);
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    KestroForm::resizeEvent(event);
+    if (auto* page = tab_ < 0 ? nullptr : GetWinhWnd(tab_)) page->setGeometry(Body()->rect());
 }
 
 void frmMain::NextTab(int step) {
@@ -167,14 +172,18 @@ void frmMain::SetLogoNumber() {
 }
 
 void frmMain::RefreshBook() {
+    ShowBookLabel();
+    ClearSearch();
+    SetLogoNumber();
+}
+
+void frmMain::ShowBookLabel() {
     const auto& book = CurrentBook();
     SetBookLabel(u"账本: "_s + book.Name);
     if (auto* label = HeaderWidget(u"label"_s))
         label->setToolTip(u"账本版本: 【"_s + book.Version + u"】\n核算年度: 【"_s +
                           QString::number(book.Year) + u"】\n单击【查看、修改、备份】账本\n账本位置："_s +
                           book.Path);
-    SetLogoNumber();
-    ClearSearch();
 }
 
 void frmMain::pRESETGROUP() {
@@ -228,6 +237,7 @@ void frmMain::TakeHandedBook() {
         return;
     }
     const QString path = HandedOverPath();
+    if (path.isEmpty()) return;
     if (path == CurrentBook().Path) {
         ShowMsg(u"当前打开的正是该账本：\n【"_s + path + u"】"_s);
         return;

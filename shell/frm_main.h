@@ -46,12 +46,16 @@ class frmMain : public KestroForm {
     clsTrackInfo MyTrak;
     std::function<void()> onUnloaded;  ///< the window is gone and the program may end
 
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
  private:
     void BuildHeader();
     void BuildStatusBar();
     void BuildShortcuts();
     void FillHost();
     void RefreshBook();
+    void ShowBookLabel();
     void ClearSearch();
     void HeaderButton(const QString& name);
     void StatusClicked(int panel);

@@ -112,7 +112,7 @@ void frmInput::BuildFooter() {
         chkOther_->setObjectName(u"chkOther"_s);
         chkOther_->SetChecked(record_.other != 0);
         chkOther_->setEnabled(record_.otherDisabled == 0);
-        chkOther_->setToolTip(KindTip());
+        if (record_.prompt.contains(u"分类"_s)) chkOther_->setToolTip(KindTip());
         chkOther_->adjustSize();
         chkOther_->move(kMargin, middle - chkOther_->height() / 2);
     }

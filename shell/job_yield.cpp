@@ -31,6 +31,9 @@ bool IsInput(QEvent::Type type) {
         case QEvent::InputMethod:
         case QEvent::DragEnter:
         case QEvent::Drop:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TabletPress:
             return true;
         default:
             return false;
@@ -44,8 +47,10 @@ class InputGate : public QObject {
         if (QApplication::activeModalWidget() != front_) return false;
         const bool input = IsInput(event->type()) && watched->isWidgetType();
         if (!input && event->type() != QEvent::Shortcut) return false;
-        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) Job::Stop();
-        if (std::any_of(Bars().begin(), Bars().end(), [&](const auto& bar) { return bar == watched; })) return false;
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+            Job::Stop();
+        if (std::any_of(Bars().begin(), Bars().end(), [&](const auto& bar) { return bar == watched; }))
+            return false;
         event->ignore();
         return true;
     }

@@ -2,6 +2,7 @@
 #include "shell/skin_tree.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QPainter>
 #include <QSet>
@@ -94,7 +95,9 @@ QPixmap Icon(const QString& name, int size, double ratio, Ground ground) {
 }
 
 QIcon WindowIcon() {
-    QIcon icon;
+    QIcon icon(QFileInfo(Folder()).path() + u"/Jot.ico"_s);
+    if (!icon.availableSizes().isEmpty()) return icon;
+    icon = {};
     for (const int size : {16, 24, 32})
         icon.addPixmap(Icon(u"logo-small"_s, size, 1));
     for (const int size : {48, 64, 128, 256})

@@ -6,7 +6,7 @@
 #include <QEvent>
 #include <QHash>
 #include <QMimeData>
-#include <QStringList>
+#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWidget>
@@ -26,6 +26,10 @@ QStringList LocalFiles(const QMimeData& data) {
 }
 
 }  // namespace
+
+clsTrackInfo::~clsTrackInfo() {
+    Trackers().remove(hwnd);
+}
 
 void clsTrackInfo::RaiseReceMsg(const QString& text, int code, int extra) {
     RunEvent([&] {
@@ -55,7 +59,10 @@ void clsTrackInfo::RaiseMouseLeave() {
 }
 
 void clsTrackInfo::DropFiles(const QMimeData& data) {
-    const auto files = LocalFiles(data);
+    RaiseDrop(LocalFiles(data));
+}
+
+void clsTrackInfo::RaiseDrop(const QStringList& files) {
     if (files.isEmpty()) return;
     RunEvent([&] {
         if (DragDropFiles) DragDropFiles(files.join(u'\n'), static_cast<int>(files.size()));
@@ -74,10 +81,13 @@ bool clsTrackInfo::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Drop: {
             auto* drop = static_cast<QDropEvent*>(event);
             drop->acceptProposedAction();
-            DropFiles(*drop->mimeData());
+            // The program that dropped them waits for the end of this event; a box may follow.
+            const auto files = LocalFiles(*drop->mimeData());
+            QTimer::singleShot(0, this, [this, files] { RaiseDrop(files); });
             return true;
         }
         case QEvent::Wheel:
+            if (static_cast<QWheelEvent*>(event)->angleDelta().y() == 0) return false;
             RaiseMouseWheel(static_cast<QWheelEvent*>(event)->angleDelta().y() > 0 ? -1 : 1);
             return false;
         case QEvent::HoverEnter:

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -12,8 +13,9 @@ class QWidget;
 
 class clsTrackInfo : public QObject {
  public:
+    ~clsTrackInfo() override;
+
     QWidget* hwnd = nullptr;
-    int hoverTime = 400;  ///< milliseconds
 
     std::function<void(const QString& text, int code, int extra)> ReceMsg;
     std::function<void()> MouseHover;
@@ -33,6 +35,8 @@ class clsTrackInfo : public QObject {
 
  private:
     friend void TrackAdd(clsTrackInfo& tracker);
+    void RaiseDrop(const QStringList& files);
+
     bool over_ = false;
     bool first_ = true;
 };

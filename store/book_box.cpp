@@ -12,11 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void ReadInfo(BookRecord& book) {
+constexpr int kWaitMs = 2000;
+
+void ReadInfo(BookRecord& book, int waitMs) {
     if (!FileExists(book.Path)) return;
     Succeeds([&] {
         cConnection probe;
-        probe.Open(book.Path, {.readOnly = false, .waitMs = 0});
+        probe.Open(book.Path, {.readOnly = false, .waitMs = waitMs});
         if (const auto year = BookKey(probe, u"year"_s)) book.Year = year->toInt();
         if (const auto version = BookKey(probe, u"dbversion"_s)) book.Version = *version;
     });
@@ -32,7 +34,8 @@ QString FixBookPath(const QString& path) {
     if (path.isEmpty() || !RealPath(path).exists) return State().gDefaultBox;
     QString fixed = path;
     if (NativeStyle() == PathStyle::windows) fixed.replace(u'/', u'\\');
-    if (fixed.size() > 1 && (fixed.endsWith(u'/') || fixed.endsWith(u'\\'))) fixed.chop(1);
+    const QChar separator = NativeStyle() == PathStyle::windows ? u'\\' : u'/';
+    if (fixed.size() > 1 && fixed.endsWith(separator)) fixed.chop(1);
     return fixed;
 }
 
@@ -63,7 +66,7 @@ void ScanBookBox(const QString& folder) {
 
 void ReadBookInfo() {
     for (auto& book : State().gBooks)
-        ReadInfo(book);
+        ReadInfo(book, 0);
 }
 
 void ChooseBook() {
@@ -76,6 +79,13 @@ void ChooseBook() {
     if (last >= 0) state.gCurBook = last;
 }
 
+void EnsureBookInfo(int index) {
+    auto& books = State().gBooks;
+    if (index < 0 || index >= static_cast<int>(books.size())) return;
+    auto& book = books[static_cast<size_t>(index)];
+    if (book.Version.isEmpty()) ReadInfo(book, kWaitMs);
+}
+
 int FindBook(const QString& path) {
     const auto& books = State().gBooks;
     for (size_t i = 0; i < books.size(); ++i)
@@ -85,7 +95,7 @@ int FindBook(const QString& path) {
 
 int AddOutsideBook(const QString& path) {
     BookRecord book{path, OutsideName(path), 0, {}};
-    ReadInfo(book);
+    ReadInfo(book, kWaitMs);
     State().gBooks.push_back(book);
     return static_cast<int>(State().gBooks.size()) - 1;
 }

@@ -12,6 +12,8 @@ void ScanBookBox(const QString& folder);
 void ScanFolder(const QString& folder);
 /// Years and versions of all books; a file that is no book keeps year 0 and an empty version.
 void ReadBookInfo();
+/// Reads a book's year and version again when they are not known, as after a lock at the start.
+void EnsureBookInfo(int index);
 /// Chooses gCurBook: the command line's book, or the last one used, or 0.
 void ChooseBook();
 

@@ -3,6 +3,7 @@
 #include "store/paths.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -23,8 +24,16 @@ QByteArray EmptyBookImage() {
 
 bool WriteSampleBook(const QString& path) {
     if (FileExists(path)) return false;
-    QFile file(RealPath(path).path);
+    const QString real = RealPath(path).path;
+    QFile::remove(real + u"-journal"_s);  // of a book that is gone; it would be played into the new one
+    QSaveFile file(real);
     const QByteArray image = SampleBookImage();
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    return file.write(image) == image.size();
+    return file.open(QIODevice::WriteOnly) && file.write(image) == image.size() && file.commit();
+}
+
+void RemoveBookFile(const QString& path) {
+    const auto real = RealPath(path);
+    if (!real.exists) return;
+    QFile::remove(real.path);
+    QFile::remove(real.path + u"-journal"_s);
 }

@@ -10,3 +10,6 @@ QByteArray EmptyBookImage();
 
 /// Writes the sample book to path unless a file is there. True when it was written.
 bool WriteSampleBook(const QString& path);
+
+/// Deletes a book file for good, its journal along with it.
+void RemoveBookFile(const QString& path);

@@ -2,6 +2,7 @@
 
 #include "store/state.h"
 
+#include <algorithm>
 #include <cstdio>
 
 std::function<int(const MessageRequest&)>& MessageSlot() {
@@ -14,7 +15,7 @@ int ShowMsg(const QString& text, const QString& buttons, int icon, const QString
     auto& result = State().gMsgResult;
     result = 0;
     if (const auto& slot = MessageSlot()) {
-        result = slot({text, buttons, icon, title, width, height, picture, opacity});
+        result = slot({text, buttons, icon, title, width, height, picture, std::clamp(opacity, 0.2, 1.0)});
     } else {
         std::fprintf(stderr, "%s: %s\n", qUtf8Printable(title), qUtf8Printable(text));
     }

@@ -49,6 +49,7 @@ void InitFolders() {
     state.gCurBook = 0;
     state.gCmdBook = -1;
     state.gBooks.assign(1, {});
+    state.gSettingsPath.clear();
     const QString dataHome = FromEnvironment("APPDATA", DataHome());
     state.gDataDir = dataHome + u"/KestroJot"_s;
     QDir().mkpath(dataHome);

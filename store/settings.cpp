@@ -93,11 +93,12 @@ void SaveGeneral(cConnection& settings) {
 }  // namespace
 
 QString SettingsPath() {
+    auto& settled = State().gSettingsPath;
+    if (!settled.isEmpty()) return settled;
     const QString packaged = BesideProgram(u"Set.ini"_s);
-    if (CanWrite(packaged) || !QFileInfo::exists(packaged)) return packaged;
-    QString copy = State().gDataDir + u"/Set.ini"_s;
-    RenewCopy(packaged, copy);
-    return copy;
+    const bool there = CanWrite(packaged) || !QFileInfo::exists(packaged);
+    settled = there ? packaged : State().gDataDir + u"/Set.ini"_s;
+    return settled;
 }
 
 QString SampleBookPath() {
@@ -114,11 +115,13 @@ void OpenSettings(const QString& path) {
 
 void LoadSettings() {
     auto& state = State();
+    const QString packaged = BesideProgram(u"Set.ini"_s);
+    if (SettingsPath() != packaged) RenewCopy(packaged, SettingsPath());
     OpenSettings(SettingsPath());
     const bool firstRun = TakeFirstRun(state.gSetDB);
     state.sDBPath = FixBookPath(state.sDBPath);
     if (!firstRun) return;
-    QFile::remove(RealPath(SampleBookPath()).path);
+    RemoveBookFile(SampleBookPath());
     WriteSampleBook(SampleBookPath());
 }
 

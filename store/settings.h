@@ -3,14 +3,14 @@
 
 #include <QString>
 
-/// Set.ini in the program folder, or its copy in gDataDir when that folder cannot be written. Makes or renews
-/// the copy as needed.
+/// Set.ini in the program folder, or its copy in gDataDir when that folder cannot be written. Settled once
+/// for the process.
 QString SettingsPath();
 
 /// Opens gSetDB on a settings file and reads its values into State(), nothing else.
 void OpenSettings(const QString& path);
-/// Opens gSetDB and reads everything into State(). On a first run the sample book is written anew. Throws
-/// DbError when the file is broken.
+/// Makes or renews the copy as needed, opens gSetDB and reads everything into State(). On a first run the
+/// sample book is written anew. Throws DbError when the file is broken.
 void LoadSettings();
 
 enum SettingCode {

@@ -41,6 +41,7 @@ struct ProgramState {
     QString gDataDir;
     int gTwipsX = 15, gTwipsY = 15;  ///< logical units per pixel
     QString gProgramFolder;          ///< empty: the folder of the executable
+    QString gSettingsPath;           ///< empty until it is first asked for
     QString gCommandLine;            ///< the book path given to the program, absolute, or empty
     qint32 gRunHandle = 0;           ///< random number of this run, the channel's name to a second copy
 

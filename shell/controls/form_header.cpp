@@ -86,7 +86,6 @@ void KestroHeader::Arrange() {
     const int wide = qMin(qMin(kLabelMost, label->WantedWidth()), right - left);
     label->setVisible(!label->text().isEmpty() && right - left >= kLabelLeast);
     label->setGeometry(right - wide, (kHeight - kLabelHeight) / 2, wide, kLabelHeight);
-    label->setToolTip(wide < label->WantedWidth() ? label->text() : QString());
     update();
 }
 

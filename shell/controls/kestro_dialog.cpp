@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 KestroDialog::KestroDialog(DialogKind kind, const QString& caption, QWidget* parent)
     : QDialog(parent),
-      frame_(std::make_unique<WindowFrame>(this, kind == DialogKind::common)),
+      frame_(std::make_unique<WindowFrame>(this, false)),
       kind_(kind),
       close_(new PngButton({}, u"关闭"_s, this)),
       body_(new QWidget(this)) {

@@ -36,6 +36,8 @@ class KestroDialog : public QDialog {
     int FooterHeight() const;
     /// Size of the window without its shadow; text that does not fit may make it taller later.
     void SetNamedSize(QSize size);
+    /// Lets the user resize the window; its controls then stand in a layout.
+    void SetResizable(bool on) { frame_->SetResizable(on); }
     void SetSmallest(QSize size) { frame_->SetSmallest(size); }
     QSize NamedSize() const { return frame_->Named().size(); }
     void SetOpacity(double opacity) { frame_->SetOpacity(opacity); }

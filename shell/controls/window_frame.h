@@ -20,6 +20,7 @@ class WindowFrame : public QObject {
     WindowFrame(QWidget* window, bool canResize);
     ~WindowFrame() override;
 
+    void SetResizable(bool on) { canResize_ = on; }
     /// Height of the title area from the top of the named rectangle; every free spot in it moves the window.
     void SetTitleHeight(int height) { titleHeight_ = height; }
     /// Strength of the shadow, 0.2 to 1.

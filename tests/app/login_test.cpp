@@ -2,6 +2,7 @@
 
 #include "app/frm_login.h"
 #include "app/windows.h"
+#include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
@@ -170,6 +171,19 @@ TEST_F(Login, TheBookBoxMovesButNotIntoTheSystem) {
     Choose(u"b"_s);
     login_->BtnEnterClicked();
     EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(Login, ItsMenuAnswers) {
+    PutBook(u"box/a.jotdb"_s);
+    Show();
+    int about = 0;
+    Commands().about = [&about] { ++about; };
+    QString opened;
+    Outside().open = [&opened](const QString& what) { return opened = what, true; };
+    Menus::Choose(u"login"_s, u"about"_s);
+    Menus::Choose(u"login"_s, u"help"_s);
+    EXPECT_EQ(about, 1);
+    EXPECT_FALSE(opened.isEmpty());
 }
 
 TEST_F(Login, EscapeAndCancelEndTheProgram) {

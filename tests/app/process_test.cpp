@@ -122,6 +122,20 @@ TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
     CloseAll();
 }
 
+// The answer opens a box, and the sender's socket goes while it stands.
+TEST_F(Processes, AnAnswerMayRunALoopOfItsOwn) {
+    ChannelServer channel;
+    BecomeFirstCopy(channel);
+    int answered = 0;
+    channel.onMessage = [&answered](const ChannelMessage&) {
+        QTest::qWait(150);
+        ++answered;
+    };
+    EXPECT_TRUE(SendMessage(ChannelName(u"main"_s), {State().gRunHandle, kCodeOpenBook, 0, {}}));
+    EXPECT_TRUE(WaitLong([&] { return answered == 1; }, 3000));
+    CloseAll();
+}
+
 TEST_F(Processes, AKilledCopyLeavesTheRoadFreeAndItsAgentGoes) {
     auto* first = Start(Program(u"KestroJot"_s));
     ASSERT_TRUE(WaitLong([this] { return AgentAnswers(); }, 10000));

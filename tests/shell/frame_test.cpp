@@ -8,11 +8,14 @@
 #include "shell/menus.h"
 #include "store/book_images.h"
 #include "store/dialogs.h"
+#include "store/job.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
+#include <QDialog>
 #include <QFile>
 #include <QMimeData>
+#include <QShortcut>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -77,6 +80,9 @@ TEST_F(Frame, StandsOnTheEntryPageWithItsBookAndTime) {
     EXPECT_EQ(frame_->CurrentTab(), 0);
     EXPECT_EQ(Rows(State().gSetDB, u"select sLogDateTime from tSetting"_s),
               QStringList{u"2016-09-03 14:16:20"_s});
+    frame_->resize(1300, 850);
+    EXPECT_EQ(frame_->GetWinhWnd(0)->size(), frame_->Body()->size());
+    EXPECT_GT(frame_->Body()->width(), 1200);
     frame_->resize(300, 200);
     EXPECT_GE(frame_->NamedSize().width(), 666);
     EXPECT_GE(frame_->NamedSize().height(), 533);
@@ -195,6 +201,45 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
     EXPECT_EQ(told, (QStringList{u"close"_s, u"1"_s, u"3"_s}));
     EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s),
               QStringList{CurrentBook().Path});
+}
+
+// A box that opens while a job yields must be answered; keys and shortcuts before it are not heard.
+TEST_F(Frame, DuringAJobOnlyTheStopIsHeardAndABoxCanBeAnswered) {
+    int shortcuts = 0;
+    QShortcut shortcut(QKeySequence(Qt::Key_F8), frame_.get());
+    QObject::connect(&shortcut, &QShortcut::activated, frame_.get(), [&shortcuts] { ++shortcuts; });
+    QApplication::setActiveWindow(frame_.get());
+    QTest::keyClick(List(), Qt::Key_F8);
+    ASSERT_EQ(shortcuts, 1);
+    int answered = 0;
+    Job job;
+    QTimer::singleShot(0, frame_.get(), [&] {
+        QTest::keyClick(List(), Qt::Key_F8);
+        QTest::keyClick(List(), Qt::Key_Delete);
+        QDialog box;
+        QTimer::singleShot(0, &box, [&box] { QTest::keyClick(&box, Qt::Key_Escape); });
+        box.exec();
+        ++answered;
+    });
+    for (int i = 0; i < 20 && answered == 0; ++i)
+        Outside().yield();
+    EXPECT_EQ(answered, 1);
+    EXPECT_EQ(shortcuts, 1);
+    EXPECT_FALSE(job.Stopped());
+    QTimer::singleShot(0, frame_.get(), [this] { QTest::keyClick(List(), Qt::Key_Escape); });
+    for (int i = 0; i < 20 && !job.Stopped(); ++i)
+        Outside().yield();
+    EXPECT_TRUE(job.Stopped());
+}
+
+TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
+    EXPECT_TRUE(Find<QWidget>(frame_.get(), "btnNew")->toolTip() == u"新增记账");
+    auto* search = frame_->GetWinhWnd(0)->findChild<QWidget*>(u"txtSearch"_s);
+    QTest::mouseMove(search, {10, 10});
+    QTest::mouseMove(search, {search->width() - 5, 10});
+    QTest::mouseMove(search, {12, 10});
+    EXPECT_TRUE(search->toolTip().startsWith(u"1.关键词限于【事情标题】"_s));
+    EXPECT_TRUE(frame_->HeaderWidget(u"label"_s)->toolTip().contains(u"单击【查看、修改、备份】账本"_s));
 }
 
 TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
