@@ -11,9 +11,9 @@ ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new
     list_->SetCompact(true);
     list_->SetSortable(false);
     list_->SetEmptyText({});
-    list_->DefineColumn({u"item"_s, u"项目"_s, 90, 70, u"string"_s, ListColor::dim, false, {}});
-    list_->DefineColumn({u"name"_s, u"编号名称"_s, 200, 80, u"string"_s, ListColor::none, true, {}});
-    list_->DefineColumn({u"money"_s, u"金额(元)"_s, 130, 90, u"money"_s, ListColor::signedMoney, false, {}});
+    list_->DefineColumn({u"item"_s, u"项目"_s, 76, 60, u"string"_s, ListColor::dim, false, {}});
+    list_->DefineColumn({u"name"_s, u"编号名称"_s, 200, 40, u"string"_s, ListColor::none, true, {}});
+    list_->DefineColumn({u"money"_s, u"金额(元)"_s, 84, 70, u"money"_s, ListColor::signedMoney, false, {}});
 }
 
 void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,

@@ -29,7 +29,7 @@ void frmMain::BuildStatusBar() {
     barTip->AddPanel(u"网账：未连接"_s, 120);
     barTip->AddPanel(u"未收网账： 笔"_s, 140, false, u"new"_s);
     barTip->AddPanel({}, 30, false, u"money"_s);
-    barTip->AddPanel(u" 账本盒位置："_s + State().sDBPath, 200, true);
+    barTip->AddPanel(u" 账本盒位置："_s + State().sDBPath, 40, true);
     barTip->SetPanelDot(kWebPanel, StatusDot::warn);
     barTip->setToolTip(State().sDBPath + u"\n单击打开【账本盒文件夹】"_s);
     barTip->onClick = [this](int panel) { StatusClicked(panel); };
