@@ -4,6 +4,9 @@ using namespace Qt::StringLiterals;
 
 ListPageWords EntryPageWords() {
     ListPageWords words;
+    words.pageCode = kPageAccount;
+    words.chart = u"tKind"_s;
+    words.treeTip = u"在分类树中选择"_s;
     words.searchPrompt = u"搜索事情标题"_s;
     words.newTip = u"新增记账"_s;
     words.editTip = u"修改记账"_s;
@@ -29,6 +32,9 @@ ListPageWords EntryPageWords() {
 
 ListPageWords RecordPageWords() {
     ListPageWords words;
+    words.pageCode = kPageSubAcc;
+    words.chart = u"tSubAcc"_s;
+    words.treeTip = u"在账户树中选择"_s;
     words.searchPrompt = u"搜索事情标题"_s;
     words.deleteWords = RecordDeleteWords();
     words.kindIcon = u"book"_s;

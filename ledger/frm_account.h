@@ -20,13 +20,12 @@ class frmAccount : public ListPage {
     QString BuildPrintInfo(bool bChecked) const;
 
  protected:
-    int CountRows() override;
-    void ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) override;
-    void ListLoaded() override;
+    EntryQuery BuildQuery(const EntryFilter& filter) const override;
+    void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) override;
     void ShowSums() override;
-    void ShowDetail() override;
     qint64 EntryOf(int row) const override;
-    void ReloadData() override;
+    std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
+    void ChooseCode(const QString& code) override;
 
  private:
     void Connect();
@@ -42,27 +41,18 @@ class frmAccount : public ListPage {
     const ChartRow* ChosenKind() const;
     void NewEntry();
     void AppendEntry(qint64 id);
-    void EditEntry();
     void ShowMenu(QPoint at);
     int NextNumber() const;
     void AddToTemplates();
-    void CopySums();
     void ShowKindMoney();
-    void OpenKindTree();
     void DoKindMenu(const QString& key);
     void DoKey(const QString& name);
-    void DoTextMenu(const QString& key);
     bool ListKey(QKeyEvent* event);
     QString BookTip(const QString& key) const;
     QString StripTip(const QString& section, const QString& item) const;
     void StripClicked(const QString& section, const QString& item);
     void StripDoubleClicked(const QString& section, const QString& item);
 
-    EntryQuery query_ = BuildEntryQuery({});
-    QString sKind = QStringLiteral("all");
-    QString sumsTag_;
     QString stripSection_;  ///< the section whose menu is open
     std::vector<ChartRow> kinds_;
-    Menus::TextMenuToken textMenu_;
-    std::vector<NoticeToken> notices_;
 };

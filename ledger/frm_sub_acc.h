@@ -17,34 +17,22 @@ class frmSubAcc : public ListPage {
     QString BuildPrintInfo(bool bChecked) const;
 
  protected:
-    int CountRows() override;
-    void ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) override;
-    void ListLoaded() override;
+    EntryQuery BuildQuery(const EntryFilter& filter) const override;
+    void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) override;
     void ShowSums() override;
-    void ShowDetail() override;
-    void ReloadData() override;
     qint64 EntryOf(int row) const override;
+    bool CheckLine(int row) override;
+    std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
+    void ChooseCode(const QString& code) override;
 
  private:
     void Connect();
-    void ConnectSearch();
     void LoadComkindData();
     /// "list" or "tongji".
     void SwitchMode(const QString& mode);
     bool InList() const { return sMode == u"list"; }
-    void EditRecord();
-    void RewriteLine(int row);
-    void CopySums();
-    void OpenAccountTree();
-    void DoTextMenu(const QString& key);
-    void ChooseAccount(const QString& code);
 
-    EntryQuery query_;
     QString sMode = QStringLiteral("tongji");
-    QString sKind = QStringLiteral("all");
-    QString sumsTag_;
     KestroButton* btnNoNew;
-    ChartPanel* chart_ = nullptr;
-    Menus::TextMenuToken textMenu_;
-    std::vector<NoticeToken> notices_;
+    ChartPanel* chartPanel_ = nullptr;
 };

@@ -1,7 +1,7 @@
 #include "ledger/list_page.h"
 
 #include "ledger/detail_panel.h"
-#include "ledger/entry_query.h"
+#include "ledger/entry_columns.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_calendar.h"
 #include "shell/controls/kestro_check.h"
@@ -53,6 +53,7 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     AllowDuringJob(KestroPGress1);
     KestroCalendar1 = new KestroCalendar(this);
     NameControls();
+    ConnectShared(words);
     KestroCalendar1->onPick = [this](QDate date) { PickDate(date); };
     TimerLoadData.setSingleShot(true);
     TimerLoadData.setInterval(kLoadDelayMs);
@@ -170,7 +171,7 @@ void ListPage::LoadList(bool bPaged) {
     Job job(Bar());
     if (job.Refused()) return;
     KestroList1->Clear();
-    const int count = bPaged ? 0 : CountRows();
+    const int count = bPaged ? 0 : CountLines(State().gDB, query_);
     if (!bPaged) FillPages(count);
     if (bPaged || count > kReserveFrom) {
         KestroList1->Reserve(std::min(bPaged ? kLinesPerPage : count, kLinesPerPage) + kReserveFrom);
@@ -180,10 +181,11 @@ void ListPage::LoadList(bool bPaged) {
     {
         KestroList1->BeginFill();
         const auto filled = qScopeGuard([this] {
-            ListLoaded();
+            KestroList1->SetColumnCaption(kColRmb, AmountHeading(query_));
+            KestroList1->SetSortable(query_.all);
             KestroList1->EndFill();
         });
-        ReadRows(sPage.toInt(), job, [this](ListLine&& line) {
+        ReadRows(sPage.toInt(), job, [this](EntryLine&& line) {
             KestroList1->AddRow(std::move(line.cells), line.key, line.subKey);
         });
         stopped = job.Stopped();
@@ -286,8 +288,4 @@ void ListPage::ShowSumLabels(const QString& count, const QString& value) {
     lblCount->SetText(count);
     lblValue->SetText(value);
     Arrange();
-}
-
-int ListPage::CurrentNumber() const {
-    return KestroList1->CurrentRow() < 0 ? 0 : KestroList1->Cell(KestroList1->CurrentRow(), 0).toInt();
 }

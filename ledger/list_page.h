@@ -3,7 +3,9 @@
 // them is data and the few functions below.
 
 #include "ledger/entry_delete.h"
+#include "ledger/entry_query.h"
 #include "shell/controls/kestro_list.h"
+#include "shell/menus.h"
 #include "shell/page.h"
 #include "store/job.h"
 #include "store/notices.h"
@@ -11,6 +13,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 class KestroButton;
 class KestroCalendar;
@@ -21,14 +24,10 @@ class KestroPGress;
 class KestroScrollMenu;
 class KestroText;
 
-/// One line of a list as it is added.
-struct ListLine {
-    std::vector<QString> cells;
-    QString key;
-    QString subKey;
-};
-
 struct ListPageWords {
+    int pageCode = 0;
+    QString chart;  ///< the table of the filter's codes
+    QString treeTip;
     QString searchPrompt;
     QString newTip, editTip, delTip, printTip, exportTip;
     QString comTip;
@@ -51,16 +50,25 @@ class ListPage : public Page {
 
  protected:
     // What a page answers for its list.
-    virtual int CountRows() = 0;
-    virtual void ReadRows(int page, Job& job, const std::function<void(ListLine&&)>& take) = 0;
+    virtual EntryQuery BuildQuery(const EntryFilter& filter) const = 0;
+    virtual void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) = 0;
     virtual void ShowSums() = 0;
-    virtual void ShowDetail() = 0;
-    virtual void ReloadData() = 0;
-    /// The tAccount row behind a line, by which it is deleted.
+    /// The tAccount row behind a line, by which it is changed and deleted.
     virtual qint64 EntryOf(int row) const = 0;
-    /// After the lines are there, before they show.
-    virtual void ListLoaded() {}
+    /// False, after its message, when the line can no longer be changed.
+    virtual bool CheckLine(int /*row*/) { return true; }
+    /// The line anew after a change; id is what the entry window handed back.
+    virtual std::optional<EntryLine> ReadLineAgain(int row, qint64 id) = 0;
+    /// Follows a code of the page's chart.
+    virtual void ChooseCode(const QString& code) = 0;
 
+    /// Builds the query from the filter controls and loads its first page. Nothing while a job runs.
+    void ReloadData();
+    void ShowDetail();
+    /// Opens the entry of the current line and shows the line anew.
+    void EditCurrent();
+    void CopySums();
+    void OpenTree();
     /// Shows the list with its filters, or other in their place.
     void ShowOther(QWidget* other);
     /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
@@ -72,7 +80,6 @@ class ListPage : public Page {
     void ShowSumLabels(const QString& count, const QString& value);
     /// Puts the detail rows under the title line.
     void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
-    int CurrentNumber() const;
 
     void resizeEvent(QResizeEvent* event) override;
 
@@ -96,6 +103,10 @@ class ListPage : public Page {
     KestroPGress* KestroPGress1;
     KestroCalendar* KestroCalendar1;
 
+    EntryQuery query_;
+    QString sKind = QStringLiteral("all");
+    QString sumsTag_;
+    std::vector<NoticeToken> notices_;
     QString sPage = QStringLiteral("0");
     bool nCalendarFor = false;  ///< false: the first date button
     QTimer TimerLoadData;
@@ -109,6 +120,9 @@ class ListPage : public Page {
     void ArrangeToolbar(int x, int width);
     void ArrangeFilters(int x, int width);
     void ArrangeLists(const QRect& room);
+    void ConnectShared(const ListPageWords& words);
+    void DoTextMenu(const QString& key);
+    void RewriteLine(int row, EntryLine line);
     void ShowControls();
     void FillPages(int count);
     void OpenCalendar(bool second);
@@ -117,6 +131,8 @@ class ListPage : public Page {
     void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
 
     DeleteWords deleteWords_;
+    QString chart_;
+    Menus::TextMenuToken textMenu_;
     class DetailPanel;
     DetailPanel* panel_;
     QWidget* other_ = nullptr;
