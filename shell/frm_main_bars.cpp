@@ -77,11 +77,11 @@ void frmMain::BuildShortcuts() {
     key(QKeySequence(u"Ctrl+Shift+Tab"_s), [this] { NextTab(-1); });
     key(QKeySequence(u"Ctrl+O"_s), [] { OpenDBFile({}); });
     key(QKeySequence(u"F10"_s), [this] { onHeaderButton(u"menu"_s); });
-    for (const auto& [keys, name] : {std::pair{u"Ctrl+N"_s, u"new"_s},
+    for (const auto& road : {std::pair{u"Ctrl+N"_s, u"new"_s},
                                      {u"Ctrl+E"_s, u"edit"_s},
                                      {u"Ctrl+F"_s, u"find"_s},
                                      {u"F5"_s, u"reload"_s}})
-        key(QKeySequence(keys), [this, name] {
+        key(QKeySequence(road.first), [this, name = road.second] {
             if (auto* page = GetWinhWnd(tab_)) page->DoMenu(u"key"_s, name);
         });
 }

@@ -36,11 +36,11 @@ int KestroText::UnitWidth() const {
 // Only a text that is a number is grouped: anything else is shown as typed, for the user to see what is
 // wrong.
 QString KestroText::Grouped() const {
-    const QString plain = text();
+    QString plain = text();
     const auto point = plain.indexOf(u'.');
     const QString whole = point < 0 ? plain : plain.left(point);
     if (!SpellsNumber(whole) || !(point < 0 || SpellsNumber(u"0"_s + plain.mid(point)))) return plain;
-    const QString grouped = GroupText(whole, group_, u","_s, whole);
+    QString grouped = GroupText(whole, group_, u","_s, whole);
     // What grouping would write in another way, such as leading zeros, stands as typed too.
     if (QString(grouped).remove(u',') != whole) return plain;
     return point < 0 ? grouped : grouped + plain.mid(point);
