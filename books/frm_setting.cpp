@@ -76,6 +76,14 @@ void frmSetting::DoKindAcc(const QString& table, const QString& code, const QStr
     if (action == u"Del") panel->Del();
 }
 
+void frmSetting::DoMenu(const QString& menu, const QString& key) {
+    auto* panel = Panel(page_);
+    if (menu != u"key" || !panel) return;
+    if (key == u"new") panel->New();
+    if (key == u"edit") panel->Edit();
+    if (key == u"reload") panel->Reload();
+}
+
 void frmSetting::pRESETGROUP() {
     kinds_->ResetGroup();
     accounts_->ResetGroup();

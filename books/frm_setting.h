@@ -11,6 +11,7 @@ class frmSetting : public Page {
  public:
     explicit frmSetting(QWidget* parent);
 
+    void DoMenu(const QString& menu, const QString& key) override;
     void pRESETGROUP() override;
     void pTRANSACCOUNT() override;
     /// "kind" or "account"; other sub-pages are not there.

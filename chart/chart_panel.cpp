@@ -171,7 +171,10 @@ void ChartPanel::Edit() {
     const QString prompt =
         kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s : u"账户编号名称(编号+空格，如：01 华东区)"_s;
     if (!Ask(title, prompt, &*record)) return;
-    const auto changed = ChangeRow(State().gDB, table_, *record, Typed());
+    TypedRow typed = Typed();
+    // An amount that the box could not show to its last place is not changed by leaving it alone.
+    if (InputDialog().money == Hundredths(record->oldOpening).value_or(0)) typed.opening = record->oldOpening;
+    const auto changed = ChangeRow(State().gDB, table_, *record, typed);
     if (!changed) return;
     ShowChanged(row, *changed);
     Tell();
@@ -193,6 +196,12 @@ void ChartPanel::Del() {
     if (row < 0) {
         ShowMsg(NoneChosen(table_));
         return;
+    }
+    const auto stored = ReadChartRecord(State().gDB, KestroList1_->RowSubKey(row).toLongLong(), table_);
+    if (!stored || stored->code != KestroList1_->RowKey(row)) {
+        // The row has gone or has another code since the list was read.
+        ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
+        return Reload();
     }
     const auto removeLine = [this, row] {
         KestroList1_->RemoveRows({row});

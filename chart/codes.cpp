@@ -10,7 +10,7 @@ namespace {
 constexpr int kMaxDigits = 18;
 
 CodeName Refuse(const QString& text) {
-    ShowMsg(text, u"确定"_s, kMsgFail);
+    ShowMsg(text);
     return {};
 }
 

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -61,7 +62,11 @@ bool DeleteEntry(cConnection& book, qint64 id) {
 
 void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, int& count) {
     count = 0;
-    const auto rows = RowsOf(book, ids);
+    // An id of -1 would find every entry without a partner.
+    std::vector<qint64> real;
+    std::copy_if(ids.begin(), ids.end(), std::back_inserter(real), [](qint64 id) { return id > 0; });
+    if (real.empty()) return;
+    const auto rows = RowsOf(book, real);
     job.Start(static_cast<int>(rows.size()));
     for (size_t at = 0; at < rows.size() && !job.Stopped(); at += kSlice) {
         const size_t end = std::min(at + kSlice, rows.size());

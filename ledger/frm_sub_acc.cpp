@@ -48,9 +48,8 @@ void frmSubAcc::Connect() {
     };
     notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
         if (table.toLower() != u"tsubacc") return;
-        const QString followed = sKind;
         LoadComkindData();
-        if (sKind != followed) ReloadData();
+        if (!State().gBusy) ReloadData();
     }));
 }
 
@@ -73,7 +72,9 @@ void frmSubAcc::ChooseCode(const QString& code) {
 }
 
 void frmSubAcc::SwitchMode(const QString& mode) {
-    if (mode == sMode || mode.isEmpty()) return;
+    if (mode.isEmpty()) return;
+    if (mode == u"tongji") chartPanel_->Reload();
+    if (mode == sMode) return;
     sMode = mode;
     KestroScrollMenu1->Select(u"title1"_s, mode);
     btnNew->setVisible(!InList());
@@ -85,7 +86,6 @@ void frmSubAcc::SwitchMode(const QString& mode) {
     btnEdit->setToolTip(InList() ? u"修改账户记录"_s : u"修改账户"_s);
     btnExport->setToolTip(InList() ? u"导出账户记录列表所有记录"_s : u"导出所有账户列表"_s);
     btnPrint->setToolTip(InList() ? u"打印账户记录列表所有记录"_s : u"打印所有账户列表"_s);
-    if (!InList()) chartPanel_->Reload();
     ShowOther(InList() ? nullptr : chartPanel_);
 }
 
@@ -114,7 +114,6 @@ bool frmSubAcc::CheckLine(int row) {
 std::optional<EntryLine> frmSubAcc::ReadLineAgain(int row, qint64) {
     const qint64 record = KestroList1->RowKey(row).toLongLong();
     auto line = ReadOneRecord(State().gDB, record, KestroList1->Cell(row, kColNo).toInt());
-    if (!line) CheckRecord(State().gDB, record);
     return line;
 }
 
@@ -127,6 +126,7 @@ void frmSubAcc::DoMenu(const QString& menu, const QString& key) {
     if (menu == u"edit" && key == u"edit") return EditCurrent();
     if (menu == u"edit" && key == u"del") return DeleteCurrent();
     if (menu != u"key") return;
+    if (key == u"new" && !InList()) chartPanel_->New();
     if (key == u"edit") btnEdit->click();
     if (key == u"reload") InList() ? ReloadData() : chartPanel_->Reload();
     if (key == u"find" && InList()) txtSearch->setFocus(Qt::ShortcutFocusReason);
@@ -140,4 +140,9 @@ void frmSubAcc::pRESETGROUP() {
 QString frmSubAcc::BuildPrintInfo(bool bChecked) const {
     const QString checked = bChecked ? CheckedCondition(KestroList1->CheckedKeys()) : QString();
     return u"tSubAccItem/1/【"_s + comKind->text() + u"】账户记录列表/"_s + query_.where + checked + u"/1"_s;
+}
+
+void frmSubAcc::showEvent(QShowEvent* event) {
+    ListPage::showEvent(event);
+    if (!InList()) chartPanel_->Reload();
 }

@@ -24,6 +24,7 @@ class frmSubAcc : public ListPage {
     bool CheckLine(int row) override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
     void ChooseCode(const QString& code) override;
+    void showEvent(QShowEvent* event) override;
 
  private:
     void Connect();

@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLoadDelayMs = 1;  // the window paints before the first load
+constexpr int kRetryMs = 100;
 constexpr int kReserveFrom = 100;
 
 QDate DateOf(const KestroButton* button) {
@@ -57,7 +58,7 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     KestroCalendar1->onPick = [this](QDate date) { PickDate(date); };
     TimerLoadData.setSingleShot(true);
     TimerLoadData.setInterval(kLoadDelayMs);
-    TimerLoadData.callOnTimeout([this] { RunEvent([this] { ReloadData(); }); });
+    TimerLoadData.callOnTimeout([this] { RunEvent([this] { FirstLoad(); }); });
 }
 
 ListPage::~ListPage() = default;
@@ -167,9 +168,19 @@ JobBar ListPage::Bar() {
     return bar;
 }
 
+// A timer is not the user: it waits for a running job instead of complaining.
+void ListPage::FirstLoad() {
+    if (loaded_) return;
+    if (State().gBusy)
+        TimerLoadData.start(kRetryMs);
+    else
+        ReloadData();
+}
+
 void ListPage::LoadList(bool bPaged) {
     Job job(Bar());
     if (job.Refused()) return;
+    loaded_ = true;
     KestroList1->Clear();
     const int count = bPaged ? 0 : CountLines(State().gDB, query_);
     if (!bPaged) FillPages(count);

@@ -124,6 +124,7 @@ class ListPage : public Page {
     void DoTextMenu(const QString& key);
     void RewriteLine(int row, EntryLine line);
     void ShowControls();
+    void FirstLoad();
     void FillPages(int count);
     void OpenCalendar(bool second);
     void PickDate(QDate date);
@@ -138,5 +139,6 @@ class ListPage : public Page {
     QWidget* other_ = nullptr;
     bool hasPages_ = false;
     bool hasFlag_ = true;
+    bool loaded_ = false;
     int displayMode_ = 1;
 };

@@ -72,7 +72,10 @@ void ListPage::EditCurrent() {
     if (!entry.done) return;
     ShowSums();
     if (entry.id == -1) return;
-    if (auto line = ReadLineAgain(row, entry.id)) RewriteLine(row, std::move(*line));
+    if (auto line = ReadLineAgain(row, entry.id))
+        RewriteLine(row, std::move(*line));
+    else
+        ShowDetail();
 }
 
 void ListPage::RewriteLine(int row, EntryLine line) {

@@ -78,9 +78,9 @@ void frmMain::BuildShortcuts() {
     key(QKeySequence(u"Ctrl+O"_s), [] { OpenDBFile({}); });
     key(QKeySequence(u"F10"_s), [this] { onHeaderButton(u"menu"_s); });
     for (const auto& road : {std::pair{u"Ctrl+N"_s, u"new"_s},
-                                     {u"Ctrl+E"_s, u"edit"_s},
-                                     {u"Ctrl+F"_s, u"find"_s},
-                                     {u"F5"_s, u"reload"_s}})
+                             {u"Ctrl+E"_s, u"edit"_s},
+                             {u"Ctrl+F"_s, u"find"_s},
+                             {u"F5"_s, u"reload"_s}})
         key(QKeySequence(road.first), [this, name = road.second] {
             if (auto* page = GetWinhWnd(tab_)) page->DoMenu(u"key"_s, name);
         });

@@ -191,6 +191,29 @@ TEST_F(ChangeWindows, ChartChangesShowInPlaceAndASettledFailureKeepsWhatWasAppli
               QStringList{u"10"_s});
 }
 
+TEST_F(ChangeWindows, ARenameLeavesAnOpeningThatTheBoxCannotHold) {
+    auto& book = State().gDB;
+    book.Execute(
+        u"update tKind set nAdd=30000000.25, Money=30000000.25, IID=900 where Sort1='0301'; insert into "
+        u"tAccount"
+        u" (Id1,Title1,Type1,Value1,nSign,bIsMain,Date1) values (900,'分类期初余额','0301',30000000.25,1,1,'1900-01-01')"_s);
+    const QString amounts =
+        u"select k.nAdd,k.nReduce,k.Money,a.Value1,a.nSign from tKind k join tAccount a on a.Id1=k.IID"_s;
+    const auto before = Rows(book, amounts);
+    ChartPanel panel(u"tKind"_s, true, nullptr);
+    panel.Reload();
+    panel.Select(u"0301"_s);
+    RegisterDialog(kDlgInput, [](QPoint) {
+        InputDialog input;
+        input.text = u"0301 零钱"_s;
+        input.done = 1;
+    });
+    panel.Edit();
+    EXPECT_EQ(Rows(book, u"select Name1 from tKind where Sort1='0301'"_s), QStringList{u"零钱"_s});
+    EXPECT_EQ(Rows(book, amounts), before);
+    EXPECT_EQ(before.size(), 1);
+}
+
 TEST_F(ChangeWindows, TemplatesAreKeptChosenAndForgotten) {
     auto page = Open<frmAccount>(3);
     State().gDB.Execute(u"update tAccount set Title1='O''Neil 的账' where Id1=3"_s);

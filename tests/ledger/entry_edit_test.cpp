@@ -127,6 +127,18 @@ TEST_F(EntryEditTest, ADeletedEntryLeavesNoTrace) {
     }
 }
 
+TEST_F(EntryEditTest, AnIdThatIsNoneTakesNoForeignEntryAlong) {
+    Post(0);
+    const auto before = Rows(Book(), u"select * from tAccount"_s);
+    int count = -1;
+    Job job;
+    DeleteEntries(Book(), {-1, 0}, job, count);
+    EXPECT_EQ(count, 0);
+    DeleteEntries(Book(), {-1, 3}, job, count);
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(Rows(Book(), u"select * from tAccount"_s).size(), before.size() - 2);
+}
+
 TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopOrAFailureKeepsTheRest) {
     std::vector<qint64> ids;
     for (int i = 0; i < 180; ++i)

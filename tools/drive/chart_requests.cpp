@@ -105,10 +105,8 @@ QJsonObject AnswerTemplateAdd(const QJsonObject& r) {
 }
 
 QJsonObject AnswerTemplateDelete(const QJsonObject& r) {
-    if (!r[u"ids"].isArray()) return Failure(u"missing field: ids"_s);
-    std::vector<qint64> ids;
-    for (const auto& id : r[u"ids"].toArray())
-        ids.push_back(id.toInteger(-1));
-    if (!DeleteTemplatesAsked(State().gDB, ids)) return Refusal({}, {});
+    const auto ids = IdsOf(r);
+    if (!ids) return Failure(u"missing field: ids"_s);
+    if (!DeleteTemplatesAsked(State().gDB, *ids)) return Refusal({}, {});
     return AnswerTemplates(r);
 }

@@ -111,13 +111,6 @@ EntryFilter FilterOf(const QJsonObject& r) {
     return filter;
 }
 
-std::vector<qint64> Ids(const QJsonObject& r) {
-    std::vector<qint64> ids;
-    for (const auto& id : r[u"ids"].toArray())
-        ids.push_back(id.toInteger(-1));
-    return ids;
-}
-
 QJsonObject Missing(const QString& field) {
     return Failure(u"missing field: "_s + field);
 }
@@ -192,10 +185,11 @@ QJsonObject AnswerDelete(const QJsonObject& r) {
 }
 
 QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
-    if (!r[u"ids"].isArray()) return Missing(u"ids"_s);
+    const auto asked = IdsOf(r);
+    if (!asked) return Missing(u"ids"_s);
     const bool records = r[u"list"].toString() == u"records";
     std::vector<qint64> ids;
-    for (const qint64 id : Ids(r)) {
+    for (const qint64 id : *asked) {
         const auto record = records ? FindRow(State().gDB, u"tSubAccItem"_s, id) : std::nullopt;
         if (!records || record) ids.push_back(records ? record->Int(u"AccId") : id);
     }

@@ -73,6 +73,17 @@ QString BoxLog::LastText() const {
     return boxes_.isEmpty() ? QString() : boxes_.last()[u"text"].toString();
 }
 
+std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request) {
+    if (!request[u"ids"].isArray()) return {};
+    std::vector<qint64> ids;
+    for (const auto& value : request[u"ids"].toArray()) {
+        const qint64 id = value.toInteger(-1);
+        if (!value.isDouble() || id < 1) return {};
+        ids.push_back(id);
+    }
+    return ids;
+}
+
 QJsonObject Refusal(const QString& message, const QString& focus) {
     return {{u"ok"_s, false}, {u"message"_s, message}, {u"focus"_s, focus}};
 }

@@ -5,6 +5,9 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <optional>
+#include <vector>
+
 /// The boxes that a request has shown, in order, and how its questions are answered.
 class BoxLog {
  public:
@@ -22,6 +25,9 @@ class BoxLog {
 
 /// Carries out one request on the open book. Never throws.
 QJsonObject Answer(const QJsonObject& request);
+
+/// The whole numbers of the field "ids"; nullopt when it is no list of such.
+std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request);
 
 QJsonObject Refusal(const QString& message, const QString& focus);
 QJsonObject Failure(const QString& error);
