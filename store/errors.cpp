@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kUnknownError = -1;
 
-PendingError Caught(std::exception_ptr failure) noexcept {
+PendingError Caught(const std::exception_ptr& failure) noexcept {
     PendingError error;
     try {
         std::rethrow_exception(failure);

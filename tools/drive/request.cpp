@@ -38,7 +38,7 @@ void SetWorld(const QJsonObject& r, BoxLog& log) {
     log.SetAnswer(r[u"answer"].toString());
     if (r.contains(u"group"_s)) State().nGroup = r[u"group"].toVariant().toInt();
     Job::StopAfter(r.contains(u"stopAfter"_s) ? r[u"stopAfter"].toVariant().toInt() : -1);
-    const auto now = QDateTime::fromString(r[u"now"].toString(), u"yyyy-MM-dd HH:mm:ss"_s);
+    auto now = QDateTime::fromString(r[u"now"].toString(), u"yyyy-MM-dd HH:mm:ss"_s);
     if (now.isValid())
         Outside().now = [now] { return now; };
     else
