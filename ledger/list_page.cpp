@@ -108,7 +108,6 @@ void ListPage::BuildToolbar(const ListPageWords& words) {
 void ListPage::BuildFilters(const ListPageWords& words) {
     comKind = new KestroCombox(ComboxMode::chooseOnly, this);
     comKind->SetLeftIcon(words.kindIcon);
-    comKind->setToolTip(words.comTip);
     btnDate0 = new KestroButton(ButtonLook::date, u"日期1"_s, {}, this);
     btnDate1 = new KestroButton(ButtonLook::date, u"日期2"_s, {}, this);
     btnDate0->setToolTip(

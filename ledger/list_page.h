@@ -30,7 +30,6 @@ struct ListPageWords {
     QString treeTip;
     QString searchPrompt;
     QString newTip, editTip, delTip, printTip, exportTip;
-    QString comTip;
     QString kindIcon;
     std::vector<ListColumn> columns;
     bool hasFlag = true;

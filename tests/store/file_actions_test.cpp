@@ -1,0 +1,58 @@
+// Deleting files and laying out the export folder.
+
+#include "store/file_actions.h"
+
+#include "store/outside.h"
+#include "tests/support/fixture.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FileActions : public Fixture {
+ protected:
+    QString Put(const QString& name, const QByteArray& bytes = "x") {
+        QFile file(Path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+};
+
+}  // namespace
+
+TEST_F(FileActions, DeletingAsksOnlyWhereThereIsNoTrash) {
+    const QString book = Put(u"Buch.jotdb"_s);
+    const QString journal = Put(u"Buch.jotdb-journal"_s);
+    QStringList trashed;
+    Outside().trash = [&trashed](const QString& path) { return trashed << path, QFile::remove(path); };
+    EXPECT_TRUE(DeleteToBin(book.toLower()));
+    EXPECT_EQ(trashed, (QStringList{book, journal}));
+    Outside().trash = [](const QString&) { return false; };
+    Put(u"Buch.jotdb"_s);
+    Put(u"Buch.jotdb-journal"_s);
+    boxes.Expect(u"没有可用的回收站"_s, 0);
+    EXPECT_FALSE(DeleteToBin(book));
+    EXPECT_TRUE(QFile::exists(book));
+    boxes.Expect(u"没有可用的回收站"_s);
+    EXPECT_TRUE(DeleteToBin(book));
+    EXPECT_FALSE(QFile::exists(book) || QFile::exists(journal));
+}
+
+TEST_F(FileActions, TheExportFolderTakesThePagesFilesAnew) {
+    State().gProgramFolder = Path(u"program"_s);
+    QDir().mkpath(Path(u"program/Skin/Html"_s));
+    QDir().mkpath(Path(u"data/Export/Html"_s));
+    Put(u"program/Skin/Html/page.css"_s, "new");
+    Put(u"data/Export/Html/page.css"_s, "old");
+    EXPECT_TRUE(PrepareExportFolder());
+    QFile copied(Path(u"data/Export/Html/page.css"_s));
+    ASSERT_TRUE(copied.open(QIODevice::ReadOnly));
+    EXPECT_EQ(copied.readAll(), QByteArray("new"));
+    State().gDataDir = Put(u"a file"_s);
+    boxes.Expect(u"创建临时文件夹错误!"_s);
+    EXPECT_FALSE(PrepareExportFolder());
+}
