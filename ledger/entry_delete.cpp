@@ -1,7 +1,6 @@
 #include "ledger/entry_delete.h"
 
 #include "ledger/posting.h"
-#include "store/entry_rows.h"
 #include "store/errors.h"
 #include "store/messages.h"
 #include "store/picture_index.h"
@@ -19,18 +18,13 @@ constexpr size_t kSlice = 50;
 
 // Without a transaction of its own, so that a slice can hold many.
 bool Remove(cConnection& book, qint64 id) {
-    const auto row = FindRow(book, u"tAccount"_s, id);
-    if (!row) return false;
-    const qint64 second = row->Int(u"IID");
-    const qint64 record1 = row->Int(u"IIID");
-    const qint64 record2 = row->Int(u"IIID1");
-    UpdateBalance(book, id, u"tKind"_s, u"-"_s);
-    UpdateBalance(book, second, u"tKind"_s, u"-"_s);
-    UpdateBalance(book, record1, u"tSubAcc"_s, u"-"_s);
-    UpdateBalance(book, record2, u"tSubAcc"_s, u"-"_s);
+    const auto ids = TiesOf(book, id);
+    if (!ids) return false;
+    MoveBalances(book, *ids, u"-"_s);
     DeletePictures(book, u"tAccount"_s, id);
-    book.Execute(u"delete from tAccount where "_s + book.WhereIds(u"tAccount"_s, {id, second}));
-    book.Execute(u"delete from tSubAccItem where "_s + book.WhereIds(u"tSubAccItem"_s, {record1, record2}));
+    book.Execute(u"delete from tAccount where "_s + book.WhereIds(u"tAccount"_s, {id, ids->second}));
+    book.Execute(u"delete from tSubAccItem where "_s +
+                 book.WhereIds(u"tSubAccItem"_s, {ids->record1, ids->record2}));
     return true;
 }
 
@@ -81,8 +75,9 @@ void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, 
 
 std::vector<qint64> StillThere(cConnection& book, const std::vector<qint64>& ids) {
     std::vector<qint64> there;
-    for (const qint64 id : ids)
-        if (book.RowOf(u"tAccount"_s, id)) there.push_back(id);
+    for (auto rows = book.Read(u"select Id1 from tAccount where Id1 in("_s + Joined(ids) + u')');
+         rows.Next();)
+        there.push_back(rows.Int(0));
     return there;
 }
 

@@ -13,17 +13,6 @@ namespace {
 const QString kEntries = u"tAccount"_s;
 const QString kRecords = u"tSubAccItem"_s;
 
-PostedIds TiesOf(const cRecordset& main) {
-    return {main.Int(u"Id1"), main.Int(u"IID"), main.Int(u"IIID"), main.Int(u"IIID1")};
-}
-
-void MoveBalances(cConnection& book, const PostedIds& ids, const QString& op) {
-    UpdateBalance(book, ids.main, u"tKind"_s, op);
-    UpdateBalance(book, ids.second, u"tKind"_s, op);
-    UpdateBalance(book, ids.record1, u"tSubAcc"_s, op);
-    UpdateBalance(book, ids.record2, u"tSubAcc"_s, op);
-}
-
 void SetTie(cConnection& book, const QString& column, qint64 value, qint64 row) {
     if (!book.RowOf(kEntries, row)) return;
     book.Execute(u"update tAccount set "_s + column + u"= "_s + QString::number(value) + u" where "_s +
@@ -85,9 +74,9 @@ void ChangeAccount(cConnection& book, const EntryValues& e, size_t slot, bool wa
 // False when the main row has gone.
 bool RewriteEntry(cConnection& book, const EntryValues& e, qint64 main) {
     Transaction save(book);
-    const auto row = FindRow(book, kEntries, main);
-    if (!row) return false;
-    PostedIds ids = TiesOf(*row);
+    const auto ties = TiesOf(book, main);
+    if (!ties) return false;
+    PostedIds ids = *ties;
     MoveBalances(book, ids, u"-"_s);
     RewriteAccountRow(book, ids.main, KindRow(e, kKind1));
     ChangeSecondKind(book, e, ids);
@@ -123,8 +112,10 @@ void TellMissing() {
 }  // namespace
 
 qint64 ResolveMainRow(cConnection& book, qint64 id) {
-    const auto row = FindRow(book, kEntries, id);
-    return row && row->Int(u"bIsMain") == 0 ? row->Int(u"IID") : id;
+    const auto at = book.RowOf(kEntries, id);
+    if (!at) return id;
+    auto row = book.Read(u"select bIsMain,IID from tAccount where rowid="_s + QString::number(*at));
+    return row.Next() && row.Int(0) == 0 ? row.Int(1) : id;
 }
 
 std::optional<LoadedEntry> LoadEntry(cConnection& book, qint64 id) {
@@ -137,7 +128,7 @@ std::optional<LoadedEntry> LoadEntry(cConnection& book, qint64 id) {
         return {};
     }
     EntryValues& e = loaded.values;
-    const PostedIds ids = TiesOf(*row);
+    const qint64 second = row->Int(u"IID"), record1 = row->Int(u"IIID"), record2 = row->Int(u"IIID1");
     e.title = row->Text(u"Title1");
     e.money = MoneyText(row->Number(u"Value1"));
     e.mark = row->Int(u"Mark1") != 0;
@@ -147,12 +138,12 @@ std::optional<LoadedEntry> LoadEntry(cConnection& book, qint64 id) {
     e.note = row->Text(u"Note1");
     e.pictures = row->Text(u"sPic");
     LoadKind(e, kKind1, *row);
-    if (const auto partner = FindRow(book, kEntries, ids.second)) LoadKind(e, kKind2, *partner);
-    LoadAccount(book, e, kAccount1, ids.record1);
-    LoadAccount(book, e, kAccount2, ids.record2);
-    e.kind2On = ids.second > -1;
-    e.toAccount = ids.record1 > -1;
-    e.account2On = ids.record2 > -1;
+    if (const auto partner = FindRow(book, kEntries, second)) LoadKind(e, kKind2, *partner);
+    LoadAccount(book, e, kAccount1, record1);
+    LoadAccount(book, e, kAccount2, record2);
+    e.kind2On = second > -1;
+    e.toAccount = record1 > -1;
+    e.account2On = record2 > -1;
     return loaded;
 }
 

@@ -4,7 +4,7 @@
 #include "store/messages.h"
 #include "store/state.h"
 
-#include <algorithm>
+#include <set>
 
 void ListPage::DeleteCurrent() {
     const int row = KestroList1->CurrentRow();
@@ -29,10 +29,11 @@ void ListPage::DoBtnMenuDelAll() {
 
 // Only lines whose entry is gone leave the list.
 void ListPage::RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids) {
-    const auto standing = StillThere(State().gDB, ids);
+    const auto there = StillThere(State().gDB, ids);
+    const std::set<qint64> standing(there.begin(), there.end());
     std::vector<int> gone;
     for (size_t i = 0; i < rows.size(); ++i)
-        if (std::find(standing.begin(), standing.end(), ids[i]) == standing.end()) gone.push_back(rows[i]);
+        if (!standing.contains(ids[i])) gone.push_back(rows[i]);
     KestroList1->RemoveRows(gone);
     ShowDetail();
 }

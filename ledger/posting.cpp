@@ -100,12 +100,24 @@ PostedIds PostEntry(cConnection& book, const EntryValues& entry) {
     }
     TieRecords(book, ids);
     if (Val(entry.pictures) > 0) ClaimPictures(book, ids.main, ids.second);
-    UpdateBalance(book, ids.main, u"tKind"_s, u"+"_s);
-    UpdateBalance(book, ids.second, u"tKind"_s, u"+"_s);
-    UpdateBalance(book, ids.record1, u"tSubAcc"_s, u"+"_s);
-    UpdateBalance(book, ids.record2, u"tSubAcc"_s, u"+"_s);
+    MoveBalances(book, ids, u"+"_s);
     save.Commit();
     return ids;
+}
+
+std::optional<PostedIds> TiesOf(cConnection& book, qint64 id) {
+    const auto at = book.RowOf(u"tAccount"_s, id);
+    if (!at) return {};
+    auto row = book.Read(u"select IID,IIID,IIID1 from tAccount where rowid="_s + QString::number(*at));
+    if (!row.Next()) return {};
+    return PostedIds{id, row.Int(0), row.Int(1), row.Int(2)};
+}
+
+void MoveBalances(cConnection& book, const PostedIds& ids, const QString& op) {
+    UpdateBalance(book, ids.main, u"tKind"_s, op);
+    UpdateBalance(book, ids.second, u"tKind"_s, op);
+    UpdateBalance(book, ids.record1, u"tSubAcc"_s, op);
+    UpdateBalance(book, ids.record2, u"tSubAcc"_s, op);
 }
 
 void UpdateBalance(cConnection& book, qint64 rowId, const QString& table, const QString& op) {

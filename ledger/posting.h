@@ -4,6 +4,8 @@
 #include "ledger/entry.h"
 #include "store/entry_rows.h"
 
+#include <optional>
+
 struct PostedIds {
     qint64 main = -1;
     qint64 second = -1;   ///< second kind row, -1 none
@@ -18,6 +20,12 @@ PostedIds PostEntry(cConnection& book, const EntryValues& entry);
 /// The rows that typed values make, without ids and ties: slot kKind1 or kKind2, kAccount1 or kAccount2.
 AccountRow KindRow(const EntryValues& entry, size_t slot);
 SubAccItemRow RecordRow(const EntryValues& entry, size_t slot, qint64 main);
+
+/// The ties that a stored tAccount row holds, as of a main row; nullopt when the row is gone.
+std::optional<PostedIds> TiesOf(cConnection& book, qint64 id);
+
+/// UpdateBalance for all rows of an entry.
+void MoveBalances(cConnection& book, const PostedIds& ids, const QString& op);
 
 /// Applies ("+") or takes back ("-") one row's effect on its chart row. rowId is a tAccount id for tKind and
 /// a tSubAccItem id for tSubAcc; -1, an empty table and a vanished row do nothing. Reads the stored row, so a

@@ -14,10 +14,6 @@ namespace {
 
 constexpr int kOwnError = -1;
 
-void Probe(const QString& sql) {
-    if (const auto& hook = cConnection::Seams().beforeStatement) hook(sql);
-}
-
 QString SqlOf(sqlite3_stmt* statement) {
     return QString::fromUtf8(sqlite3_sql(statement));
 }
@@ -61,17 +57,17 @@ QString SqlNumber(double x) {
 
 Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
     sqlite3_stmt* statement = nullptr;
-    const auto text = QString::fromUtf8(sql);
-    Probe(text);
+    if (const auto& hook = cConnection::Seams().beforeStatement) hook(QString::fromUtf8(sql));
     if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()) + 1, &statement, rest) !=
         SQLITE_OK)
-        Fail(text);
+        Fail(QString::fromUtf8(sql));
     return Statement(statement);
 }
 
 bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
     const int code = sqlite3_step(statement);
-    cConnection::Seams().fullScanSteps += sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1);
+    if (const auto& onScan = cConnection::Seams().onScan)
+        if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1) > 0) onScan(sql);
     if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) Fail(sql);
     return false;
@@ -81,8 +77,21 @@ void ConnectionCore::NoteAdded(const QString& table, qint64 id, qint64 row) {
     if (sqlite3_get_autocommit(db) == 0) added[table].insert(id, row);
     const auto known = order.find(table);
     if (known == order.end()) return;
-    known->rising = known->rising && id > known->last;
-    known->last = id;
+    known->second.rising = known->second.rising && id > known->second.last;
+    known->second.last = id;
+}
+
+std::optional<FoundRow> ConnectionCore::RowFrom(RowOrder& table, const QString& name, qint64 row) {
+    const QString sql = u"select rowid, Id1 from "_s + name + u" where rowid>=? order by rowid limit 1"_s;
+    if (!table.probe) table.probe = Prepare(sql.toUtf8());
+    auto* probe = table.probe.get();
+    sqlite3_bind_int64(probe, 1, row);
+    const struct Rest {
+        ~Rest() { sqlite3_reset(probe); }  // no lock stays behind
+        sqlite3_stmt* probe;
+    } rest{probe};
+    if (!Step(probe, sql)) return {};
+    return FoundRow{sqlite3_column_int64(probe, 0), sqlite3_column_int64(probe, 1)};
 }
 
 void ConnectionCore::Fail(const QString& sql) const {
@@ -162,6 +171,7 @@ void cConnection::Execute(const QString& sql) {
 void cConnection::Begin() {
     Execute(u"begin immediate"_s);
     Core().added.clear();
+    Core().version.reset();
 }
 
 void cConnection::Commit() {
@@ -192,8 +202,12 @@ qint64 cConnection::Serial() const {
 }
 
 qint64 cConnection::DataVersion() {
+    auto& core = Core();
+    if (!InTransaction()) core.version.reset();
+    if (core.version) return *core.version;
     auto row = Read(u"pragma data_version"_s);
-    return row.Next() ? row.Int(0) : 0;
+    core.version = row.Next() ? row.Int(0) : 0;
+    return *core.version;
 }
 
 bool cConnection::InTransaction() const {
@@ -273,22 +287,24 @@ std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
         auto row = Read(u"select rowid from "_s + table + u" where Id1="_s + QString::number(id));
         return row.Next() ? std::optional(row.Int(0)) : std::nullopt;
     }
+    auto& order = core.order[name];
+    // Most rows stand as far from their id as the one found before.
+    const auto guess = core.RowFrom(order, name, id + order.ahead);
+    if (guess && guess->id == id) return guess->row;
     auto edges = Read(u"select min(rowid), (select max(rowid) from "_s + table + u") from "_s + table);
     if (!edges.Next()) return {};
     qint64 low = edges.Int(0);
     qint64 high = edges.Int(1);
-    auto probe = Core().Prepare(
-        (u"select rowid, Id1 from "_s + table + u" where rowid>=? order by rowid limit 1"_s).toUtf8());
     while (low <= high) {
         const qint64 middle = low + (high - low) / 2;
-        sqlite3_reset(probe.get());
-        sqlite3_bind_int64(probe.get(), 1, middle);
-        if (!core.Step(probe.get(), table)) return {};
-        const qint64 row = sqlite3_column_int64(probe.get(), 0);
-        const qint64 there = sqlite3_column_int64(probe.get(), 1);
-        if (there == id) return row;
-        if (there < id)
-            low = row + 1;
+        const auto there = core.RowFrom(order, name, middle);
+        if (!there) return {};
+        if (there->id == id) {
+            order.ahead = there->row - id;
+            return there->row;
+        }
+        if (there->id < id)
+            low = there->row + 1;
         else
             high = middle - 1;
     }
@@ -305,7 +321,9 @@ bool cConnection::IdsRise(const QString& table) {
         rising = ids.Int(0) > last;
         last = ids.Int(0);
     }
-    order = {version, rising, last};
+    order.dataVersion = version;
+    order.rising = rising;
+    order.last = last;
     return rising;
 }
 

@@ -160,11 +160,12 @@ class cConnection {
     /// Changes when another connection has changed the file.
     qint64 DataVersion();
 
-    /// Seams of tests: the VFS that Open uses, a hook before each statement, the passes over whole tables.
+    /// Seams of tests: the VFS that Open uses, hooks before each statement and at each step of one that
+    /// passes over a whole table.
     struct Probe {
         QByteArray vfs;
         std::function<void(const QString& sql)> beforeStatement;
-        qint64 fullScanSteps = 0;
+        std::function<void(const QString& sql)> onScan;
     };
     static Probe& Seams();
 

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QString>
 
+#include <map>
+#include <optional>
 #include <sqlite3.h>
 #include <vector>
 
@@ -21,7 +23,14 @@ using AddedRows = QHash<QString, QHash<qint64, qint64>>;
 struct RowOrder {
     qint64 dataVersion = -1;
     bool rising = false;
-    qint64 last = -1;  ///< id of the last row
+    qint64 last = -1;   ///< id of the last row
+    qint64 ahead = 0;   ///< row number less id of the row found last: a guess for the next one
+    Statement probe{};  ///< the first row from a row number on
+};
+
+struct FoundRow {
+    qint64 row = 0;
+    qint64 id = 0;
 };
 
 struct ConnectionCore {
@@ -29,12 +38,16 @@ struct ConnectionCore {
     QString path;
     QString source;  ///< file name, told in errors
     AddedRows added;
-    QHash<QString, RowOrder> order;
+    std::map<QString, RowOrder> order;
+    std::optional<qint64> version;  ///< the data version, which stands still in a transaction
     qint64 serial = NextSerial();
 
     static qint64 NextSerial();
 
-    ~ConnectionCore() { sqlite3_close_v2(db); }
+    ~ConnectionCore() {
+        order.clear();
+        sqlite3_close_v2(db);
+    }
 
     /// Prepares the first statement of sql; rest is what follows it. Null for blanks and comments.
     Statement Prepare(const QByteArray& sql, const char** rest = nullptr);
@@ -42,6 +55,8 @@ struct ConnectionCore {
     bool Step(sqlite3_stmt* statement, const QString& sql);
     /// Takes note of a row that this connection has added to a table (lower-case name).
     void NoteAdded(const QString& table, qint64 id, qint64 row);
+    /// The first row from a row number on.
+    std::optional<FoundRow> RowFrom(RowOrder& table, const QString& name, qint64 row);
     [[noreturn]] void Fail(const QString& sql) const;
 };
 

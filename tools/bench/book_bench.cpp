@@ -4,59 +4,18 @@
 #include "ledger/entry_query.h"
 #include "ledger/frm_account.h"
 #include "ledger/posting.h"
-#include "shell/controls/kestro_check.h"
-#include "shell/controls/kestro_scroll_menu.h"
 #include "store/state.h"
 #include "tools/bench/counting_vfs.h"
-#include "tools/bench/measure.h"
 #include "tools/bench/raw_book.h"
+#include "tools/bench/stage.h"
 
-#include <QApplication>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kReadBound = 1.5, kSaveBound = 2, kSyncBound = 4, kClickBound = 100;
-const QString kBranch = u"04"_s;
-
-void OpenBook(const QString& path) {
-    cConnection::Seams().vfs = CountingVfs();
-    auto& state = State();
-    state.gBooks.assign(1, {path, u"bench"_s, 2016, u"10.0"_s});
-    state.gCurBook = 0;
-    state.LoadDate = u"all"_s;
-    state.gDB.Open(path);
-}
-
-template <class Widget>
-Widget* Control(const QWidget& page, const QString& name) {
-    return dynamic_cast<Widget*>(page.findChild<QWidget*>(name));
-}
-
-/// A window as large as the program's, with its entry page or its list alone.
-template <class Content>
-class Stage {
- public:
-    template <class... Args>
-    explicit Stage(Args&&... args) : content(new Content(&window_, std::forward<Args>(args)...)) {
-        window_.resize(1100, 650);
-        content->setGeometry(window_.rect());
-        window_.show();
-        Settle();
-    }
-    static void Settle() {
-        for (int turn = 0; turn < 5; ++turn)
-            QApplication::processEvents();
-    }
-
- private:
-    QWidget window_;
-
- public:
-    Content* content;
-};
+constexpr double kSyncBound = 4;
 
 void FillAndPaint(KestroList& list, const EntryQuery& query) {
     Job job;
@@ -71,22 +30,6 @@ void FillAndPaint(KestroList& list, const EntryQuery& query) {
 
 std::string PageSql(const EntryQuery& query) {
     return query.Sql().toStdString() + " limit 0,10000";
-}
-
-// The told sums; raw SQLite has no left$, so a branch is asked for by substr.
-struct RawSums {
-    std::string in, out, count;
-};
-
-RawSums RawSumsWhere(const std::string& where) {
-    return {"select sum(Value1) from tAccount where 1" + where + " and nSign=1",
-            "select sum(Value1) from tAccount where 1" + where + " and nSign=-1",
-            "select count(id1) from tAccount where 1" + where};
-}
-
-void ReadRawSums(RawBook& raw, const RawSums& sums) {
-    for (const auto& sql : {sums.in, sums.out, sums.count})
-        raw.Number(sql);
 }
 
 EntryValues Entry() {
@@ -126,10 +69,6 @@ LeanEntry Lean(const EntryValues& e) {
     return lean;
 }
 
-SpeedRow Compared(const QString& action, int entries, const Pair& pair, std::optional<double> bound) {
-    return {action, entries, pair.ours, pair.raw, u"ms"_s, bound};
-}
-
 }  // namespace
 
 void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs) {
@@ -137,7 +76,8 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
     RawBook raw(path.toStdString());
     const auto pageBound = entries < kLinesPerPage ? std::nullopt : std::optional(kReadBound);
     const EntryQuery all = BuildEntryQuery({});
-    const auto allSums = RawSumsWhere(" and bIsMain=1");
+    const auto sums = [&](const std::string& where) { raw.ReadSums("tAccount", where); };
+    const std::string allRows = " and bIsMain=1";
     {
         Stage<KestroList> stage;
         for (const auto& column : EntryPageWords().columns)
@@ -157,23 +97,23 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
         };
         const auto rawReload = [&] {
             raw.Rows(PageSql(all));
-            ReadRawSums(raw, allSums);
+            sums(allRows);
         };
         table.Add(Compared(kReloadAction, entries, InTurns(runs, reload, rawReload), pageBound));
     }
     table.Add(Compared(kSumsAction, entries,
                        InTurns(
-                           runs, [&] { ReadSums(State().gDB, all); }, [&] { ReadRawSums(raw, allSums); }),
+                           runs, [&] { ReadSums(State().gDB, all); }, [&] { sums(allRows); }),
                        kReadBound));
     EntryFilter filter;
-    filter.kind = kBranch;
+    filter.kind = kMeasuredKind;
     const EntryQuery branch = BuildEntryQuery(filter);
-    const auto branchSums = RawSumsWhere(" and substr(Type1,1,2)='" + kBranch.toStdString() + "'");
-    table.Add(
-        Compared(kKindSumsAction, entries,
-                 InTurns(
-                     runs, [&] { ReadSums(State().gDB, branch); }, [&] { ReadRawSums(raw, branchSums); }),
-                 kReadBound));
+    // Raw SQLite has no left$.
+    const std::string branchRows = " and substr(Type1,1,2)='" + kMeasuredKind.toStdString() + "'";
+    table.Add(Compared(kKindSumsAction, entries,
+                       InTurns(
+                           runs, [&] { ReadSums(State().gDB, branch); }, [&] { sums(branchRows); }),
+                       kReadBound));
     State().gDB.Close();
 }
 
@@ -195,36 +135,9 @@ void MeasureSaves(SpeedTable& table, const QString& path, int entries, int runs)
     };
     const double ourSyncs = syncsOf(ours);
     const double rawSyncs = syncsOf(theirs);
-    table.Add(Compared(kSaveAction, entries, InTurns(runs, ours, theirs), kSaveBound));
+    table.Add(Compared(kSaveAction, entries, InTurns(runs, ours, theirs), kWriteBound));
     table.Add({u"  its syncs (bound on the number)"_s, entries, ourSyncs, 0, u"syncs"_s, kSyncBound});
     table.Add({u"  syncs of the lean save"_s, entries, rawSyncs, 0, u"syncs"_s, {}});
     table.Add({u"  the first save after opening"_s, entries, first, 0, u"ms"_s, {}});
-    State().gDB.Close();
-}
-
-void MeasureClicks(SpeedTable& table, const QString& path, int entries, int runs) {
-    OpenBook(path);
-    Stage<frmAccount> stage;
-    auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
-    auto* strip = Control<KestroScrollMenu>(*stage.content, u"KestroScrollMenu1"_s);
-    auto* flag = Control<KestroCheck>(*stage.content, u"chkFlag"_s);
-    const auto add = [&](const QString& name, const std::function<void()>& click) {
-        const auto painted = [&] {
-            click();
-            list->viewport()->repaint();
-        };
-        std::vector<double> times;
-        for (int run = 0; run <= runs; ++run)
-            times.push_back(Milliseconds(painted));
-        table.Add({u"click: "_s + name, entries, Median(times), 0, u"ms"_s, kClickBound});
-    };
-    add(u"a kind in the strip"_s, [&] { strip->onClick(u"title3"_s, kBranch); });
-    add(u"reload of that kind"_s, [&] { stage.content->DoMenu(u"key"_s, u"reload"_s); });
-    add(u"only marked entries"_s, [&] { flag->onChange(true); });
-    add(u"all filters off, book read anew"_s, [&] { stage.content->pTRANSACCOUNT(); });
-    add(u"down one line, with its detail"_s, [&] {
-        list->SetCurrentRow(5000);
-        list->onCurrent(5000);
-    });
     State().gDB.Close();
 }

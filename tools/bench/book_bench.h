@@ -12,9 +12,10 @@ inline const QString kSumsAction = QStringLiteral("sums of the whole book");
 inline const QString kKindSumsAction = QStringLiteral("sums of one kind with its subtree");
 inline const QString kSaveAction = QStringLiteral("save one entry, durable");
 
+/// A kind with a subtree.
+inline const QString kMeasuredKind = QStringLiteral("04");
+
 /// Reads of the book at path: page, reload, sums.
 void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs);
 /// Saves into the book at path, which grows by them.
 void MeasureSaves(SpeedTable& table, const QString& path, int entries, int runs);
-/// Clicks on the entry page of the book at path, in milliseconds to the painted answer.
-void MeasureClicks(SpeedTable& table, const QString& path, int entries, int runs);

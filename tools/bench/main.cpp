@@ -7,7 +7,9 @@
 #include "shell/skin.h"
 #include "store/state.h"
 #include "tools/bench/book_bench.h"
+#include "tools/bench/change_bench.h"
 #include "tools/bench/children.h"
+#include "tools/bench/page_bench.h"
 #include "tools/generate/book_maker.h"
 
 #include <QApplication>
@@ -78,6 +80,10 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
         MeasureStart(table, children, book, entries, quick ? 3 : 9);
         MeasureReads(table, book, entries, quick ? 5 : 11);
         MeasureSaves(table, book, entries, quick ? 11 : 31);
+        MeasureAccountList(table, book, entries, quick ? 5 : 11);
+        MeasureChanges(table, book, entries, quick ? 11 : 31);
+        MeasureKindsPage(table, book, entries, quick ? 5 : 11);
+        if (entries >= kBoundBook) MeasureBulkDeletion(table, book, entries, 3);
     }
     const QString book = folder + u"/clicks.jotdb"_s;
     if (!MakeBook(book, kClickBook)) return false;

@@ -55,6 +55,20 @@ double RawBook::Number(const std::string& sql) {
     return sqlite3_step(statement.get()) == SQLITE_ROW ? sqlite3_column_double(statement.get(), 0) : 0;
 }
 
+void RawBook::ReadSums(const std::string& table, const std::string& where) {
+    const std::string rows = " from " + table + " where 1" + where;
+    Number("select sum(Value1)" + rows + " and nSign=1");
+    Number("select sum(Value1)" + rows + " and nSign=-1");
+    Number("select count(id1)" + rows);
+}
+
+void RawBook::Change(const std::vector<std::string>& statements) {
+    Run("begin immediate");
+    for (const auto& statement : statements)
+        Run(statement);
+    Run("commit");
+}
+
 void RawBook::Save(const LeanEntry& e) {
     Run("begin immediate");
     const auto next = [this](const std::string& table) {

@@ -20,11 +20,15 @@ class RawBook {
 
     explicit RawBook(const std::string& path);
 
-    /// Every row of a query of twelve columns, as texts.
+    /// Every row of a query as texts, the first twelve columns.
     std::vector<Row> Rows(const std::string& sql);
     double Number(const std::string& sql);
+    /// The three sums that a list page shows, of the rows that fit.
+    void ReadSums(const std::string& table, const std::string& where);
     /// One entry in one transaction: rows with their ties, id counters, balances.
     void Save(const LeanEntry& entry);
+    /// Statements in one transaction.
+    void Change(const std::vector<std::string>& statements);
 
  private:
     struct Closing {

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDaysOfYear = 366;  // 2016, the year of an empty book
-constexpr int kPictureEvery = 500;
+constexpr int kPictureEvery = 333;
 
 const std::array kDeeds{u"购买"_s, u"支付"_s, u"收到"_s, u"报销"_s, u"赊销"_s, u"预付"_s, u"退回"_s};
 const std::array kThings{u"办公桌"_s, u"一季度房租"_s,   u"水电费"_s, u"货款"_s, u"工资"_s,

@@ -1,0 +1,59 @@
+#pragma once
+// A book opened as the program opens it, and a window as large as the program's for one of its pages.
+
+#include "tools/bench/measure.h"
+#include "tools/bench/speed_table.h"
+
+#include <QApplication>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+constexpr double kReadBound = 1.5, kWriteBound = 2, kClickBound = 100;
+
+void OpenBook(const QString& path);
+
+/// Statements that pass over all entries while the object lives.
+class EntryPasses {
+ public:
+    EntryPasses();
+    ~EntryPasses();
+    EntryPasses(const EntryPasses&) = delete;
+    EntryPasses& operator=(const EntryPasses&) = delete;
+    double Count() const { return static_cast<double>(statements_.size()); }
+
+ private:
+    QStringList statements_;
+};
+
+template <class Widget>
+Widget* Control(const QWidget& page, const QString& name) {
+    return dynamic_cast<Widget*>(page.findChild<QWidget*>(name));
+}
+
+/// A page or a control, shown and at rest.
+template <class Content>
+class Stage {
+ public:
+    template <class... Args>
+    explicit Stage(Args&&... args) : content(new Content(std::forward<Args>(args)..., &window_)) {
+        window_.resize(1100, 650);
+        content->setGeometry(window_.rect());
+        window_.show();
+        Settle();
+    }
+    static void Settle() {
+        for (int turn = 0; turn < 5; ++turn)
+            QApplication::processEvents();
+    }
+
+ private:
+    QWidget window_;
+
+ public:
+    Content* content;
+};
+
+inline SpeedRow Compared(const QString& action, int entries, const Pair& pair, std::optional<double> bound) {
+    return {action, entries, pair.ours, pair.raw, QStringLiteral("ms"), bound};
+}
