@@ -197,6 +197,22 @@ void SeeAccounts(Tour& tour) {
         },
         [&tour](QWidget* w) {
             tour.Picture(w, u"10-account-page"_s);
+            // Heading, 账户记录, 账户管理.
+            auto* strip = w->findChild<QWidget*>(u"accounts"_s)
+                              ->parentWidget()
+                              ->findChild<QWidget*>(u"KestroScrollMenu1"_s);
+            for (const int key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+                Key(strip, key);
+        });
+    tour.Add(
+        u"accounts in the account page"_s,
+        [] {
+            auto* window = WindowWith("accounts");
+            auto* chart = window ? window->findChild<QWidget*>(u"accounts"_s) : nullptr;
+            return chart && chart->isVisible() ? window : nullptr;
+        },
+        [&tour](QWidget* w) {
+            tour.Picture(w, u"11-accounts"_s);
             Click(Tab(w, u"设  置"_s));
         });
 }
@@ -216,11 +232,11 @@ void AddKind(Tour& tour) {
             Key(money, Qt::Key_A, Qt::ControlModifier);
             TypeText(money, u"-250.5"_s);
             TypeText(Control(w, "editNote"), u"房东"_s);
-            tour.Picture(w, u"11-input-box"_s);
+            tour.Picture(w, u"12-input-box"_s);
             Click(Control(w, "btnEnter"));
         });
     tour.Add(u"the new kind"_s, Settings, [&tour](QWidget* w) {
-        tour.Picture(w, u"12-settings"_s);
+        tour.Picture(w, u"13-settings"_s);
         const QString kind = Lines(
             u"select k.Sort1,k.Name1,k.nReduce,k.Money,a.Title1,a.Value1,a.nSign from"
             u" tKind k join tAccount a on a.Id1=k.IID where k.Sort1='0304'"_s);
@@ -238,7 +254,7 @@ void DeleteEntry(Tour& tour) {
     tour.Add(
         u"question before deleting"_s, [] { return MessageWith(u"确定"_s); },
         [&tour](QWidget* w) {
-            tour.Picture(w, u"13-delete-question"_s);
+            tour.Picture(w, u"14-delete-question"_s);
             Key(w, Qt::Key_Return);
         });
     tour.Add(
