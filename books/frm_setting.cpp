@@ -59,6 +59,7 @@ void frmSetting::OpenSub(const QString& key) {
     KestroScrollMenu1->Select(kSection, key);
     kinds_->setVisible(panel == kinds_);
     accounts_->setVisible(panel == accounts_);
+    setFocusProxy(panel);
     panel->Reload();
 }
 
@@ -71,6 +72,7 @@ void frmSetting::DoKindAcc(const QString& table, const QString& code, const QStr
     OpenSub(key);
     auto* panel = Panel(key);
     if (!code.isEmpty()) panel->Select(code);
+    panel->setFocus();
     if (action == u"New") panel->New();
     if (action == u"Edit") panel->Edit();
     if (action == u"Del") panel->Del();

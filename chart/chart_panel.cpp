@@ -3,6 +3,7 @@
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
+#include "store/errors.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/notices.h"
@@ -71,6 +72,7 @@ void ChartPanel::BuildList() {
     list->DefineColumn({u"note"_s, u"备注"_s, 160, 60, u"string"_s, ListColor::dim, false, {}});
     list->onDoubleClick = [this](int, int) { Edit(); };
     list->onDelete = [this] { Del(); };
+    setFocusProxy(list);
     ResetGroup();
 }
 
@@ -121,10 +123,9 @@ bool ChartPanel::Ask(const QString& title, const QString& prompt, const ChartRec
         input.memo = start->note;
         input.other = start->hide ? 1 : 0;
         input.money = Hundredths(start->oldOpening).value_or(0);
-        input.otherDisabled = IsKinds() && start->code == u"00" ? 1 : 0;
+        input.otherDisabled = IsKinds() && start->code == kReservedKind ? 1 : 0;
     }
-    OpenModal(kDlgInput);
-    return input.done != 0;
+    return OpenModal(kDlgInput) && input.done != 0;
 }
 
 TypedRow ChartPanel::Typed() {
@@ -132,15 +133,30 @@ TypedRow ChartPanel::Typed() {
     return {input.text, input.money / 100.0, input.memo, input.otherChecked != 0};
 }
 
+void ChartPanel::Run(const QString& code, const std::function<void()>& change) {
+    PendingError failed;
+    if (Succeeds(change, &failed)) return;
+    // Statements before the failing one stay applied, so all windows show what the book now holds.
+    Succeeds([&] {
+        Reload();
+        Select(code);
+        Tell();
+    });
+    LastError() = failed;
+    ReportError({});
+}
+
 void ChartPanel::New() {
     const bool kinds = IsKinds();
     const QString prompt = kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s
                                  : u"账户编号名称(编号+空格，如：0102 华东区上海)"_s;
     if (!Ask(kinds ? u"新增分类"_s : u"新增账户"_s, prompt, nullptr)) return;
-    const auto added = NewRow(State().gDB, table_, Typed());
-    if (!added) return;
-    Append(added->id, added->record);
-    Tell();
+    Run({}, [this] {
+        const auto added = NewRow(State().gDB, table_, Typed());
+        if (!added) return;
+        Append(added->id, added->record);
+        Tell();
+    });
 }
 
 void ChartPanel::Append(qint64 id, const ChartRecord& record) {
@@ -165,19 +181,21 @@ void ChartPanel::Edit() {
     auto record = ReadChartRecord(State().gDB, id, table_);
     if (!record) return;
     const bool kinds = IsKinds();
-    const QString title = kinds && record->code == u"00" ? u"系统预留分类，不可修改"_s
-                          : kinds                        ? u"修改分类名称"_s
-                                                         : u"修改账户名称"_s;
+    const QString title = kinds && record->code == kReservedKind ? u"系统预留分类，不可修改"_s
+                          : kinds                                ? u"修改分类名称"_s
+                                                                 : u"修改账户名称"_s;
     const QString prompt =
         kinds ? u"分类编号名称(编号+空格，如：0102 生产成本)"_s : u"账户编号名称(编号+空格，如：01 华东区)"_s;
     if (!Ask(title, prompt, &*record)) return;
     TypedRow typed = Typed();
     // An amount that the box could not show to its last place is not changed by leaving it alone.
-    if (InputDialog().money == Hundredths(record->oldOpening).value_or(0)) typed.opening = record->oldOpening;
-    const auto changed = ChangeRow(State().gDB, table_, *record, typed);
-    if (!changed) return;
-    ShowChanged(row, *changed);
-    Tell();
+    if (!InputDialog().moneyTyped) typed.opening = record->oldOpening;
+    Run(KestroList1_->RowKey(row), [&] {
+        const auto changed = ChangeRow(State().gDB, table_, *record, typed);
+        if (!changed) return;
+        ShowChanged(row, *changed);
+        Tell();
+    });
 }
 
 void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
@@ -207,7 +225,10 @@ void ChartPanel::Del() {
         KestroList1_->RemoveRows({row});
         KestroList1_->SetCurrentRow(-1);
     };
-    if (DeleteRowAsked(State().gDB, KestroList1_->RowKey(row), table_, removeLine)) Tell();
+    const QString code = KestroList1_->RowKey(row);
+    Run(code, [&] {
+        if (DeleteRowAsked(State().gDB, code, table_, removeLine)) Tell();
+    });
 }
 
 void ChartPanel::Tell() const {

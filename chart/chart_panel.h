@@ -34,6 +34,8 @@ class ChartPanel : public QWidget {
     bool IsKinds() const;
     /// Shows frmInput over its record; true when it was confirmed.
     bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
+    /// Carries out a change of the row of a code; a failing statement is told after the lists are fresh.
+    void Run(const QString& code, const std::function<void()>& change);
     void Append(qint64 id, const ChartRecord& record);
     void ShowChanged(int row, const ChartRecord& record);
     /// What stands in the input box's record.

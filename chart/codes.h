@@ -9,6 +9,9 @@
 
 #include <vector>
 
+/// The reserved kind 余额调整, other side of the accounts' opening balances.
+inline const QString kReservedKind = QStringLiteral("00");
+
 struct CodeName {
     QString code;
     QString name;

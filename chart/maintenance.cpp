@@ -89,7 +89,7 @@ QStringList ChartCells(int number, const ChartRecord& record, bool leaf) {
     return {QString::number(number),
             IndentByDepth(record.code) + record.name,
             record.hide ? u"隐藏"_s : QString(),
-            figure(record.newOpening),
+            leaf ? PlainNumber(record.newOpening) : kNoFigure,
             figure(record.added),
             figure(record.reduced),
             figure(record.balance),
@@ -127,7 +127,8 @@ CodeName CheckNewRow(cConnection& book, const QString& text, const QString& tabl
     const bool kinds = IsKinds(table);
     CodeName row = ParseCodeName(text);
     if (row.code.isEmpty()) return {};
-    if (kinds && Refused(row.code.startsWith(u"00"_s), u"系统保留分类【00】不可新增下一级!"_s)) return {};
+    if (kinds && Refused(row.code.startsWith(kReservedKind), u"系统保留分类【00】不可新增下一级!"_s))
+        return {};
     if (Refused(HasRow(book, u"select Sort1 from "_s + table + u" where Sort1="_s + Quote(row.code)),
                 kinds ? u"该编号的分类已存在!"_s : u"该编号的账户已存在!"_s))
         return {};
@@ -188,7 +189,8 @@ bool CheckNameChange(cConnection& book, const QString& code, const QString& name
 
 bool MayDeleteRow(cConnection& book, const QString& code, const QString& table) {
     const bool kinds = IsKinds(table);
-    if (kinds && Refused(code == u"00", u"【余额调整】是软件『保留分类』，不可删除！"_s)) return false;
+    if (kinds && Refused(code == kReservedKind, u"【余额调整】是软件『保留分类』，不可删除！"_s))
+        return false;
     const QString used =
         kinds ? u"select Type1,IID from tAccount where type1="_s + Quote(code) + u" and IID<>9999"_s
               : u"select SubAccKey from tSubAccItem where SubAccKey="_s + Quote(code);

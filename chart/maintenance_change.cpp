@@ -155,7 +155,7 @@ std::optional<ChartRecord> ChangeRow(cConnection& book, const QString& table, co
     ChartRecord wanted = stored;
     wanted.code = row.code;
     wanted.name = row.name;
-    wanted.hide = typed.hide;
+    wanted.hide = stored.code == kReservedKind && table.toLower() == u"tkind" ? stored.hide : typed.hide;
     wanted.note = typed.note;
     wanted.newOpening = typed.opening;
     const auto save = table.toLower() == u"tkind" ? SaveKindChange : SaveAccountChange;

@@ -1,5 +1,6 @@
 #include "chart/opening_balance.h"
 
+#include "chart/codes.h"
 #include "store/book_format.h"
 #include "store/entry_rows.h"
 #include "store/money.h"
@@ -12,7 +13,6 @@ namespace {
 
 const QString kDate = u"1900-01-01"_s;
 const QString kTime = u"08:30"_s;
-const QString kReservedCode = u"00"_s;
 const QString kReservedName = u"↑↓余额调整"_s;
 
 AccountRow OpeningRow(cConnection& book, double amount) {
@@ -42,7 +42,7 @@ AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QS
                                       const QString& name) {
     AccountRow row = OpeningRow(book, amount);
     row.Title1 = u"账户期初余额"_s;
-    row.Type1 = kReservedCode;
+    row.Type1 = kReservedKind;
     row.TypeName1 = kReservedName;
     row.Note1 = u"建账户时的期初余额"_s;
     auto stored = InsertAccountRow(book, row);

@@ -42,10 +42,9 @@ void frmAccount::Connect() {
     notices_.push_back(Notices().entrySaved.Subscribe([this](qint64 id) { AppendEntry(id); }));
     notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
         if (table.toLower() != u"tkind") return;
-        const QString followed = sKind;
         LoadComkindData();
         ReloadScroll();
-        if (sKind != followed) ReloadData();
+        if (!State().gBusy) ReloadData();
     }));
 }
 

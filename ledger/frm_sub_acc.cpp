@@ -112,9 +112,9 @@ bool frmSubAcc::CheckLine(int row) {
 }
 
 std::optional<EntryLine> frmSubAcc::ReadLineAgain(int row, qint64) {
-    const qint64 record = KestroList1->RowKey(row).toLongLong();
-    auto line = ReadOneRecord(State().gDB, record, KestroList1->Cell(row, kColNo).toInt());
-    return line;
+    if (!CheckLine(row)) return {};  // the change took the account away
+    return ReadOneRecord(State().gDB, KestroList1->RowKey(row).toLongLong(),
+                         KestroList1->Cell(row, kColNo).toInt());
 }
 
 void frmSubAcc::DoBtnMenuDelAll() {

@@ -56,6 +56,7 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words) : Page(parent) {
     NameControls();
     ConnectShared(words);
     KestroCalendar1->onPick = [this](QDate date) { PickDate(date); };
+    setFocusProxy(KestroList1);
     TimerLoadData.setSingleShot(true);
     TimerLoadData.setInterval(kLoadDelayMs);
     TimerLoadData.callOnTimeout([this] { RunEvent([this] { FirstLoad(); }); });
@@ -220,6 +221,7 @@ void ListPage::ShowOther(QWidget* other) {
     other_ = other;
     ShowControls();
     if (other_) other_->show();
+    setFocusProxy(other_ ? other_ : KestroList1);
     Arrange();
 }
 

@@ -25,7 +25,7 @@ struct Places {
     int id, entry, title, code, name, value, sign, date, time;
 };
 
-EntryLine LineOf(const cReader& row, const Places& at, int number, const QString& blanks,
+EntryLine LineOf(const cReader& row, const Places& at, qint64 number, const QString& blanks,
                  const QString& rmb) {
     const QString money = MoneyText(row.Number(at.value));
     const bool add = row.Int(at.sign) == 1;
@@ -56,15 +56,17 @@ EntryQuery BuildRecordQuery(const EntryFilter& f) {
 
 bool ReadRecordLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                      const std::function<void(EntryLine&&)>& take) {
-    const int first = page * kLinesPerPage;
+    const qint64 first = static_cast<qint64>(page) * kLinesPerPage;
     auto rows = book.Read(query.Sql() + u" limit "_s + QString::number(first) + u',' +
                           QString::number(kLinesPerPage));
     const Places at(rows);
     double balance = 0;
     for (int n = 1; rows.Next(); ++n) {
-        const double signedValue = rows.Number(at.value) * (rows.Int(at.sign) == 1 ? 1 : -1);
-        balance += signedValue;
-        take(LineOf(rows, at, first + n, u" "_s, MoneyText(query.all ? signedValue : balance)));
+        const double value = rows.Number(at.value);
+        const auto sign = rows.Int(at.sign);
+        balance += sign == 1 ? value : -value;
+        take(LineOf(rows, at, first + n, u" "_s,
+                    MoneyText(query.all ? value * static_cast<double>(sign) : balance)));
         job.Step(n);
         if (job.Stopped()) return false;
     }

@@ -134,6 +134,7 @@ void frmMain::SetFormTab(int index) {
     if (tab_ >= 0) ShowPage(tab_, false);
     tab_ = index;
     SelectTab(index);
+    if (auto* page = GetWinhWnd(index)) page->setFocus();
 }
 
 Page* frmMain::LoadPage(int index) {

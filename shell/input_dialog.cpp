@@ -158,7 +158,7 @@ void frmInput::DoMenu(const QString& menu, const QString& key) {
 
 void frmInput::Accept() {
     if (txtMoney_) {
-        const auto amount = Hundredths(Val(FixedText(Val(txtMoney_->text()))));
+        const auto amount = TypedHundredths(txtMoney_->text());
         if (!amount) {
             txtMoney_->SetWrong(true);
             txtMoney_->setFocus();
@@ -166,6 +166,7 @@ void frmInput::Accept() {
             return;
         }
         record_.money = *amount;
+        record_.moneyTyped = txtMoney_->isModified() ? 1 : 0;
     }
     record_.done = 1;
     record_.text = txtNote_->text();

@@ -14,7 +14,7 @@ class KestroText;
 /// Reads and answers the fields of one record (InputDialog). Cancel and Escape leave all but `done` alone.
 /// With a mode of 1 or more it is the form of a kind: label2 is the caption of the amount and label3 the hint
 /// under it, 期初余额: and the advice on levels when they are empty; the check box is 隐藏 with its tip.
-/// An amount whose hundredths do not fit 32 bits is refused, and the dialog stays open.
+/// An amount that is no number or whose hundredths do not fit 32 bits is refused, and the dialog stays open.
 class frmInput : public KestroDialog {
  public:
     explicit frmInput(DialogRecord& record, QWidget* parent = nullptr);

@@ -68,6 +68,7 @@ struct InputDialog {
           money(r.Num1),
           mode(r.Num2),
           otherDisabled(r.Flag2),
+          moneyTyped(r.Flag2),
           other(r.Flag3),
           otherChecked(r.Flag4) {}
     int& done;  ///< in: show the memo row; out: confirmed
@@ -79,7 +80,8 @@ struct InputDialog {
     QString& startText;  ///< in: the text that stands in the box at first
     int& money;          ///< whole hundredths, in and out
     int& mode;           ///< 0: a password; 1 or more: plain text with the amount and the check box
-    int& otherDisabled;
+    int& otherDisabled;  ///< in
+    int& moneyTyped;     ///< out: the amount was typed, which a value alone does not tell
     int& other;
     int& otherChecked;
 };

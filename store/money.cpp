@@ -237,6 +237,12 @@ std::optional<int> Hundredths(double amount) {
     return static_cast<int>(whole);
 }
 
+std::optional<int> TypedHundredths(const QString& text) {
+    if (text.trimmed().isEmpty()) return 0;
+    const auto amount = NumericValue(text);
+    return amount ? Hundredths(*amount) : std::nullopt;
+}
+
 QString GroupNumber(double x, const QString& separator, const QString& zeroText) {
     return GroupText(PlainNumber(x), State().nGroup, separator, zeroText);
 }

@@ -37,6 +37,8 @@ bool IsMoney(double x);
 
 /// Whole hundredths of an amount, if they fit 32 bits.
 std::optional<int> Hundredths(double amount);
+/// Those of a text; 0 for a blank one, nullopt for one that is no number.
+std::optional<int> TypedHundredths(const QString& text);
 
 /// x in groups of State().nGroup digits (3 or 4, otherwise none); zeroText when it rounds to 0.
 /// Decimals beyond two survive.

@@ -31,6 +31,8 @@ QString IndentByDepth(const QString& text, bool nbsp) {
 
 QString OneLine(const QString& text) {
     QString line = text;
-    line.replace(u"\r\n"_s, u" "_s);
-    return line.replace(u'\n', u' ').replace(u'\r', u' ');
+    line.replace(u"\r\n"_s, u" "_s).remove(QChar(u'\0'));
+    for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'})
+        line.replace(QChar(c), u' ');
+    return line;
 }

@@ -4,6 +4,7 @@
 #include "shell/skin.h"
 #include "store/errors.h"
 #include "store/money.h"
+#include "store/text.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -22,13 +23,6 @@ constexpr int kIconGap = 7;
 constexpr double kRadius = 4;
 // QLineEdit keeps this much free at both sides of its text by itself.
 constexpr int kOwnMargin = 2;
-
-QString WithoutLineBreaks(QString text) {
-    text.replace(u"\r\n"_s, u" "_s);
-    for (const char16_t c : {u'\r', u'\n', u'\u2028', u'\u2029'})
-        text.replace(QChar(c), u' ');
-    return text;
-}
 }  // namespace
 
 KestroText::KestroText(TextMode mode, QWidget* parent) : QLineEdit(parent) {
@@ -137,11 +131,12 @@ void KestroText::Edited() {
 void KestroText::CleanEdit() {
     const QString was = text();
     const auto clean = [this](const QString& t) {
-        return mode_ == TextMode::amount ? CleanAmount(t) : WithoutLineBreaks(t);
+        return mode_ == TextMode::amount ? CleanAmount(t) : OneLine(t);
     };
     if (clean(was) == was) return;
     const auto cursor = clean(was.left(cursorPosition())).size();
     setText(clean(was));
+    setModified(true);
     setCursorPosition(static_cast<int>(cursor));
 }
 

@@ -319,7 +319,7 @@ TEST_F(MaintenanceTest, TheListShowsFiguresAtTheLastLevelAndCountsNoEntries) {
         if (line.code.startsWith(u"03"_s) || line.code.startsWith(u"07"_s)) shown << line.cells.join(u'|');
     EXPECT_EQ(
         shown,
-        (QStringList{u"8|03资产||-|-|-|-|"_s, u"9|      0301现金|隐藏|12.50|12.50|0|12.50|钱包"_s,
+        (QStringList{u"8|03资产||-|-|-|-|"_s, u"9|      0301现金|隐藏|12.5|12.50|0|12.50|钱包"_s,
                      u"10|      0302银行存款||-|-|-|-|"_s, u"11|            030201农行||0|5000|2100|2900|"_s,
                      u"12|            030202工行||0|0|0|0|"_s, u"13|      0303应收款||0|8500|0|8500|"_s,
                      u"16|            070801孤||0|1|0|1|"_s}));

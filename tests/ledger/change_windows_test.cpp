@@ -56,6 +56,7 @@ class ChangeWindows : public UiFixture {
             title_ = input.text;
             input.text = text;
             input.money = hundredths;
+            input.moneyTyped = 1;
             input.otherChecked = hide ? 1 : 0;
             input.done = 1;
         });
@@ -158,7 +159,7 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     EXPECT_EQ(list->RowCount(), 4);
     OnInputBox(u"04 ABC"_s, 12550, true);
     QTest::mouseClick(Find<QWidget>(page.get(), "btnNew"), Qt::LeftButton);
-    EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.50"_s, u"125.50"_s, u"0"_s,
+    EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.5"_s, u"125.50"_s, u"0"_s,
                                               u"125.50"_s, QString()}));
     EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 5);  // hidden accounts are not offered
     EXPECT_EQ(Rows(State().gDB,

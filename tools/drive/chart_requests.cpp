@@ -5,6 +5,7 @@
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
+#include "store/text.h"
 #include "tools/drive/request.h"
 
 #include <algorithm>
@@ -31,11 +32,11 @@ std::optional<ChartRecord> RecordOfCode(const QString& table, const QString& cod
 
 // What the input box would hold; false after its refusal of the amount.
 bool TypedOf(const QJsonObject& r, TypedRow& typed) {
-    if (r.contains(u"text"_s)) typed.text = r[u"text"].toString();
+    if (r.contains(u"text"_s)) typed.text = OneLine(r[u"text"].toString());
     if (r.contains(u"note"_s)) typed.note = r[u"note"].toString();
     if (r.contains(u"hide"_s)) typed.hide = r[u"hide"].toBool();
     if (!r.contains(u"money"_s)) return true;
-    const auto hundredths = Hundredths(Val(CleanAmount(r[u"money"].toString())));
+    const auto hundredths = TypedHundredths(CleanAmount(r[u"money"].toString()));
     if (!hundredths) {
         ShowMsg(u"金额不正确!"_s);
         return false;

@@ -111,6 +111,10 @@ EntryFilter FilterOf(const QJsonObject& r) {
     return filter;
 }
 
+int PageOf(const QJsonObject& r) {
+    return std::max(0, r[u"page"].toInt());
+}
+
 QJsonObject Missing(const QString& field) {
     return Failure(u"missing field: "_s + field);
 }
@@ -204,7 +208,7 @@ QJsonObject AnswerList(const QJsonObject& r) {
     QJsonArray lines;
     {
         Job job;
-        ReadLines(book, query, r[u"page"].toVariant().toInt(), job, [&](EntryLine&& line) {
+        ReadLines(book, query, PageOf(r), job, [&](EntryLine&& line) {
             lines.append(QJsonObject{{u"key"_s, line.key}, {u"cells"_s, CellsOf(line.cells)}});
         });
         if (job.Stopped()) TellStopped();
@@ -228,7 +232,7 @@ QJsonObject AnswerRecords(const QJsonObject& r) {
     QJsonArray lines;
     {
         Job job;
-        ReadRecordLines(book, query, r[u"page"].toVariant().toInt(), job, [&](EntryLine&& line) {
+        ReadRecordLines(book, query, PageOf(r), job, [&](EntryLine&& line) {
             lines.append(QJsonObject{
                 {u"key"_s, line.key}, {u"sub"_s, line.subKey}, {u"cells"_s, CellsOf(line.cells)}});
         });

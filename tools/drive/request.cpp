@@ -34,6 +34,33 @@ const std::map<QString, Handler>& Handlers() {
     return handlers;
 }
 
+// A null stands for a field that is absent.
+QJsonObject WithoutNulls(const QJsonObject& r) {
+    QJsonObject kept;
+    for (auto field = r.begin(); field != r.end(); ++field)
+        if (!field->isNull()) kept.insert(field.key(), *field);
+    return kept;
+}
+
+// Name of the first field of another type than told: read as an empty one, it would erase what is stored.
+QString BadField(const QJsonObject& r) {
+    using Type = QJsonValue::Type;
+    static const std::map<Type, QStringList> told{
+        {Type::String, {u"answer"_s, u"now"_s,           u"title"_s, u"money"_s, u"date"_s,
+                        u"hour"_s,   u"minute"_s,        u"kind"_s,  u"kind2"_s, u"account"_s,
+                        u"note"_s,   u"account2"_s,      u"pic"_s,   u"list"_s,  u"accountValue"_s,
+                        u"text"_s,   u"account2Value"_s, u"date1"_s, u"date2"_s, u"table"_s,
+                        u"action"_s, u"code"_s,          u"fn"_s}},
+        {Type::Bool,
+         {u"kindAdd"_s, u"kind2Add"_s, u"accountAdd"_s, u"account2Add"_s, u"mark"_s, u"kind2On"_s,
+          u"toAccount"_s, u"account2On"_s, u"hide"_s}},
+        {Type::Double, {u"id"_s, u"page"_s, u"group"_s, u"stopAfter"_s}}};
+    for (const auto& [type, fields] : told)
+        for (const auto& field : fields)
+            if (r.contains(field) && r[field].type() != type) return field;
+    return {};
+}
+
 void SetWorld(const QJsonObject& r, BoxLog& log) {
     log.SetAnswer(r[u"answer"].toString());
     if (r.contains(u"group"_s)) State().nGroup = r[u"group"].toVariant().toInt();
@@ -92,12 +119,16 @@ QJsonObject Failure(const QString& error) {
     return {{u"ok"_s, false}, {u"error"_s, error}};
 }
 
-QJsonObject Answer(const QJsonObject& request) {
+QJsonObject Answer(const QJsonObject& given) {
+    const QJsonObject request = WithoutNulls(given);
     const auto handler = Handlers().find(request[u"cmd"].toString());
+    const QString bad = BadField(request);
     BoxLog log;
     QJsonObject answer;
     if (handler == Handlers().end()) {
         answer = Failure(u"unknown command"_s);
+    } else if (!bad.isEmpty()) {
+        answer = Failure(u"bad field: "_s + bad);
     } else {
         const int nGroup = State().nGroup;
         SetWorld(request, log);
