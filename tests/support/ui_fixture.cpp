@@ -2,7 +2,11 @@
 
 #include "app/windows.h"
 #include "shell/commands.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_edit_box.h"
+#include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"
+#include "shell/input_dialog.h"
 #include "shell/menus.h"
 #include "shell/page.h"
 #include "store/dialogs.h"
@@ -49,6 +53,29 @@ void UiFixture::RegisterAll() {
     Outside() = world;
     Outside().yield = yield;
     Commands().tellAgent = [](int) {};
+}
+
+void UiFixture::OnInputBox(const InputTyped& typed) {
+    RegisterDialog(kDlgInput, [this, typed](QPoint) {
+        frmInput box(State().gDlg[kDlgInput]);
+        auto* text = Find<KestroText>(&box, "txtNote");
+        auto* money = Find<KestroText>(&box, "txtMoney");
+        auto* memo = Find<KestroEditBox>(&box, "editNote");
+        auto* hide = Find<KestroCheck>(&box, "chkOther");
+        inputShown_ = {box.windowTitle(), text->text(),      money->text(),
+                       memo->Text(),      hide->IsChecked(), hide->isEnabled()};
+        const auto type = [](KestroText* into, const std::optional<QString>& what) {
+            if (!what) return;
+            into->selectAll();
+            QTest::keyClick(into, Qt::Key_Delete);
+            TypeInto(into, *what);
+        };
+        type(text, typed.text);
+        type(money, typed.money);
+        if (typed.memo) memo->SetText(*typed.memo);
+        if (typed.hide) hide->SetChecked(*typed.hide);
+        QTest::mouseClick(Find<QWidget>(&box, "btnEnter"), Qt::LeftButton);
+    });
 }
 
 bool UiFixture::Wait(const std::function<bool()>& done) {

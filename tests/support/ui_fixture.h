@@ -10,6 +10,19 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
+
+/// The form of a kind or an account as it opened.
+struct InputSeen {
+    QString title, start, money, memo;
+    bool hide = false;
+    bool mayHide = true;
+};
+/// What is typed into it; what is absent is left as it stands.
+struct InputTyped {
+    std::optional<QString> text, money, memo;
+    std::optional<bool> hide;
+};
 
 class UiFixture : public Fixture {
  protected:
@@ -20,8 +33,14 @@ class UiFixture : public Fixture {
     void OpenSettingsStore();
     /// Everything registered as the program does, with the script of boxes in place of the message window.
     void RegisterAll();
+    /// Fills the next input boxes in by keys and presses 确定. What they showed is in InputShown.
+    void OnInputBox(const InputTyped& typed);
+    const InputSeen& InputShown() const { return inputShown_; }
     /// Waits for paint, timers and posted events until done answers true; false after two seconds.
     static bool Wait(const std::function<bool()>& done);
+
+ private:
+    InputSeen inputShown_;
 };
 
 /// The control of this name and type below a window.

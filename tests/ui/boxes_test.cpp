@@ -8,6 +8,7 @@
 #include "shell/input_dialog.h"
 #include "shell/message_box.h"
 #include "store/messages.h"
+#include "tests/support/ui_fixture.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -179,23 +180,45 @@ TEST_F(Boxes, InputCarriesItsFieldsOut) {
     }
 }
 
-TEST_F(Boxes, InputRefusesAnAmountThatDoesNotFit) {
+TEST_F(Boxes, InputRefusesWhatIsNoAmountAndStaysOpen) {
     QStringList shown;
     MessageSlot() = [&](const MessageRequest& request) {
         shown += request.text;
         return 1;
     };
-    DialogRecord record;
-    record.Num1 = 0;
-    record.Num2 = 7;
-    frmInput dialog(record);
-    dialog.show();
-    dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s))->setText(u"21474836.48"_s);
-    QTest::mouseClick(Child(dialog, u"btnEnter"_s), Qt::LeftButton);
-    EXPECT_EQ(shown, QStringList(u"金额不正确!"_s));
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(record.Flag1, 0);
-    EXPECT_EQ(record.Num1, 0);
+    for (const QString& typed : {u"21474836.48"_s, u"abc"_s, u"12x"_s, u"1.2.3"_s}) {
+        DialogRecord record;
+        record.Num1 = 6000;
+        record.Num2 = 7;
+        frmInput dialog(record);
+        dialog.show();
+        dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s))->setText(typed);
+        QTest::mouseClick(Child(dialog, u"btnEnter"_s), Qt::LeftButton);
+        EXPECT_EQ(shown, QStringList(u"金额不正确!"_s)) << qPrintable(typed);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(record.Flag1, 0);
+        EXPECT_EQ(record.Num1, 6000);
+        shown.clear();
+    }
+}
+
+TEST_F(Boxes, InputTellsWhetherTheAmountWasTyped) {
+    struct Case {
+        QString keys;
+        int typed, hundredths;
+    };
+    for (const auto& c : {Case{{}, 0, 0}, {u"0"_s, 1, 0}, {u"1,000"_s, 1, 100000}}) {
+        DialogRecord record;
+        record.Num1 = 0;
+        record.Num2 = 7;
+        frmInput dialog(record);
+        auto* money = dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s));
+        money->selectAll();
+        TypeInto(money, c.keys);
+        QTest::mouseClick(Child(dialog, u"btnEnter"_s), Qt::LeftButton);
+        EXPECT_EQ(record.Flag2, c.typed) << qPrintable(c.keys);
+        EXPECT_EQ(record.Num1, c.hundredths);
+    }
 }
 
 TEST_F(Boxes, InputLeavesTheRecordAloneWhenCancelled) {
