@@ -131,10 +131,12 @@ void frmMain::FillHost() {
 void frmMain::SetFormTab(int index) {
     if (index < 0 || index >= kTabs || index == tab_ || !HasPageFactory(index)) return;
     ShowPage(index, true);
-    if (tab_ >= 0) ShowPage(tab_, false);
+    if (tab_ >= 0) {
+        ShowPage(tab_, false);
+        GetWinhWnd(index)->setFocus();
+    }
     tab_ = index;
     SelectTab(index);
-    if (auto* page = GetWinhWnd(index)) page->setFocus();
 }
 
 Page* frmMain::LoadPage(int index) {
