@@ -34,3 +34,20 @@ void SetShape(EntryValues& e, int shape) {
         e.accountValue[1] = u"7.25"_s;
     }
 }
+
+EntryValues RichEntry() {
+    auto e = SampleEntry(u"O'Neil 的货款"_s, u"20.5"_s);
+    SetShape(e, kShapes - 1);
+    Choose(e, kKind1, u"0201"_s, u"办公费用"_s, false);
+    Choose(e, kKind2, u"0301"_s, u"现金"_s, true);
+    Choose(e, kAccount1, u"01"_s, u"东华公司"_s, false);
+    Choose(e, kAccount2, u"0301"_s, u"软件开发"_s, true);
+    e.accountValue = {u"3.25"_s, u"17.25"_s};
+    e.date = u"2016-12-31"_s;
+    e.hour = u"23"_s;
+    e.minute = u"05"_s;
+    e.note = u"第一行\n'第二行'"_s;
+    e.mark = true;
+    e.pictures = u"2"_s;
+    return e;
+}

@@ -11,3 +11,5 @@ EntryValues SampleEntry(const QString& title, const QString& money);
 void Choose(EntryValues& entry, size_t slot, const QString& code, const QString& name, bool add);
 /// The six shapes of an entry from 0 on, in the order none, second kind; account, both; two accounts, all.
 void SetShape(EntryValues& entry, int shape);
+/// Two kinds and two accounts, with everything in them different from a new entry's start.
+EntryValues RichEntry();
