@@ -49,6 +49,7 @@ void frmAccountTemplate::Build() {
     btnCancel->onClick = [this] { reject(); };
     btnEnter->onClick = [this] { Take(); };
     btnEnter->setObjectName(u"btnEnter"_s);
+    btnCancel->setObjectName(u"btnCancel"_s);
     btnDel->setObjectName(u"btnDel"_s);
     pngArrow->setObjectName(u"pngArrow"_s);
 }

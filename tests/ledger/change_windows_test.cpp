@@ -1,19 +1,22 @@
-// Changing, deleting and following entries through the windows: both list pages and the templates.
+// Changing, deleting and following entries through the windows: both list pages.
 
 #include "chart/chart_panel.h"
 #include "ledger/frm_account.h"
 #include "ledger/frm_account_new.h"
-#include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "ledger/posting.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
+#include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
+#include "shell/controls/kestro_option.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/main_menus.h"
 #include "store/dialogs.h"
+#include "tests/support/entries.h"
 #include "tests/support/ui_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -70,6 +73,102 @@ TEST_F(ChangeWindows, AnEditedEntryRewritesItsLineAndKeepsItsKey) {
     EXPECT_EQ(list_->CurrentKey(), u"3"_s);
     EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount where Id1 in (3,4)"_s), QStringList{u"3"_s});
     EXPECT_TRUE(BalanceBreaks(State().gDB).isEmpty());
+}
+
+TEST_F(ChangeWindows, TheWindowShowsAWholeEntryAndKeepsWhatIsLeftAlone) {
+    auto& book = State().gDB;
+    PostEntry(book, RichEntry());
+    book.Execute(u"insert into tPic values (9,x'00','a','tAccount',-1,-1)"_s);
+    const auto rows = [&] {
+        return Rows(book, u"select * from tAccount"_s) + Rows(book, u"select * from tSubAccItem"_s) +
+               Rows(book, u"select nAdd,nReduce,Money from tKind"_s) + Rows(book, u"select ID1 from tPic"_s);
+    };
+    const auto before = rows();
+    auto page = Open<frmAccount>(4);
+    list_->SetCurrentRow(3);
+    OnEntryWindow([](QWidget* window) {
+        QStringList texts;
+        for (const char* box :
+             {"txtThing", "txtDate", "txtHour", "txtMinute", "txtMoney", "txtAccValue", "txtAccValue1"})
+            texts << Find<KestroText>(window, box)->text();
+        for (const char* box : {"comKind", "comKind1", "comAccName", "comAccName1"})
+            texts << Find<KestroCombox>(window, box)->text();
+        EXPECT_EQ(texts.join(u'|'),
+                  u"O'Neil 的货款|2016-12-31|23|05|20.50|3.25|17.25|"
+                  u"0201办公费用|0301现金|01东华公司|0301软件开发"_s);
+        QString signs;
+        for (const char* pair : {"opt0", "opt1", "opt2", "opt3"})
+            signs += Find<KestroOptionPair>(window, pair)->IsAdd() ? u'+' : u'-';
+        EXPECT_EQ(signs, u"-+-+"_s);
+        EXPECT_TRUE(Find<KestroCheck>(window, "chkMark")->IsChecked());
+        EXPECT_EQ(Find<KestroEditBox>(window, "editNote")->Text(), u"第一行\n'第二行'"_s);
+        EXPECT_FALSE(Find<KestroText>(window, "txtThing")->onEndButton);  // no templates in a change
+    });
+    boxes.Expect(u"【事情】：O'Neil 的货款"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(rows(), before);
+    RegisterDialog(kDlgEntry, [](QPoint) {
+        frmAccountNew window;
+        window.show();
+        QTest::mouseClick(Find<QWidget>(&window, "btnCancel"), Qt::LeftButton);
+    });
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(rows(), before);
+}
+
+TEST_F(ChangeWindows, AChangedLineOfAChosenKindShowsNoBalanceAndTheSumsFollow) {
+    auto page = Open<frmAccount>(3);
+    Find<KestroScrollMenu>(page.get(), "KestroScrollMenu1")->onClick(u"title3"_s, u"030201"_s);
+    list_->SetCurrentRow(1);
+    OnEntryWindow([](QWidget* window) {
+        Find<KestroText>(window, "txtMoney")->setText(u"4000"_s);
+        auto* kind = Find<KestroCombox>(window, "comKind");
+        kind->setFocus();
+        kind->selectAll();
+        TypeInto(kind, u"0301"_s);
+        QTest::keyClick(kind, Qt::Key_Return);
+    });
+    boxes.Expect(u"【事情】：软件定制收入"_s);
+    page->DoMenu(u"edit"_s, u"edit"_s);
+    EXPECT_EQ(Line(1).mid(2, 4), (QStringList{u"0301现金"_s, u"4000"_s, QString(), QString()}));
+    EXPECT_EQ(list_->RowKey(1) + list_->RowSubKey(1), u"50301"_s);
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:-2,100"_s);
+    auto* detail = Find<KestroList>(page.get(), "KestroList2");
+    EXPECT_EQ(detail->Cell(0, 1), u"0301现金"_s);
+    boxes.Expect(u"确定要【删除】选定的一条记录?"_s);
+    QTest::keyClick(list_, Qt::Key_Delete);
+    EXPECT_EQ(detail->Cell(0, 1), u"030201农行"_s);
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblCount")->Text(), u"笔数:1"_s);
+}
+
+TEST_F(ChangeWindows, AfterAStopOnlyWhatIsGoneLeavesTheList) {
+    for (int i = 0; i < 60; ++i)
+        PostEntry(State().gDB, SampleEntry(u"批"_s, u"1"_s));
+    auto page = Open<frmAccount>(63);
+    list_->CheckAll(true);
+    Job::StopAfter(50);
+    boxes.Expect(u"您确定要【删除】选定的记录?"_s);
+    boxes.Expect(u"成功删除50条记账!"_s);
+    page->DoBtnMenuDelAll();
+    Job::StopAfter(-1);
+    QStringList left =
+        Rows(State().gDB, u"select Id1 from tAccount where bIsMain=1 order by date1,time1,id1"_s);
+    QStringList shown;
+    for (int row = 0; row < list_->RowCount(); ++row)
+        shown << list_->RowKey(row);
+    EXPECT_EQ(shown, left);
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblCount")->Text(), u"笔数:%1"_s.arg(left.size()));
+}
+
+TEST_F(ChangeWindows, CheckedRecordsGoWithTheirOwnEntries) {
+    auto page = Open<frmSubAcc>(2);
+    list_->SetChecked(1, true);  // record 3 of entry 5; entry 3 has none
+    boxes.Expect(u"您确定要【删除】选定的记录?"_s);
+    boxes.Expect(u"成功删除2条记账!"_s);
+    page->DoBtnMenuDelAll();
+    EXPECT_EQ(list_->RowCount(), 1);
+    EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s), (QStringList{u"3"_s, u"4"_s, u"7"_s}));
+    EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:8,500"_s);
 }
 
 TEST_F(ChangeWindows, ALineWhoseSecondRowWasTakenAwayIsLeftAlone) {
@@ -170,33 +269,4 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 4);
     EXPECT_EQ(Rows(State().gDB, u"select count(*) from tSubAccItem"_s), QStringList{u"3"_s});
     EXPECT_EQ(list_->RowCount(), 3);  // the opening record has come
-}
-
-TEST_F(ChangeWindows, TemplatesAreKeptChosenAndForgotten) {
-    auto page = Open<frmAccount>(3);
-    State().gDB.Execute(u"update tAccount set Title1='O''Neil 的账' where Id1=3"_s);
-    boxes.Expect(u"未选定记录!"_s);
-    page->DoMenu(u"edit"_s, u"template"_s);
-    list_->SetCurrentRow(0);
-    boxes.Expect(u"增加标题成功!"_s);
-    page->DoMenu(u"edit"_s, u"template"_s);
-    boxes.Expect(u"已经有相同的事情标题!"_s);
-    page->DoMenu(u"edit"_s, u"template"_s);
-    ResetDlg(kDlgTemplate);
-    frmAccountTemplate window;
-    window.show();
-    auto* list = Find<KestroList>(&window, "KestroList1");
-    EXPECT_EQ(list->RowCells(0), (QStringList{u"1"_s, u"O'Neil 的账"_s}));
-    list->SetCurrentRow(0);
-    list->onDoubleClick(0, 1);
-    EXPECT_TRUE(Wait([] { return TemplateDialog().done != 0; }));
-    EXPECT_EQ(TemplateDialog().title, u"O'Neil 的账"_s);
-    boxes.Expect(u"您确定要【删除】选定的一条或多条记录?"_s);
-    boxes.Expect(u"【没有选定】任何记录!"_s);
-    QTest::mouseClick(Find<QWidget>(&window, "btnDel"), Qt::LeftButton);
-    list->SetChecked(0, true);
-    boxes.Expect(u"您确定要【删除】选定的一条或多条记录?"_s);
-    QTest::mouseClick(Find<QWidget>(&window, "btnDel"), Qt::LeftButton);
-    EXPECT_EQ(list->RowCount(), 0);
-    EXPECT_EQ(Rows(State().gDB, u"select count(*) from tAccountTemplate"_s), QStringList{u"0"_s});
 }

@@ -75,6 +75,30 @@ TEST_F(DriveTest, AFieldOfAnotherTypeErasesNothing) {
     EXPECT_EQ(DumpBook(path_), before);
 }
 
+TEST_F(DriveTest, ALoadedEntryCanBeSentBackAsItCame) {
+    auto edit = Drive({{{u"cmd"_s, u"load"_s}, {u"id"_s, 7}}}).answers[0];
+    edit[u"cmd"] = u"edit"_s;
+    const QString rows =
+        u"select Title1,Type1,Value1,coalesce(Note1,''),Date1,Time1,nSign,IIID,sPic from tAccount union all"
+        u" select SubAccKey,Value1,nSign,AccId,1,1,1,1,1 from tSubAccItem union all"
+        u" select nAdd,nReduce,Money,1,1,1,1,1,1 from tKind"_s;
+    const auto before = Stored(rows);
+    edit.remove(u"pic"_s);  // the count of the pictures stays
+    EXPECT_EQ(Drive({edit}).answers[0][u"id"], 7);
+    EXPECT_EQ(Stored(rows), before);
+    // Opened through its second row, which first stays and then goes.
+    auto two = Drive({{{u"cmd"_s, u"load"_s}, {u"id"_s, 6}}}).answers[0];
+    EXPECT_EQ(two[u"id"], 5);
+    two[u"cmd"] = u"edit"_s;
+    two[u"id"] = 6;
+    auto one = two;
+    one[u"kind2On"] = false;
+    const auto run = Drive({two, one, one});
+    EXPECT_EQ(run.answers[0][u"id"], 6);
+    EXPECT_EQ(run.answers[1][u"id"], -1);
+    EXPECT_EQ(run.answers[2][u"message"].toString(), u"意外错误：未找到记录!"_s);
+}
+
 TEST_F(DriveTest, RecordsAreListedAndDeletedWithTheirEntries) {
     // Record 3 belongs to entry 5, and entry 3 to no record.
     const auto run =
