@@ -108,7 +108,7 @@ QStringList Rows(cConnection& book, const QString& sql) {
 namespace {
 
 void ComparePlace(cConnection& book, const QString& chart, const QString& rows, const QString& column,
-                  QStringList& breaks) {
+                  std::map<QString, BalanceGap>& gaps) {
     auto found = book.Read(
         u"select c.Sort1, c.nAdd, c.nReduce, c.Money,"
         u" (select total(Value1) from "_s +
@@ -119,21 +119,28 @@ void ComparePlace(cConnection& book, const QString& chart, const QString& rows, 
     while (found.Next()) {
         const double in = found.Number(4);
         const double out = found.Number(5);
-        const auto near = [](double a, double b) { return std::fabs(a - b) < 0.005; };
-        if (near(found.Number(1), in) && near(found.Number(2), out) && near(found.Number(3), in - out))
-            continue;
-        breaks << u"%1 %2: stored %3 %4 %5, rows %6 %7"_s.arg(chart, found.Text(0), found.Text(1),
-                                                              found.Text(2), found.Text(3),
-                                                              QString::number(in), QString::number(out));
+        const BalanceGap gap{found.Number(1) - in, found.Number(2) - out, found.Number(3) - (in - out)};
+        for (const double part : {gap.added, gap.reduced, gap.balance})
+            if (std::fabs(part) >= 0.005) gaps[chart + u' ' + found.Text(0)] = gap;
     }
 }
 
 }  // namespace
 
+std::map<QString, BalanceGap> BalanceGaps(cConnection& book) {
+    std::map<QString, BalanceGap> gaps;
+    ComparePlace(book, u"tKind"_s, u"tAccount"_s, u"Type1"_s, gaps);
+    ComparePlace(book, u"tSubAcc"_s, u"tSubAccItem"_s, u"SubAccKey"_s, gaps);
+    return gaps;
+}
+
 QStringList BalanceBreaks(cConnection& book) {
     QStringList breaks;
-    ComparePlace(book, u"tKind"_s, u"tAccount"_s, u"Type1"_s, breaks);
-    ComparePlace(book, u"tSubAcc"_s, u"tSubAccItem"_s, u"SubAccKey"_s, breaks);
+    for (const auto& [row, gap] : BalanceGaps(book))
+        breaks << u"%1: stored %2 %3 %4 more than its rows"_s.arg(row)
+                      .arg(gap.added)
+                      .arg(gap.reduced)
+                      .arg(gap.balance);
     return breaks;
 }
 

@@ -12,6 +12,7 @@
 
 #include <deque>
 #include <gtest/gtest.h>
+#include <map>
 #include <optional>
 #include <ostream>
 
@@ -65,7 +66,13 @@ class Fixture : public ::testing::Test {
 
 /// Rows of a query as lines of "a|b|c"; null as "-".
 QStringList Rows(cConnection& book, const QString& sql);
-/// One line per chart row whose stored totals differ from the sums of its rows.
+/// What the stored totals of a chart row have more than its rows; balance is added less reduced.
+struct BalanceGap {
+    double added = 0, reduced = 0, balance = 0;
+};
+/// The gaps that are not 0, by table and code: "tKind 0101".
+std::map<QString, BalanceGap> BalanceGaps(cConnection& book);
+/// The same as lines of text.
 QStringList BalanceBreaks(cConnection& book);
 /// One line per broken tie between the rows of entries.
 QStringList TieBreaks(cConnection& book);
