@@ -16,6 +16,7 @@
 #include "shell/controls/kestro_text.h"
 #include "shell/main_menus.h"
 #include "store/dialogs.h"
+#include "store/picture_index.h"
 #include "tests/support/entries.h"
 #include "tests/support/ui_fixture.h"
 
@@ -79,6 +80,7 @@ TEST_F(ChangeWindows, TheWindowShowsAWholeEntryAndKeepsWhatIsLeftAlone) {
     auto& book = State().gDB;
     PostEntry(book, RichEntry());
     book.Execute(u"insert into tPic values (9,x'00','a','tAccount',-1,-1)"_s);
+    ForgetPictureOwners();
     const auto rows = [&] {
         return Rows(book, u"select * from tAccount"_s) + Rows(book, u"select * from tSubAccItem"_s) +
                Rows(book, u"select nAdd,nReduce,Money from tKind"_s) + Rows(book, u"select ID1 from tPic"_s);
