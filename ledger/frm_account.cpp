@@ -44,7 +44,7 @@ void frmAccount::Connect() {
         if (table.toLower() != u"tkind") return;
         LoadComkindData();
         ReloadScroll();
-        if (!State().gBusy) ReloadData();
+        ReloadInPlace();
     }));
 }
 

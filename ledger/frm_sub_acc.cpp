@@ -49,7 +49,7 @@ void frmSubAcc::Connect() {
     notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
         if (table.toLower() != u"tsubacc") return;
         LoadComkindData();
-        if (!State().gBusy) ReloadData();
+        ReloadInPlace();
     }));
 }
 

@@ -63,6 +63,8 @@ class ListPage : public Page {
 
     /// Builds the query from the filter controls and loads its first page. Nothing while a job runs.
     void ReloadData();
+    /// The same after a change elsewhere: goes back to the line that was current. Nothing while a job runs.
+    void ReloadInPlace();
     void ShowDetail();
     /// Opens the entry of the current line and shows the line anew.
     void EditCurrent();

@@ -37,6 +37,17 @@ void ListPage::ConnectShared(const ListPageWords& words) {
         later->setEnabled(false);
 }
 
+void ListPage::ReloadInPlace() {
+    if (State().gBusy) return;
+    const QString current = KestroList1->CurrentKey();
+    ReloadData();
+    const int row = current.isEmpty() ? -1 : KestroList1->FindRow(current);
+    if (row < 0) return;
+    KestroList1->SetCurrentRow(row);
+    KestroList1->ScrollToRow(row);
+    ShowDetail();
+}
+
 void ListPage::ReloadData() {
     if (IsBusy()) return;
     EntryFilter filter;

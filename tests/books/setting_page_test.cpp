@@ -84,11 +84,13 @@ TEST_F(SettingPage, WithoutAKindOnlyANewOneCanBeMade) {
 }
 
 TEST_F(SettingPage, EntriesFollowTheCodeOfTheirKind) {
+    auto* list = Find<KestroList>(entries_, "KestroList1");
+    list->SetCurrentRow(1);
     boxes.Expect(u"修改之前的编号已经在记账中使用"_s);
     OnInputBox({u"030209 农行"_s, {}, {}, {}});
     KindMenu(u"030201"_s, u"scrolledit"_s);
-    auto* list = Find<KestroList>(entries_, "KestroList1");
-    EXPECT_TRUE(Wait([&] { return list->Cell(2, 2) == u"030209农行"_s; }));
+    EXPECT_EQ(list->Cell(2, 2), u"030209农行"_s);
+    EXPECT_EQ(list->CurrentKey(), u"7"_s);
 }
 
 TEST_F(SettingPage, OnlyTheChartThatShowsIsReadAgain) {

@@ -249,7 +249,8 @@ void AddKind(Tour& tour) {
 
 void DeleteEntry(Tour& tour) {
     tour.Add(
-        u"entry page again"_s, [] { return MainWithRows(4); },
+        // The kind's opening balance has come in as an entry.
+        u"entry page again"_s, [] { return MainWithRows(5); },
         [](QWidget* w) { Key(EntryList(w), Qt::Key_Delete); });
     tour.Add(
         u"question before deleting"_s, [] { return MessageWith(u"确定"_s); },
@@ -258,7 +259,7 @@ void DeleteEntry(Tour& tour) {
             Key(w, Qt::Key_Return);
         });
     tour.Add(
-        u"list without the entry"_s, [] { return MainWithRows(3); },
+        u"list without the entry"_s, [] { return MainWithRows(4); },
         [&tour](QWidget*) {
             const QString left = Lines(u"select count(*) from tAccount where Id1 in (8,9)"_s);
             const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
