@@ -26,8 +26,7 @@ struct Places {
 };
 
 EntryLine LineOf(const cReader& row, const Places& at, qint64 number, const QString& blanks,
-                 const QString& rmb) {
-    const QString money = MoneyText(row.Number(at.value));
+                 const QString& money, const QString& rmb) {
     const bool add = row.Int(at.sign) == 1;
     EntryLine line;
     line.key = row.Text(at.id);
@@ -65,8 +64,10 @@ bool ReadRecordLines(cConnection& book, const EntryQuery& query, int page, Job& 
         const double value = rows.Number(at.value);
         const auto sign = rows.Int(at.sign);
         balance += sign == 1 ? value : -value;
-        take(LineOf(rows, at, first + n, u" "_s,
-                    MoneyText(query.all ? value * static_cast<double>(sign) : balance)));
+        const QString money = MoneyText(value);
+        const bool same = query.all && sign == 1;
+        const double shown = query.all ? value * static_cast<double>(sign) : balance;
+        take(LineOf(rows, at, first + n, u" "_s, money, same ? money : MoneyText(shown)));
         job.Step(n);
         if (job.Stopped()) return false;
     }
@@ -79,7 +80,7 @@ std::optional<EntryLine> ReadOneRecord(cConnection& book, qint64 id, int number)
     auto rows = book.Read(u"select * from tSubAccItem where rowid="_s + QString::number(*row));
     if (!rows.Next()) return {};
     const Places at(rows);
-    auto line = LineOf(rows, at, number, u"  "_s, {});
+    auto line = LineOf(rows, at, number, u"  "_s, MoneyText(rows.Number(at.value)), {});
     line.signedAmount = MoneyText(rows.Number(at.value) * static_cast<double>(rows.Int(at.sign)));
     return line;
 }
