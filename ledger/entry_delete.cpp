@@ -99,7 +99,7 @@ bool DeleteAsked(cConnection& book, qint64 id, const DeleteWords& words) {
 }
 
 int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const JobBar& bar,
-                       const std::function<void()>& afterwards) {
+                       const std::function<void()>& afterwards, PendingError* failure) {
     if (ids.empty()) {
         ShowMsg(u"【没有选定】任何记录!"_s);
         return -1;
@@ -113,10 +113,17 @@ int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const 
     bool good = true;
     {
         Job job(bar);
+        if (job.Refused()) return -1;
         good = Succeeds([&] { DeleteEntries(book, ids, job, count); }, &failed);
     }
-    if (afterwards) afterwards();
+    // What cannot be shown any more must hide neither the first failure nor the count.
+    PendingError later;
+    if (afterwards && !Succeeds(afterwards, &later) && good) {
+        failed = later;
+        good = false;
+    }
     if (!good) {
+        if (failure) *failure = failed;
         LastError() = failed;
         ReportError({});
     }

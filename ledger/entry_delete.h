@@ -2,6 +2,7 @@
 // Removing entries: the effect is taken back and every row tied to the entry goes.
 
 #include "store/connection.h"
+#include "store/errors.h"
 #include "store/job.h"
 
 #include <QString>
@@ -33,6 +34,6 @@ bool DeleteAsked(cConnection& book, qint64 id, const DeleteWords& words);
 
 /// The checked entries as a user deletes them: asked, as a job with its bar, and the count told. afterwards
 /// runs before the count is told, also after a failure, which has its own box. The count; -1 when nothing
-/// began.
+/// began. failure, if given, takes a failure that was told.
 int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const JobBar& bar,
-                       const std::function<void()>& afterwards);
+                       const std::function<void()>& afterwards, PendingError* failure = nullptr);

@@ -199,11 +199,16 @@ TEST_F(EntryEditTest, AFailureAmongTheCheckedIsToldAfterTheListIsRight) {
     JobBar shown;
     shown.start = [&](int most) { bar.push_back(most); };
     shown.end = [&] { bar.push_back(-1); };
-    EXPECT_EQ(DeleteCheckedAsked(Book(), ids, shown, [&] { seenAfter = boxes.Seen().size(); }), 50);
+    EXPECT_EQ(DeleteCheckedAsked(Book(), ids, shown,
+                                 [&] {
+                                     seenAfter = boxes.Seen().size();
+                                     FailStatement(u"磁盘不见了"_s, {});
+                                 }),
+              50);
     cConnection::Seams().beforeStatement = {};
     ASSERT_EQ(boxes.Seen().size(), 3);
     EXPECT_EQ(seenAfter, 1);
-    EXPECT_TRUE(boxes.Seen()[1].startsWith(u"意外错误，错误信息："_s));
+    EXPECT_TRUE(boxes.Seen()[1].contains(u"磁盘已满"_s));
     EXPECT_EQ(boxes.Seen()[2], u"成功删除50条记账!"_s);
     EXPECT_EQ(bar, (std::vector<int>{60, -1}));
     EXPECT_FALSE(State().gBusy);

@@ -99,6 +99,29 @@ TEST_F(DriveTest, ALoadedEntryCanBeSentBackAsItCame) {
     EXPECT_EQ(run.answers[2][u"message"].toString(), u"意外错误：未找到记录!"_s);
 }
 
+TEST_F(DriveTest, NoDoubtfulRequestDeletes) {
+    const auto before = DumpBook(path_);
+    const QJsonObject checked{{u"cmd"_s, u"deleteChecked"_s}, {u"ids"_s, QJsonArray{3}}};
+    auto misspelt = checked;
+    misspelt[u"list"] = u"record"_s;
+    for (const auto& answer :
+         Drive({checked, misspelt, {{u"cmd"_s, u"delete"_s}, {u"id"_s, 5}, {u"answer"_s, u"取 消"_s}}})
+             .answers)
+        EXPECT_EQ(answer[u"ok"], false);
+    cConnection other;
+    other.Open(path_);
+    other.Begin();
+    auto right = checked;
+    right[u"list"] = u"entries"_s;
+    const auto locked = Drive({right}).answers[0];
+    other.Rollback();
+    other.Close();
+    EXPECT_EQ(locked[u"ok"], false);
+    EXPECT_EQ(locked[u"count"], 0);
+    EXPECT_FALSE(locked[u"error"].toString().isEmpty());
+    EXPECT_EQ(DumpBook(path_), before);
+}
+
 TEST_F(DriveTest, RecordsAreListedAndDeletedWithTheirEntries) {
     // Record 3 belongs to entry 5, and entry 3 to no record.
     const auto run =

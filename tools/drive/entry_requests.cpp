@@ -191,14 +191,23 @@ QJsonObject AnswerDelete(const QJsonObject& r) {
 QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
     const auto asked = IdsOf(r);
     if (!asked) return Missing(u"ids"_s);
-    const bool records = r[u"list"].toString() == u"records";
+    // The ids of the two lists overlap, so none is taken for granted.
+    const QString list = r[u"list"].toString();
+    const bool records = list == u"records";
+    if (!records && list != u"entries") return Missing(u"list"_s);
     std::vector<qint64> ids;
     for (const qint64 id : *asked) {
         const auto record = records ? FindRow(State().gDB, u"tSubAccItem"_s, id) : std::nullopt;
         if (!records || record) ids.push_back(records ? record->Int(u"AccId") : id);
     }
-    const int count = DeleteCheckedAsked(State().gDB, ids, {}, {});
+    PendingError failed;
+    const int count = DeleteCheckedAsked(State().gDB, ids, {}, {}, &failed);
     if (count < 0) return Refusal({}, {});
+    if (failed.number != 0) {
+        auto answer = Failure(ErrorText(failed, {}));
+        answer[u"count"] = count;
+        return answer;
+    }
     return {{u"ok"_s, true}, {u"count"_s, count}};
 }
 

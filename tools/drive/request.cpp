@@ -86,6 +86,8 @@ BoxLog::BoxLog() {
         boxes_.append(Boxed(request));
         const auto captions = request.buttons.split(u',');
         const auto at = answer_.isEmpty() ? -1 : captions.indexOf(answer_);
+        // A button that is not there must not go on with what was asked.
+        if (at < 0 && !answer_.isEmpty() && captions.size() > 1) return 0;
         const auto fromRight = at < 0 ? 0 : captions.size() - 1 - at;
         static constexpr int kNumbers[] = {1, 0, 2, 3};
         return fromRight < 4 ? kNumbers[fromRight] : 0;
