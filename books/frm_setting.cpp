@@ -40,8 +40,8 @@ frmSetting::frmSetting(QWidget* parent) : Page(parent) {
     add(u"book"_s, u"账本管理"_s, u"book"_s, false);
     strip->onClick = [this](const QString&, const QString& item) { OpenSub(item); };
     strip->onTip = [](const QString&, const QString&) { return StripTip(); };
-    kinds_ = new ChartPanel(u"tKind"_s, true, this);
-    accounts_ = new ChartPanel(u"tSubAcc"_s, true, this);
+    kinds_ = new ChartPanel(Chart::kinds, true, this);
+    accounts_ = new ChartPanel(Chart::accounts, true, this);
     kinds_->setObjectName(u"kinds"_s);
     accounts_->setObjectName(u"accounts"_s);
     accounts_->hide();
@@ -67,8 +67,8 @@ void frmSetting::ReLoadKindAcc(const QString& key) {
     if (key == page_ && Panel(key)) Panel(key)->Reload();
 }
 
-void frmSetting::DoKindAcc(const QString& table, const QString& code, const QString& action) {
-    const QString key = table.toLower() == u"tkind" ? u"kind"_s : u"account"_s;
+void frmSetting::DoKindAcc(Chart chart, const QString& code, const QString& action) {
+    const QString key = chart == Chart::kinds ? u"kind"_s : u"account"_s;
     OpenSub(key);
     auto* panel = Panel(key);
     if (!code.isEmpty()) panel->Select(code);

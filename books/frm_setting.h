@@ -17,7 +17,7 @@ class frmSetting : public Page {
     /// "kind" or "account"; other sub-pages are not there.
     void OpenSub(const QString& key) override;
     void ReLoadKindAcc(const QString& key) override;
-    void DoKindAcc(const QString& table, const QString& code, const QString& action) override;
+    void DoKindAcc(Chart chart, const QString& code, const QString& action) override;
 
  protected:
     void resizeEvent(QResizeEvent* event) override;

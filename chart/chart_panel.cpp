@@ -30,14 +30,10 @@ RowLook LookOf(const QString& code) {
 
 }  // namespace
 
-ChartPanel::ChartPanel(const QString& table, bool withButtons, QWidget* parent)
-    : QWidget(parent), table_(table) {
+ChartPanel::ChartPanel(Chart chart, bool withButtons, QWidget* parent)
+    : QWidget(parent), chart_(chart) {
     if (withButtons) BuildButtons();
     BuildList();
-}
-
-bool ChartPanel::IsKinds() const {
-    return table_ == u"tKind";
 }
 
 void ChartPanel::BuildButtons() {
@@ -55,7 +51,7 @@ void ChartPanel::BuildButtons() {
     add(ButtonLook::toolbar, u"导出"_s, u"export"_s, {})->SetArrow(true);
     add(ButtonLook::toolbar, u"刷新"_s, u"reload"_s, [this] { Reload(); })->setObjectName(u"btnReload"_s);
     lblTip_ = new KestroLabel(
-        u"当前账本的"_s + (IsKinds() ? u"分类"_s : u"账户"_s) + u"列表（单击左侧导航条会刷新）"_s,
+        u"当前账本的"_s + TableOf(chart_).word + u"列表（单击左侧导航条会刷新）"_s,
         LabelKind::caption, this);
 }
 
@@ -95,7 +91,7 @@ void ChartPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void ChartPanel::Reload() {
-    const auto lines = ReadChart(State().gDB, table_);
+    const auto lines = ReadChart(State().gDB, chart_);
     KestroList1_->BeginFill();
     KestroList1_->Clear();
     for (const auto& line : lines)
@@ -152,7 +148,7 @@ void ChartPanel::New() {
                                  : u"账户编号名称(编号+空格，如：0102 华东区上海)"_s;
     if (!Ask(kinds ? u"新增分类"_s : u"新增账户"_s, prompt, nullptr)) return;
     Run({}, [this] {
-        const auto added = NewRow(State().gDB, table_, Typed());
+        const auto added = NewRow(State().gDB, chart_, Typed());
         if (!added) return;
         Append(added->id, added->record);
         Tell();
@@ -178,7 +174,7 @@ void ChartPanel::Edit() {
         ShowMsg(u"选定的分类记录无效(ID1=-1)! "_s);
         return;
     }
-    auto record = ReadChartRecord(State().gDB, id, table_);
+    auto record = ReadChartRecord(State().gDB, id, chart_);
     if (!record) return;
     const bool kinds = IsKinds();
     const QString title = kinds && record->code == kReservedKind ? u"系统预留分类，不可修改"_s
@@ -191,7 +187,7 @@ void ChartPanel::Edit() {
     // An amount that the box could not show to its last place is not changed by leaving it alone.
     if (!InputDialog().moneyTyped) typed.opening = record->oldOpening;
     Run(KestroList1_->RowKey(row), [&] {
-        const auto changed = ChangeRow(State().gDB, table_, *record, typed);
+        const auto changed = ChangeRow(State().gDB, chart_, *record, typed);
         if (!changed) return;
         ShowChanged(row, *changed);
         Tell();
@@ -212,10 +208,10 @@ void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
 void ChartPanel::Del() {
     const int row = KestroList1_->CurrentRow();
     if (row < 0) {
-        ShowMsg(NoneChosen(table_));
+        ShowMsg(NoneChosen(chart_));
         return;
     }
-    const auto stored = ReadChartRecord(State().gDB, KestroList1_->RowSubKey(row).toLongLong(), table_);
+    const auto stored = ReadChartRecord(State().gDB, KestroList1_->RowSubKey(row).toLongLong(), chart_);
     if (!stored || stored->code != KestroList1_->RowKey(row)) {
         // The row has gone or has another code since the list was read.
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
@@ -227,10 +223,7 @@ void ChartPanel::Del() {
     };
     const QString code = KestroList1_->RowKey(row);
     Run(code, [&] {
-        if (DeleteRowAsked(State().gDB, code, table_, removeLine)) Tell();
+        if (DeleteRowAsked(State().gDB, code, chart_, removeLine)) Tell();
     });
 }
 
-void ChartPanel::Tell() const {
-    Notices().chartChanged.Emit(table_);
-}

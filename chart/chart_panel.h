@@ -13,8 +13,8 @@ class KestroList;
 
 class ChartPanel : public QWidget {
  public:
-    /// table: tKind or tSubAcc. withButtons: the panel shows its own toolbar; otherwise its host calls.
-    ChartPanel(const QString& table, bool withButtons, QWidget* parent);
+    /// withButtons: the panel shows its own toolbar; otherwise its host calls.
+    ChartPanel(Chart chart, bool withButtons, QWidget* parent);
 
     /// Reads the chart again.
     void Reload();
@@ -31,7 +31,7 @@ class ChartPanel : public QWidget {
  private:
     void BuildButtons();
     void BuildList();
-    bool IsKinds() const;
+    bool IsKinds() const { return chart_ == Chart::kinds; }
     /// Shows frmInput over its record; true when it was confirmed.
     bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
     /// Carries out a change of the row of a code; a failing statement is told after the lists are fresh.
@@ -40,9 +40,8 @@ class ChartPanel : public QWidget {
     void ShowChanged(int row, const ChartRecord& record);
     /// What stands in the input box's record.
     static TypedRow Typed();
-    void Tell() const;
 
-    QString table_;
+    Chart chart_;
     std::vector<KestroButton*> buttons_;
     KestroLabel* lblTip_ = nullptr;
     KestroList* KestroList1_;

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 ListPageWords EntryPageWords() {
     ListPageWords words;
     words.pageCode = kPageAccount;
-    words.chart = u"tKind"_s;
+    words.chart = Chart::kinds;
     words.treeTip = u"在分类树中选择"_s;
     words.searchPrompt = u"搜索事情标题"_s;
     words.newTip = u"新增记账"_s;
@@ -33,7 +33,7 @@ ListPageWords EntryPageWords() {
 ListPageWords RecordPageWords() {
     ListPageWords words;
     words.pageCode = kPageSubAcc;
-    words.chart = u"tSubAcc"_s;
+    words.chart = Chart::accounts;
     words.treeTip = u"在账户树中选择"_s;
     words.searchPrompt = u"搜索事情标题"_s;
     words.deleteWords = RecordDeleteWords();

@@ -1,9 +1,9 @@
 #include "ledger/entry_delete.h"
 
-#include "ledger/posting.h"
+#include "store/entry_effect.h"
 #include "store/errors.h"
 #include "store/messages.h"
-#include "store/picture_index.h"
+#include "store/notices.h"
 
 #include <QStringList>
 
@@ -15,18 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr size_t kSlice = 50;
-
-// Without a transaction of its own, so that a slice can hold many.
-bool Remove(cConnection& book, qint64 id) {
-    const auto ids = TiesOf(book, id);
-    if (!ids) return false;
-    MoveBalances(book, *ids, u"-"_s);
-    DeletePictures(book, u"tAccount"_s, id);
-    book.Execute(u"delete from tAccount where "_s + book.WhereIds(u"tAccount"_s, {id, ids->second}));
-    book.Execute(u"delete from tSubAccItem where "_s +
-                 book.WhereIds(u"tSubAccItem"_s, {ids->record1, ids->record2}));
-    return true;
-}
 
 QString Joined(const std::vector<qint64>& ids) {
     QStringList texts;
@@ -49,8 +37,9 @@ std::vector<qint64> RowsOf(cConnection& book, const std::vector<qint64>& ids) {
 
 bool DeleteEntry(cConnection& book, qint64 id) {
     Transaction change(book);
-    if (!Remove(book, id)) return false;
+    if (!RemoveEntry(book, id)) return false;
     change.Commit();
+    Notices().entriesChanged.Emit();
     return true;
 }
 
@@ -66,7 +55,7 @@ void DeleteEntries(cConnection& book, const std::vector<qint64>& ids, Job& job, 
         const size_t end = std::min(at + kSlice, rows.size());
         Transaction slice(book);
         for (size_t i = at; i < end; ++i)
-            Remove(book, rows[i]);
+            RemoveEntry(book, rows[i]);
         slice.Commit();
         count = static_cast<int>(end);
         job.Step(count);

@@ -40,8 +40,8 @@ void frmAccount::Connect() {
     KestroList1->onKey = [this](QKeyEvent* event) { return ListKey(event); };
     notices_.push_back(Notices().booksChanged.Subscribe([this] { ReloadScrollBooks(); }));
     notices_.push_back(Notices().entrySaved.Subscribe([this](qint64 id) { AppendEntry(id); }));
-    notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
-        if (table.toLower() != u"tkind") return;
+    notices_.push_back(Notices().chartChanged.Subscribe([this](Chart chart) {
+        if (chart != Chart::kinds) return;
         LoadComkindData();
         ReloadScroll();
         ReloadInPlace();
@@ -158,7 +158,7 @@ void frmAccount::DoKindMenu(const QString& key) {
     const QString code = kind ? kind->code : QString();
     const QString action = key == u"scrollnew" ? u"New"_s : key == u"scrolledit" ? u"Edit"_s : u"Del"_s;
     Host().show(5);
-    if (auto* settings = PageOfCode(kPageSetting)) settings->DoKindAcc(u"tKind"_s, code, action);
+    if (auto* settings = PageOfCode(kPageSetting)) settings->DoKindAcc(Chart::kinds, code, action);
 }
 
 void frmAccount::DoKey(const QString& name) {

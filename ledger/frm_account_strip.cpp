@@ -55,7 +55,7 @@ void frmAccount::LoadComkindData() {
     const QString chosen = sKind;
     comKind->Clear();
     comKind->AddItem(u"全部事情"_s, u"all"_s, u"items"_s);
-    for (const auto& kind : ShownCodes(State().gDB, u"tKind"_s))
+    for (const auto& kind : ShownCodes(State().gDB, Chart::kinds))
         comKind->AddItem(kind.code + kind.name, kind.code, u"items"_s);
     ShowChosenKind(chosen);
 }
@@ -64,7 +64,7 @@ void frmAccount::ShowChosenKind(const QString& code) {
     sKind = code;
     if (code != u"all" && comKind->SetCurrentKey(code)) return;
     // A hidden kind is not on the list and may be followed all the same.
-    const QString name = code == u"all" ? QString() : NameByCode(State().gDB, code, u"tKind"_s);
+    const QString name = code == u"all" ? QString() : NameByCode(State().gDB, code, Chart::kinds);
     if (!name.isEmpty()) return comKind->SetText(code + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
@@ -73,10 +73,10 @@ void frmAccount::ShowChosenKind(const QString& code) {
 
 void frmAccount::ReloadScroll() {
     auto* strip = KestroScrollMenu1;
-    kinds_ = ShownRows(State().gDB, u"tKind"_s);
+    kinds_ = ShownRows(State().gDB, Chart::kinds);
     strip->BeginFill();
     strip->Clear(kKinds);
-    strip->SetCaption(kKinds, u"记账分类("_s + QString::number(ChartCount(State().gDB, u"tKind"_s)) + u')');
+    strip->SetCaption(kKinds, u"记账分类("_s + QString::number(ChartCount(State().gDB, Chart::kinds)) + u')');
     for (const auto& kind : kinds_) {
         ScrollMenuItem item;
         item.key = kind.code;
@@ -152,7 +152,7 @@ QString frmAccount::StripTip(const QString& section, const QString& item) const 
         return item == u"money" || item == u"summoney"
                    ? u"双击将增加、减少、余额数据复制到 Windows 粘贴板！"_s
                    : QString();
-    return CodePathText(State().gDB, u"tKind"_s, item, false);
+    return CodePathText(State().gDB, Chart::kinds, item, false);
 }
 
 void frmAccount::ShowKindMoney() {
@@ -161,7 +161,7 @@ void frmAccount::ShowKindMoney() {
         ShowMsg(u"未选定任何【分类】!"_s);
         return;
     }
-    const auto money = StoredMoney(State().gDB, u"tKind"_s, row->id);
+    const auto money = StoredMoney(State().gDB, Chart::kinds, row->id);
     if (!money) {
         ShowMsg(u"【检索分类】意外错误!"_s, u"确定"_s, kMsgFail);
         return;

@@ -18,7 +18,7 @@ frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, RecordPageWords()) {
     btnNoNew = new KestroButton(ButtonLook::toolbar, u"禁增"_s, u"nonew"_s, this);
     btnNoNew->setObjectName(u"btnNoNew"_s);
     btnNoNew->setToolTip(u"『禁增』账户记录，在【记账时】选择账户，将会【自动记入】账户！"_s);
-    chartPanel_ = new ChartPanel(u"tSubAcc"_s, false, this);
+    chartPanel_ = new ChartPanel(Chart::accounts, false, this);
     chartPanel_->setObjectName(u"accounts"_s);
     chartPanel_->hide();
     KestroScrollMenu1->AddSection(u"title1"_s, u"账户"_s);
@@ -46,8 +46,8 @@ void frmSubAcc::Connect() {
         Menus::SetEnabled(u"edit"_s, u"del"_s, chosen);
         Menus::Popup(u"edit"_s, at);
     };
-    notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
-        if (table.toLower() != u"tsubacc") return;
+    notices_.push_back(Notices().chartChanged.Subscribe([this](Chart chart) {
+        if (chart != Chart::accounts) return;
         LoadComkindData();
         ReloadInPlace();
     }));
@@ -56,10 +56,10 @@ void frmSubAcc::Connect() {
 void frmSubAcc::LoadComkindData() {
     comKind->Clear();
     comKind->AddItem(u"全部"_s, u"all"_s, u"book"_s);
-    for (const auto& account : ShownCodes(State().gDB, u"tSubAcc"_s))
+    for (const auto& account : ShownCodes(State().gDB, Chart::accounts))
         comKind->AddItem(account.code + account.name, account.code, u"book"_s);
     if (comKind->SetCurrentKey(sKind)) return;
-    const QString name = NameByCode(State().gDB, sKind, u"tSubAcc"_s);
+    const QString name = NameByCode(State().gDB, sKind, Chart::accounts);
     if (!name.isEmpty()) return comKind->SetText(sKind + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
@@ -67,7 +67,7 @@ void frmSubAcc::LoadComkindData() {
 
 void frmSubAcc::ChooseCode(const QString& code) {
     sKind = code;
-    if (!comKind->SetCurrentKey(code)) comKind->SetText(code + NameByCode(State().gDB, code, u"tSubAcc"_s));
+    if (!comKind->SetCurrentKey(code)) comKind->SetText(code + NameByCode(State().gDB, code, Chart::accounts));
     ReloadData();
 }
 

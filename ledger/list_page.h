@@ -26,7 +26,7 @@ class KestroText;
 
 struct ListPageWords {
     int pageCode = 0;
-    QString chart;  ///< the table of the filter's codes
+    Chart chart = Chart::kinds;  ///< what the filter's codes belong to
     QString treeTip;
     QString searchPrompt;
     QString newTip, editTip, delTip, printTip, exportTip;
@@ -133,7 +133,7 @@ class ListPage : public Page {
     void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
 
     DeleteWords deleteWords_;
-    QString chart_;
+    Chart chart_ = Chart::kinds;
     Menus::TextMenuToken textMenu_;
     class DetailPanel;
     DetailPanel* panel_;

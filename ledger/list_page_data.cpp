@@ -106,7 +106,7 @@ void ListPage::CopySums() {
 void ListPage::OpenTree() {
     ResetDlg(kDlgTree);
     TreeDialog tree;
-    tree.key = chart_;
+    tree.key = TableOf(chart_).table;
     OpenModal(kDlgTree, comKind->mapToGlobal(comKind->rect().bottomLeft()));
     if (tree.done && !tree.key.isEmpty()) ChooseCode(tree.key);
 }

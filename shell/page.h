@@ -2,6 +2,8 @@
 // What the frame knows of a page, and what pages and menus may ask of the frame. The frame fills the host;
 // app/windows.cpp registers the factories.
 
+#include "store/chart.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -44,7 +46,7 @@ class Page : public QWidget {
     /// Reloads the kind or account list if it is the one that shows.
     virtual void ReLoadKindAcc(const QString& /*key*/) {}
     /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: New, Edit, Del.
-    virtual void DoKindAcc(const QString& /*table*/, const QString& /*code*/, const QString& /*action*/) {}
+    virtual void DoKindAcc(Chart /*chart*/, const QString& /*code*/, const QString& /*action*/) {}
     /// Files dropped on the frame; the names are joined by line breaks.
     virtual void MyTrack_DragDropFiles(int /*count*/, const QString& /*names*/) {}
 };

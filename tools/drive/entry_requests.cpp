@@ -38,7 +38,7 @@ QString ControlName(EntryField field) {
 
 // Chooses a code as from the drop list: only what the list offers, and only a leaf.
 bool ChooseFromList(EntryValues& e, size_t slot, const QString& code) {
-    const auto offered = ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot)));
+    const auto offered = ShownCodes(State().gDB, ChartOfSlot(slot));
     const auto found =
         std::find_if(offered.begin(), offered.end(), [&](const CodeName& c) { return c.code == code; });
     if (found == offered.end()) return true;  // the box stays empty, which the checks refuse
