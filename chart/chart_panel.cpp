@@ -138,8 +138,7 @@ void ChartPanel::Run(const QString& code, const std::function<void()>& change) {
         Select(code);
         Tell();
     });
-    LastError() = failed;
-    ReportError({});
+    TellFailure(failed);
 }
 
 void ChartPanel::New() {

@@ -113,8 +113,7 @@ int DeleteCheckedAsked(cConnection& book, const std::vector<qint64>& ids, const 
     }
     if (!good) {
         if (failure) *failure = failed;
-        LastError() = failed;
-        ReportError({});
+        TellFailure(failed);
     }
     ShowMsg(u"成功删除"_s + QString::number(count) + u"条记账!"_s, u"确定"_s, kMsgDone);
     return count;

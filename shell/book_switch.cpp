@@ -126,8 +126,7 @@ bool ReloadPages(int newBook) {
     PendingError failed;
     if (!Succeeds([] { ReopenDB(); }, &failed)) {
         State().gCurBook = oldBook;
-        LastError() = failed;
-        ReportError({});
+        TellFailure(failed);
         return false;
     }
     // Each by itself: a part that fails must not leave another showing the old book.

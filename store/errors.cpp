@@ -49,8 +49,7 @@ PendingError& LastError() {
 bool RunEvent(const std::function<void()>& body, const QString& hint) {
     PendingError failed;
     if (Succeeds(body, &failed)) return true;
-    LastError() = failed;
-    ReportError(hint);
+    TellFailure(failed, hint);
     return false;
 }
 
@@ -64,6 +63,11 @@ bool Succeeds(const std::function<void()>& body, PendingError* failed) {
         if (failed) *failed = error;
         return false;
     }
+}
+
+void TellFailure(const PendingError& failed, const QString& hint) {
+    LastError() = failed;
+    ReportError(hint);
 }
 
 void ReportError(const QString& hint) {

@@ -24,6 +24,9 @@ bool RunEvent(const std::function<void()>& body, const QString& hint = {});
 /// Runs body under error catching: false when it failed, without a box. The failure is in failed if given.
 bool Succeeds(const std::function<void()>& body, PendingError* failed = nullptr);
 
+/// Shows a failure that was kept by Succeeds. Never throws.
+void TellFailure(const PendingError& failed, const QString& hint = {});
+
 /// Shows the pending error (nothing when its number is 0) and clears it. hint, or what the kind of
 /// failure suggests, is told as the likely reason. Never throws.
 void ReportError(const QString& hint);

@@ -76,8 +76,6 @@ QJsonObject DropChartRow(const QString& table, const QJsonObject& r) {
     return {{u"ok"_s, true}};
 }
 
-}  // namespace
-
 QJsonObject AnswerChart(const QJsonObject& r) {
     const QString name = r[u"table"].toString().toLower();
     const QString table = name == u"tkind" ? u"tKind"_s : name == u"tsubacc" ? u"tSubAcc"_s : QString();
@@ -100,7 +98,6 @@ QJsonObject AnswerTemplates(const QJsonObject&) {
 }
 
 QJsonObject AnswerTemplateAdd(const QJsonObject& r) {
-    if (!r[u"id"].isDouble()) return Failure(u"missing field: id"_s);
     if (!AddTemplate(State().gDB, r[u"id"].toInteger())) return Refusal({}, {});
     return AnswerTemplates(r);
 }
@@ -110,4 +107,25 @@ QJsonObject AnswerTemplateDelete(const QJsonObject& r) {
     if (!ids) return Failure(u"missing field: ids"_s);
     if (!DeleteTemplatesAsked(State().gDB, *ids)) return Refusal({}, {});
     return AnswerTemplates(r);
+}
+
+}  // namespace
+
+std::span<const Request> ChartRequests() {
+    using enum FieldType;
+    static const Request requests[] = {
+        {u"chart",
+         {{u"table", text, true},
+          {u"action", text},
+          {u"code", text},
+          {u"text", text},
+          {u"money", text},
+          {u"note", text},
+          {u"hide", flag}},
+         AnswerChart},
+        {u"templates", {}, AnswerTemplates},
+        {u"templateAdd", {{u"id", number, true}}, AnswerTemplateAdd},
+        {u"templateDelete", {}, AnswerTemplateDelete},
+    };
+    return requests;
 }
