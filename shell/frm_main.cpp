@@ -109,7 +109,7 @@ void frmMain::HeaderButton(const QString& name) {
     if (name == u"web") Outside().open(kHomePage);
     if (name != u"calculator") return;
     if (Outside().calculator && Outside().calculator()) return;
-    KestroCalculator1->PopUp(button, {}, State().nGroup, true);
+    KestroCalculator1->Open(button, State().nGroup);
 }
 
 void frmMain::FillHost() {
