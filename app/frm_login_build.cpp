@@ -78,7 +78,6 @@ void frmLogin::BuildStrip() {
     editNote->setAccessibleName(u"账本盒位置"_s);
     editNote->setReadOnly(true);
     editNote->setGeometry(24, 41, 348, 64);
-    editNote->onContextMenu = [](QPoint at) { Menus::Popup(u"text"_s, at); };
     btnPath = new KestroButton(ButtonLook::plain, u"选择目录"_s, u"path"_s, strip);
     btnPath->setGeometry(380, 41, 96, 32);
     btnPath->onClick = [this] { BtnPathClicked(); };

@@ -46,7 +46,6 @@ frmAccountNew::frmAccountNew(QWidget* parent)
     SetTabOrder();
     NameControls();
     Arrange();
-    textMenu_ = Menus::RegisterTextMenu(kDlgEntry, [this](const QString& key) { DoMenu(key); });
     onEscape = [this] { CancelClicked(); };
     onClose = [this] {
         record_.done = 0;
@@ -62,8 +61,6 @@ void frmAccountNew::ConnectEntry() {
         txtThing->SetEndButton(u"template"_s, u"选择记账模板"_s, true);
         if (HasDialog(kDlgTemplate)) txtThing->onEndButton = [this] { ChooseTemplate(); };
     }
-    txtThing->onContextMenu = [this](QPoint at) { OpenTextMenu(u"txtthing"_s, at); };
-    editNote->onContextMenu = [this](QPoint at) { OpenTextMenu(u"editnote"_s, at); };
     PngReduce->onClick = [this] { MoveDay(-1); };
     pngPlus->onClick = [this] { MoveDay(1); };
     txtDate->onClick = [this] { OpenCalendar(); };
@@ -259,24 +256,6 @@ void frmAccountNew::ShowCodeTip(size_t slot) {
                                              : CodePathText(State().gDB, ChartOfSlot(slot),
                                                             sKey[slot], true);
     combos_[slot]->setToolTip(tip);
-}
-
-void frmAccountNew::OpenTextMenu(const QString& box, QPoint at) {
-    sPopupFor = box;
-    Menus::Popup(u"text"_s, at);
-}
-
-void frmAccountNew::DoMenu(const QString& key) {
-    const auto act = [&](auto* box) {
-        if (key == u"textcut") box->cut();
-        if (key == u"textcopy") box->copy();
-        if (key == u"textpaste") box->paste();
-        if (key == u"textselect") box->selectAll();
-    };
-    if (sPopupFor == u"txtthing")
-        act(txtThing);
-    else if (sPopupFor == u"editnote")
-        act(editNote);
 }
 
 void frmAccountNew::ToggleAccounts() {

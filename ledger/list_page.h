@@ -122,7 +122,6 @@ class ListPage : public Page {
     void ArrangeFilters(int x, int width);
     void ArrangeLists(const QRect& room);
     void ConnectShared(const ListPageWords& words);
-    void DoTextMenu(const QString& key);
     void RewriteLine(int row, EntryLine line);
     void ShowControls();
     void FirstLoad();
@@ -134,7 +133,6 @@ class ListPage : public Page {
 
     DeleteWords deleteWords_;
     Chart chart_ = Chart::kinds;
-    Menus::TextMenuToken textMenu_;
     class DetailPanel;
     DetailPanel* panel_;
     QWidget* other_ = nullptr;

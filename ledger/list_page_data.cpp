@@ -26,13 +26,11 @@ void ListPage::ConnectShared(const ListPageWords& words) {
         return true;
     };
     txtSearch->setToolTip(u"1.关键词限于【事情标题】\n2.这是模糊搜索\n3.单击重新载入、刷新"_s);
-    txtSearch->onContextMenu = [](QPoint at) { Menus::Popup(u"text"_s, at); };
     comKind->onChoose = [this](const QString&, const QString& key) { ChooseCode(key); };
     comKind->onBrowse = [this] { OpenTree(); };
     comKind->SetBrowse(u"tree"_s, words.treeTip);
     lblValue->setToolTip(u"【单击】查看增加、减少额、差额！会自动复制到 Windows 粘贴板。"_s);
     lblValue->onClick = [this] { CopySums(); };
-    textMenu_ = Menus::RegisterTextMenu(words.pageCode, [this](const QString& key) { DoTextMenu(key); });
     for (auto* later : {btnPrint, btnExport})
         later->setEnabled(false);
 }
@@ -109,11 +107,4 @@ void ListPage::OpenTree() {
     tree.key = TableOf(chart_).table;
     OpenModal(kDlgTree, comKind->mapToGlobal(comKind->rect().bottomLeft()));
     if (tree.done && !tree.key.isEmpty()) ChooseCode(tree.key);
-}
-
-void ListPage::DoTextMenu(const QString& key) {
-    if (key == u"textcut") txtSearch->cut();
-    if (key == u"textcopy") txtSearch->copy();
-    if (key == u"textpaste") txtSearch->paste();
-    if (key == u"textselect") txtSearch->selectAll();
 }

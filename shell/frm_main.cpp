@@ -109,7 +109,11 @@ void frmMain::HeaderButton(const QString& name) {
     if (name == u"web") Outside().open(kHomePage);
     if (name != u"calculator") return;
     if (Outside().calculator && Outside().calculator()) return;
+<<<<<<< HEAD
     KestroCalculator1->PopUp(button, {}, State().settings.nGroup, true);
+=======
+    KestroCalculator1->Open(button, State().nGroup);
+>>>>>>> windows
 }
 
 void frmMain::FillHost() {

@@ -2,7 +2,6 @@
 
 #include "shell/controls/kestro_menu.h"
 #include "store/errors.h"
-#include "store/state.h"
 
 #include <QApplication>
 
@@ -32,36 +31,13 @@ struct Menu {
     std::vector<Item> items;
 };
 
-struct TextEntry {
-    int id;
-    int pageCode;
-    TextHandler handler;
-};
-
 struct Service {
     std::vector<Menu> menus;
     Handler onMenu;
-    std::vector<TextEntry> texts;
-    int lastId = 0;
 };
 
-const QString& TextName() {
-    static const QString name = u"text"_s;
-    return name;
-}
-
-Service MakeService() {
-    Service service;
-    service.menus.push_back({TextName(),
-                             {{u"textcut"_s, u"剪切"_s, {}, u"Ctl+X"_s},
-                              {u"textcopy"_s, u"复制"_s, {}, u"Ctl+C"_s},
-                              {u"textpaste"_s, u"粘贴"_s, {}, u"Ctl+V"_s},
-                              {u"textselect"_s, u"全选"_s, {}, u"Ctl+A"_s}}});
-    return service;
-}
-
 Service& TheService() {
-    static Service service = MakeService();
+    static Service service;
     return service;
 }
 
@@ -161,43 +137,13 @@ void SetOnMenu(Handler handler) {
 
 void Choose(const QString& menu, const QString& item) {
     const QString name = menu.toLower(), key = item.toLower();
-    if (name == TextName()) {
-        // The last who registered for the page in front comes first. Copied, as the handler may go meanwhile.
-        const std::vector<TextEntry>& texts = TheService().texts;
-        const auto found =
-            std::ranges::find(texts.rbegin(), texts.rend(), State().gPage, &TextEntry::pageCode);
-        if (found != texts.rend()) {
-            RunEvent([handler = found->handler, key] { handler(key); });
-            return;
-        }
-    }
     RunEvent([handler = TheService().onMenu, name, key] {
         if (handler) handler(name, key);
     });
 }
 
-TextMenuToken::TextMenuToken(TextMenuToken&& other) noexcept : id_(std::exchange(other.id_, 0)) {}
-
-TextMenuToken& TextMenuToken::operator=(TextMenuToken&& other) noexcept {
-    std::swap(id_, other.id_);
-    return *this;
-}
-
-TextMenuToken::~TextMenuToken() {
-    if (id_ != 0) std::erase_if(TheService().texts, [this](const TextEntry& text) { return text.id == id_; });
-}
-
-TextMenuToken RegisterTextMenu(int pageCode, TextHandler handler) {
-    Service& service = TheService();
-    service.texts.push_back({++service.lastId, pageCode, std::move(handler)});
-    return TextMenuToken(service.lastId);
-}
-
 void Reset() {
-    // Ids go on counting, so that a token from before erases nothing registered later.
-    const int lastId = TheService().lastId;
-    TheService() = MakeService();
-    TheService().lastId = lastId;
+    TheService() = {};
 }
 
 }  // namespace Menus

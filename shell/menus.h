@@ -1,8 +1,7 @@
 #pragma once
 // All menus of the program under their names, without a frame: who needs a menu pops it up, and the choice
-// goes to one slot. Names and keys are compared in lower case and reported so. The menu "text" (cut, copy,
-// paste, select all) is there from the start; its choice goes to whoever registered for the page code in
-// front.
+// goes to one slot. Names and keys are compared in lower case and reported so. The
+// menu of text boxes is not among them: shell/parts/text_menu.h.
 
 #include <QPoint>
 #include <QString>
@@ -11,7 +10,6 @@
 
 namespace Menus {
 using Handler = std::function<void(const QString& menu, const QString& item)>;
-using TextHandler = std::function<void(const QString& item)>;
 
 /// Adds an empty menu; one of the same name is emptied.
 void AddMenu(const QString& name);
@@ -35,22 +33,6 @@ void SetOnMenu(Handler handler);
 /// Reports a choice as if it had been made in the menu: for shortcuts, and for Popup itself.
 void Choose(const QString& menu, const QString& item);
 
-/// Stays registered for as long as it lives.
-class TextMenuToken {
- public:
-    TextMenuToken() = default;
-    explicit TextMenuToken(int id) : id_(id) {}
-    TextMenuToken(TextMenuToken&& other) noexcept;
-    TextMenuToken& operator=(TextMenuToken&& other) noexcept;
-    ~TextMenuToken();
-
- private:
-    int id_ = 0;
-};
-
-/// The choices of the menu "text" while pageCode is in front (State().gPage). The last who registered wins.
-[[nodiscard]] TextMenuToken RegisterTextMenu(int pageCode, TextHandler handler);
-
-/// Empties menus, slot and registrations.
+/// Empties menus and slot.
 void Reset();
 }  // namespace Menus

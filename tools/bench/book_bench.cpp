@@ -74,7 +74,7 @@ LeanEntry Lean(const EntryValues& e) {
 void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs) {
     OpenBook(path);
     RawBook raw(path.toStdString());
-    const auto pageBound = entries < kLinesPerPage ? std::nullopt : std::optional(kReadBound);
+    const auto pageBound = entries < kLinesPerPage ? std::nullopt : std::optional(kPageBound);
     const EntryQuery all = BuildEntryQuery({});
     const auto sums = [&](const std::string& where) { raw.ReadSums("tAccount", where); };
     const std::string allRows = " and bIsMain=1";
@@ -99,7 +99,8 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
             raw.Rows(PageSql(all));
             sums(allRows);
         };
-        table.Add(Compared(kReloadAction, entries, InTurns(runs, reload, rawReload), pageBound));
+        table.Add(Compared(kReloadAction, entries, InTurns(runs, reload, rawReload),
+                           pageBound ? std::optional(kReadBound) : std::nullopt));
     }
     table.Add(Compared(kSumsAction, entries,
                        InTurns(
@@ -108,8 +109,7 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
     EntryFilter filter;
     filter.kind = kMeasuredKind;
     const EntryQuery branch = BuildEntryQuery(filter);
-    // Raw SQLite has no left$.
-    const std::string branchRows = " and substr(Type1,1,2)='" + kMeasuredKind.toStdString() + "'";
+    const std::string branchRows = " and Type1>='04' and Type1<'05'";
     table.Add(Compared(kKindSumsAction, entries,
                        InTurns(
                            runs, [&] { ReadSums(State().gDB, branch); }, [&] { sums(branchRows); }),

@@ -107,8 +107,7 @@ EntryFilter FilterOf(const QJsonObject& r) {
     };
     put(u"kind"_s, filter.kind);
     put(u"text"_s, filter.text);
-    put(u"date1"_s, filter.date1);
-    put(u"date2"_s, filter.date2);
+    filter.period = {ParseDate(r[u"date1"].toString()), ParseDate(r[u"date2"].toString())};
     filter.marked = r[u"mark"].toBool();
     return filter;
 }
