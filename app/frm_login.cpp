@@ -41,7 +41,7 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     Timer1.callOnTimeout([this] { txtPass->setFocus(Qt::OtherFocusReason); });
     Menus::SetOnMenu([](const QString&, const QString& key) {
         if (key == u"about" && Commands().about) Commands().about();
-        if (key == u"help") Outside().open(kHelpPage);
+        if (key == u"help") OpenAddress(kHelpPage);
     });
     LoadBooks();
 }

@@ -8,7 +8,6 @@
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
-#include "shell/main_menus.h"
 #include "shell/skin.h"
 #include "store/dialogs.h"
 
@@ -24,7 +23,6 @@ constexpr int kBox = 34;
 
 void frmLogin::Build() {
     setWindowIcon(Skin::WindowIcon());
-    BuildMainMenus();
     Menus::AddMenu(u"login"_s);
     Menus::AddItem(u"login"_s, u"about"_s, u"关于..."_s, u"about"_s);
     Menus::AddItem(u"login"_s, u"help"_s, u"使用帮助"_s, u"help"_s);

@@ -6,10 +6,13 @@
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
+#include "shell/menus.h"
 #include "shell/skin.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -46,7 +49,7 @@ void frmAccount::ConnectStrip() {
     strip->onContextMenu = [this](const QString& section, const QString& item, const QPoint& at) {
         stripSection_ = section;
         const bool kind = section == kKinds && !item.isEmpty();
-        if (kind) KestroScrollMenu1->Select(section, item);
+        stripKind_ = kind ? item : QString();
         Menus::Popup(kind ? u"scrollkind"_s : u"scroll"_s, at);
     };
 }
@@ -171,15 +174,19 @@ void frmAccount::ShowKindMoney() {
             u"确定"_s, kMsgInfo);
 }
 
+// The kind under the pointer when its menu opened, otherwise the one that is followed.
 const ChartRow* frmAccount::ChosenKind() const {
-    if (KestroScrollMenu1->SelectedSection() != kKinds) return nullptr;
-    const auto found = std::find_if(kinds_.begin(), kinds_.end(), [this](const ChartRow& kind) {
-        return kind.code == KestroScrollMenu1->SelectedKey();
-    });
+    const bool followed = KestroScrollMenu1->SelectedSection() == kKinds;
+    const QString code = !stripKind_.isEmpty() ? stripKind_ : followed ? KestroScrollMenu1->SelectedKey() : QString();
+    const auto found =
+        std::find_if(kinds_.begin(), kinds_.end(), [&](const ChartRow& kind) { return kind.code == code; });
     return found == kinds_.end() ? nullptr : &*found;
 }
 
-void frmAccount::ShowFigures(const SumTexts& sums) {
+void frmAccount::ShowFigures(const EntrySums& figures) {
+    const auto sums = ShowSumTexts(figures, query_.all);
+    ShowSumLabels(sums.count, sums.value);
+    sumsTag_ = sums.tag;
     // "增加 1,200" stands as a word at the left and its number at the right.
     const auto put = [&](const QString& key, const QString& text) {
         const auto blank = text.indexOf(u' ');

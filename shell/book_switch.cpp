@@ -67,7 +67,7 @@ void OpenDBFile(QString path) {
     if (IsBusy()) return;
     path = CheckedPath(path);
     if (path.isEmpty()) return;
-    if (Host().show) Host().show(0);
+    if (Host().show) Host().show(kTabAccount);
     int index = FindBook(path);
     if (index < 0) {
         index = AddOutsideBook(path);
@@ -139,17 +139,13 @@ bool ReloadPages(int newBook) {
 }
 
 void QuickPeriod(int pageCode, const QString& key, bool search) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc &&
-        pageCode != kPageStats)
-        return;
     auto* page = PageOfCode(pageCode);
-    if (!page) return;
-    const auto labels = QuickPeriodLabels(key);
-    page->SetPeriod(labels.first, labels.second);
-    if (search && pageCode != kPageNote) page->DoMenu(u"searchdate"_s, {});
+    if (!page || !page->Can(Act::period)) return;
+    page->SetPeriod(PeriodOfKey(key));
+    if (search) page->Do(Act::runPeriod);
 }
 
 void DeleteChecked(int pageCode) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc) return;
-    if (auto* page = PageOfCode(pageCode)) page->DoBtnMenuDelAll();
+    auto* page = PageOfCode(pageCode);
+    if (page && page->Can(Act::deleteChecked)) page->Do(Act::deleteChecked);
 }

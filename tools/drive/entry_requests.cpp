@@ -176,7 +176,7 @@ QJsonObject AnswerEdit(const QJsonObject& r) {
 }
 
 QJsonObject AnswerDelete(const QJsonObject& r) {
-    if (!DeleteAsked(State().gDB, r[u"id"].toInteger(), EntryDeleteWords())) return Refusal({}, {});
+    if (!DeleteAsked(State().gDB, LineKind::entries, r[u"id"].toInteger())) return Refusal({}, {});
     return {{u"ok"_s, true}};
 }
 
@@ -187,13 +187,9 @@ QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
     const QString list = r[u"list"].toString();
     const bool records = list == u"records";
     if (!records && list != u"entries") return Missing(u"list"_s);
-    std::vector<qint64> ids;
-    for (const qint64 id : *asked) {
-        const auto record = records ? FindRow(State().gDB, u"tSubAccItem"_s, id) : std::nullopt;
-        if (!records || record) ids.push_back(records ? record->Int(u"AccId") : id);
-    }
     PendingError failed;
-    const int count = DeleteCheckedAsked(State().gDB, ids, {}, {}, &failed);
+    const int count = DeleteCheckedAsked(State().gDB, records ? LineKind::records : LineKind::entries, *asked, {}, {},
+                                         &failed);
     if (count < 0) return Refusal({}, {});
     if (failed.number != 0) {
         auto answer = Failure(ErrorText(failed, {}));
