@@ -5,9 +5,8 @@
 #include "shell/skin.h"
 #include "store/dates.h"
 #include "store/errors.h"
-#include "store/paths.h"
+#include "store/places.h"
 #include "store/session.h"
-#include "store/settings.h"
 #include "store/state.h"
 
 #include <QApplication>

@@ -7,7 +7,7 @@
 #include "shell/message_box.h"
 #include "shell/skin.h"
 #include "store/messages.h"
-#include "store/paths.h"
+#include "store/places.h"
 #include "store/session.h"
 #include "store/state.h"
 

@@ -15,8 +15,9 @@
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/paths.h"
+#include "store/places.h"
 #include "store/session.h"
-#include "store/settings.h"
+#include "store/settings_file.h"
 
 #include <QContextMenuEvent>
 #include <QDir>
@@ -53,7 +54,7 @@ void frmLogin::LoadBooks() {
         ShowBook(State().gCurBook);
         RunEvent([this] { OpenChosen(); });
     }
-    editNote->SetText(State().sDBPath);
+    editNote->SetText(State().settings.sDBPath);
 }
 
 void frmLogin::showEvent(QShowEvent* event) {
@@ -99,7 +100,8 @@ void frmLogin::ChooseBookItem(const QString& key) {
 void frmLogin::OpenBookFile(QString path) {
     path = path.toLower();
     if (path.isEmpty())
-        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath)
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s,
+                          State().settings.sDBPath)
                    .toLower();
     if (path.isEmpty()) return;
     if (!FileExists(path)) {
@@ -158,7 +160,7 @@ void frmLogin::Leave(bool tellAgent) {
 }
 
 void frmLogin::BtnPathClicked() {
-    const QString folder = ChooseFolder(u"选择目录"_s, State().sDBPath).toLower();
+    const QString folder = ChooseFolder(u"选择目录"_s, State().settings.sDBPath).toLower();
     if (folder.isEmpty()) return;
     if (IsForbiddenBox(folder, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) {
         ShowMsg(
@@ -180,7 +182,7 @@ void frmLogin::MoveBookBox(const QString& folder) {
     auto& state = State();
     editNote->SetText(folder);
     state.gBooks.assign(1, {});
-    state.sDBPath = folder;
+    state.settings.sDBPath = folder;
     state.gCurBook = 0;
     ScanFolder(folder);
     ReadBookInfo();

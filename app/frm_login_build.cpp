@@ -56,7 +56,7 @@ void frmLogin::Build() {
     btnCancel = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Body());
     btnEnter->onClick = [this] { BtnEnterClicked(); };
     btnCancel->onClick = [this] { BtnCancelClicked(); };
-    const QString last = State().sLogDateTime;
+    const QString last = State().settings.sLogDateTime;
     lblLogDate = new KestroLabel(last.isEmpty() ? QString() : u"上次登录 "_s + last, LabelKind::hint, Body());
     pngArrow = new PngButton(u"arrowDown"_s, u"账本盒位置"_s, Body());
     pngArrow->onClick = [this] { ToggleStrip(); };

@@ -7,7 +7,7 @@
 #include "shell/message_box.h"
 #include "shell/skin.h"
 #include "store/errors.h"
-#include "store/paths.h"
+#include "store/places.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "app/single_instance.h"
 
 #include "store/errors.h"
-#include "store/settings.h"
+#include "store/places.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>

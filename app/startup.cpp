@@ -6,8 +6,9 @@
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/paths.h"
+#include "store/places.h"
 #include "store/session.h"
-#include "store/settings.h"
+#include "store/settings_file.h"
 #include "store/state.h"
 
 #include <QDir>
@@ -35,7 +36,7 @@ void HandOver(const QString& commandLine) {
 bool LoadStores() {
     auto& state = State();
     LoadSettings();
-    ScanBookBox(state.sDBPath);
+    ScanBookBox(state.settings.sDBPath);
     ReadBookInfo();
     ChooseBook();
     return true;

@@ -19,7 +19,7 @@
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/outside.h"
-#include "store/paths.h"
+#include "store/places.h"
 #include "store/state.h"
 
 #include <QApplication>

@@ -78,7 +78,7 @@ void ChartPanel::BuildList() {
 
 void ChartPanel::ResetGroup() {
     for (const int column : {kOpening, kAdded, kReduced, kBalance})
-        KestroList1_->SetMoneyGroup(column, State().nGroup);
+        KestroList1_->SetMoneyGroup(column, State().settings.nGroup);
 }
 
 void ChartPanel::resizeEvent(QResizeEvent* event) {

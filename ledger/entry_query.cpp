@@ -95,7 +95,7 @@ QString DateCondition(const EntryFilter& f) {
 }
 
 QString SumText(double x) {
-    return GroupText(MoneyText(x), State().nGroup, u","_s, u"0"_s);
+    return GroupText(MoneyText(x), State().settings.nGroup, u","_s, u"0"_s);
 }
 
 QString EntryQuery::Sql() const {
@@ -165,7 +165,7 @@ EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
 }
 
 SumTexts ShowSumTexts(const EntrySums& sums, bool all) {
-    const QString count = GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
+    const QString count = GroupText(QString::number(sums.count), State().settings.nGroup, u","_s, u"0"_s);
     const QString in = SumText(sums.in);
     const QString out = SumText(sums.out);
     const QString rest = SumText(sums.in - sums.out);

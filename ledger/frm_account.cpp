@@ -25,7 +25,7 @@ frmAccount::frmAccount(QWidget* parent) : ListPage(parent, EntryPageWords()) {
     LoadComkindData();
     ReloadScroll();
     ReloadScrollBooks();
-    const auto period = QuickPeriodLabels(State().LoadDate);
+    const auto period = QuickPeriodLabels(State().settings.LoadDate);
     SetPeriod(period.first, period.second);
 }
 

@@ -222,7 +222,7 @@ void frmAccountNew::OpenCalendar() {
 
 void frmAccountNew::OpenCalculator(int forBox, KestroText* box, bool ownKeys) {
     nCalcFor = forBox;
-    KestroCalculator1->PopUp(box, box->text(), State().nGroup, ownKeys);
+    KestroCalculator1->PopUp(box, box->text(), State().settings.nGroup, ownKeys);
 }
 
 void frmAccountNew::TakeCalculated(const QString& value) {

@@ -108,7 +108,7 @@ void frmAccountNew::BuildEntry() {
     txtMoney = new KestroText(TextMode::amount, ground_);
     txtMoney->setAccessibleName(u"金额"_s);
     txtMoney->SetBig(true);
-    txtMoney->SetGroup(State().nGroup);
+    txtMoney->SetGroup(State().settings.nGroup);
     txtMoney->SetPrompt(u"限2位小数"_s);
     txtMoney->SetEndButton(u"calculator"_s, u"计算器"_s, false);
     txtMoney->setGeometry(kFieldX, kMoneyY, kFieldEnd - kFieldX, 40);
@@ -155,7 +155,7 @@ void frmAccountNew::BuildAccounts() {
         accValueLabels_[i]->setGeometry(kAccLabelX, top + 40, 46, kRow);
         accValues_[i] = new KestroText(TextMode::amount, ground_);
         accValues_[i]->setAccessibleName(SignCaption(kAccount1 + i) + u"金额"_s);
-        accValues_[i]->SetGroup(State().nGroup);
+        accValues_[i]->SetGroup(State().settings.nGroup);
         accValues_[i]->setGeometry(kAccFieldX, top + 40, kAccEnd - kAccFieldX - 36, kRow);
         clones_[i] = new PngButton(u"clone"_s, u"复制记账金额"_s, ground_, kRow);
         clones_[i]->SetFramed(true);

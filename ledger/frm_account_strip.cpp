@@ -145,7 +145,8 @@ QString frmAccount::BookTip(const QString& key) const {
 }
 
 QString frmAccount::StripTip(const QString& section, const QString& item) const {
-    if (section == kBooks) return item.isEmpty() ? u"账本盒位置："_s + State().sDBPath : BookTip(item);
+    if (section == kBooks)
+        return item.isEmpty() ? u"账本盒位置："_s + State().settings.sDBPath : BookTip(item);
     if (item.isEmpty()) return {};
     if (section == kFigures)
         return item == u"money" || item == u"summoney"

@@ -27,7 +27,7 @@ frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, RecordPageWords()) {
     KestroScrollMenu1->AddItem(u"title1"_s, {.key = u"tongji"_s, .caption = u"账户管理"_s, .icon = u"set"_s});
     Connect();
     LoadComkindData();
-    const auto period = QuickPeriodLabels(State().LoadDate);
+    const auto period = QuickPeriodLabels(State().settings.LoadDate);
     SetPeriod(period.first, period.second);
     SwitchMode(u"list"_s);
 }

@@ -264,7 +264,7 @@ void ListPage::PickDate(QDate date) {
 void ListPage::pRESETGROUP() {
     for (auto* list : {KestroList1, KestroList2})
         for (int column = 0; column < list->ColumnCount(); ++column)
-            if (list->Column(column).type == u"money") list->SetMoneyGroup(column, State().nGroup);
+            if (list->Column(column).type == u"money") list->SetMoneyGroup(column, State().settings.nGroup);
 }
 
 void ListPage::pRetunPrintInfo(int code, int a, int b, int /*c*/) {

@@ -88,7 +88,7 @@ std::optional<EntryLine> ReadOneRecord(cConnection& book, qint64 id, int number)
 SumTexts RecordSumTexts(const EntrySums& sums) {
     SumTexts t;
     const QString rest = SumText(sums.in - sums.out);
-    t.count = u"笔数:"_s + GroupText(QString::number(sums.count), State().nGroup, u","_s, u"0"_s);
+    t.count = u"笔数:"_s + GroupText(QString::number(sums.count), State().settings.nGroup, u","_s, u"0"_s);
     t.value = u"差额:"_s + rest;
     t.tag = u"增加："_s + SumText(sums.in) + u" 元\n减少："_s + SumText(sums.out) + u" 元\n差额："_s + rest +
             u" 元"_s;

@@ -32,7 +32,8 @@ bool CanOpen(const QString& path) {
 QString CheckedPath(QString path) {
     path = path.toLower();
     if (path.isEmpty())
-        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s, State().sDBPath)
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s,
+                          State().settings.sDBPath)
                    .toLower();
     if (path.isEmpty()) return {};
     if (!FileExists(path)) {

@@ -12,7 +12,7 @@
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/session.h"
-#include "store/settings.h"
+#include "store/settings_file.h"
 #include "store/state.h"
 
 #include <QApplication>
@@ -109,7 +109,7 @@ void frmMain::HeaderButton(const QString& name) {
     if (name == u"web") Outside().open(kHomePage);
     if (name != u"calculator") return;
     if (Outside().calculator && Outside().calculator()) return;
-    KestroCalculator1->Open(button, State().nGroup);
+    KestroCalculator1->Open(button, State().settings.nGroup);
 }
 
 void frmMain::FillHost() {

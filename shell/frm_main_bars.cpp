@@ -29,9 +29,9 @@ void frmMain::BuildStatusBar() {
     barTip->AddPanel(u"网账：未连接"_s, 120);
     barTip->AddPanel(u"未收网账： 笔"_s, 140, false, u"new"_s);
     barTip->AddPanel({}, 30, false, u"money"_s);
-    barTip->AddPanel(u" 账本盒位置："_s + State().sDBPath, 40, true);
+    barTip->AddPanel(u" 账本盒位置："_s + State().settings.sDBPath, 40, true);
     barTip->SetPanelDot(kWebPanel, StatusDot::warn);
-    barTip->setToolTip(State().sDBPath + u"\n单击打开【账本盒文件夹】"_s);
+    barTip->setToolTip(State().settings.sDBPath + u"\n单击打开【账本盒文件夹】"_s);
     barTip->onClick = [this](int panel) { StatusClicked(panel); };
     txtSearch = new KestroText(TextMode::search, barTip);
     txtSearch->SetPrompt(u"搜索"_s);
@@ -50,7 +50,7 @@ void frmMain::BuildStatusBar() {
 
 void frmMain::StatusClicked(int panel) {
     if (panel == kSearchPanel || panel == kWebPanel) Outside().open(kHomePage);
-    if (panel == kBoxPanel) Outside().open(RealPath(State().sDBPath).path);
+    if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
 }
 
 void frmMain::SetWebTip(int kind, const QString& text) {
@@ -59,7 +59,7 @@ void frmMain::SetWebTip(int kind, const QString& text) {
         barTip->SetPanelDot(kWebPanel, StatusDot::good);
     }
     if (kind == 1) barTip->SetPanelText(kWaitingPanel, u"未收网账："_s + text + u" 笔"_s);
-    if (kind == 2) barTip->SetPanelText(kWebNamePanel, State().sWebName);
+    if (kind == 2) barTip->SetPanelText(kWebNamePanel, State().settings.sWebName);
 }
 
 void frmMain::ClearSearch() {

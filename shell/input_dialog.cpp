@@ -77,7 +77,7 @@ int frmInput::BuildMoney(int y) {
     const QString caption = record_.label2.isEmpty() ? u"期初余额:"_s : record_.label2;
     txtMoney_ = new KestroText(TextMode::amount, Body());
     txtMoney_->setObjectName(u"txtMoney"_s);
-    txtMoney_->SetGroup(State().nGroup);
+    txtMoney_->SetGroup(State().settings.nGroup);
     txtMoney_->setText(MoneyText(record_.money / 100.0));
     y = AddRow(y, caption, txtMoney_, txtMoney_->sizeHint().height());
     const QString hint = record_.label3.isEmpty() ? u"若非最末级不可输非0数字"_s : record_.label3;

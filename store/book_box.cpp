@@ -75,7 +75,7 @@ void ChooseBook() {
         state.gCurBook = state.gCmdBook;
         return;
     }
-    const int last = FindBook(state.sPreOpenDBFile);
+    const int last = FindBook(state.settings.sPreOpenDBFile);
     if (last >= 0) state.gCurBook = last;
 }
 

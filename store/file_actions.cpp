@@ -4,6 +4,7 @@
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/paths.h"
+#include "store/places.h"
 #include "store/state.h"
 
 #include <QDir>

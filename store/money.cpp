@@ -1,7 +1,5 @@
 #include "store/money.h"
 
-#include "store/state.h"
-
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -243,8 +241,8 @@ std::optional<int> TypedHundredths(const QString& text) {
     return amount ? Hundredths(*amount) : std::nullopt;
 }
 
-QString GroupNumber(double x, const QString& separator, const QString& zeroText) {
-    return GroupText(PlainNumber(x), State().nGroup, separator, zeroText);
+QString GroupNumber(double x, int nGroup, const QString& separator, const QString& zeroText) {
+    return GroupText(PlainNumber(x), nGroup, separator, zeroText);
 }
 
 QString GroupText(const QString& plain, int nGroup, const QString& separator, const QString& zeroText) {

@@ -40,8 +40,8 @@ std::optional<int> Hundredths(double amount);
 /// Those of a text; 0 for a blank one, nullopt for one that is no number.
 std::optional<int> TypedHundredths(const QString& text);
 
-/// x in groups of State().nGroup digits (3 or 4, otherwise none); zeroText when it rounds to 0.
+/// x in groups of nGroup digits (3 or 4, otherwise none); zeroText when it rounds to 0.
 /// Decimals beyond two survive.
-QString GroupNumber(double x, const QString& separator, const QString& zeroText);
-/// The same on a number's text, for cells that hold texts already. nGroup as above.
+QString GroupNumber(double x, int nGroup, const QString& separator, const QString& zeroText);
+/// The same on a number's text, for cells that hold texts already.
 QString GroupText(const QString& plain, int nGroup, const QString& separator, const QString& zeroText);

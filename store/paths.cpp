@@ -1,8 +1,5 @@
 #include "store/paths.h"
 
-#include "store/state.h"
-
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -51,15 +48,6 @@ PathStyle NativeStyle() {
 #else
     return PathStyle::posix;
 #endif
-}
-
-QString ProgramFolder() {
-    const auto& set = State().gProgramFolder;
-    return set.isEmpty() ? QCoreApplication::applicationDirPath() : set;
-}
-
-QString BesideProgram(const QString& name) {
-    return ProgramFolder() + u'/' + name;
 }
 
 FoundPath RealPath(const QString& path) {

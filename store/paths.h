@@ -10,11 +10,6 @@
 enum class PathStyle { posix, windows };
 PathStyle NativeStyle();
 
-/// The folder of the executable, where the skin, the icons and Set.ini lie.
-QString ProgramFolder();
-/// name in the program folder.
-QString BesideProgram(const QString& name);
-
 /// An existing file or folder under the spelling that the file system has: the exact one first, otherwise
 /// ignoring case, level by level. When nothing of that name exists, the name in the real folder.
 struct FoundPath {

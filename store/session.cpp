@@ -4,7 +4,8 @@
 #include "store/dates.h"
 #include "store/messages.h"
 #include "store/paths.h"
-#include "store/settings.h"
+#include "store/places.h"
+#include "store/settings_file.h"
 #include "store/state.h"
 
 #include <QDir>
@@ -43,9 +44,7 @@ void InitFolders() {
     for (int code = 0; code < static_cast<int>(state.gDlg.size()); ++code)
         ResetDlg(code);
     state.gPopups = 0;
-    state.nGroup = 3;
-    state.nHtmPageSize = 50;
-    state.nShowAgentIco = 1;
+    state.settings = {};
     state.gCurBook = 0;
     state.gCmdBook = -1;
     state.gBooks.assign(1, {});

@@ -1,35 +1,26 @@
 #pragma once
-// Set.ini, the settings of the installation. A SQLite file in spite of its name.
+// The settings of the installation in memory, and their columns in the settings file.
+
+#include "store/connection.h"
 
 #include <QString>
 
-/// Set.ini in the program folder, or its copy in gDataDir when that folder cannot be written. Settled once
-/// for the process.
-QString SettingsPath();
-
-/// Opens gSetDB on a settings file and reads its values into State(), nothing else.
-void OpenSettings(const QString& path);
-/// Makes or renews the copy as needed, opens gSetDB and reads everything into State(). On a first run the
-/// sample book is written anew. Throws DbError when the file is broken.
-void LoadSettings();
-
-enum SettingCode {
-    kSaveAll = -1,      ///< the general settings, in one transaction
-    kSaveLastBook = 1,  ///< value: the path
-    kSaveHandle = 2,    ///< value: the handle
-    kSaveLogTime = 3,
-    kSaveWebAccount = 4,
-    kSaveBookBox = 5
+/// The working copy, under the names of the columns of tSetting; LoadDate is a key of tSetting2.
+struct Settings {
+    int nGroup = 3;  ///< digits per group of an amount: 3 or 4, otherwise none
+    int nHtmPageSize = 50;
+    QString sWebName, sWebPass, sWebBook;
+    QString sDBPath;
+    int nShowAgentIco = 1;
+    QString sLogDateTime;    ///< the last start of the main window
+    QString sPreOpenDBFile;  ///< lower-case path of the book open at the last exit
+    QString LoadDate;        ///< key of the period that lists begin with
 };
-void SaveSetting(const QString& value, int code);
 
-/// Name of the sample book's file in the default book box.
-QString SampleBookPath();
+/// Reads every value; what the file does not have stays as it is.
+void ReadSettings(cConnection& file, Settings& settings);
 
-/// Puts path where the running copy reads it and returns that copy's handle; 0 without a row. For a second
-/// copy, which has loaded nothing.
-qint32 HandOverToRunning(const QString& path);
-/// The path that a second copy has left.
-QString HandedOverPath();
-/// Rows of tAd that are not done, for the number on the logo.
-int OpenAdCount();
+/// Columns that are written together.
+enum class SettingGroup { general, web, box };
+/// Writes the columns of a group in one transaction, LoadDate with the general ones.
+void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group);

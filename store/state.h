@@ -2,6 +2,7 @@
 // The program-wide state, one record for as long as the process lives.
 
 #include "store/connection.h"
+#include "store/settings.h"
 
 #include <QString>
 
@@ -44,16 +45,7 @@ struct ProgramState {
     QString gSettingsPath;           ///< empty until it is first asked for
     QString gCommandLine;            ///< the book path given to the program, absolute, or empty
     qint32 gRunHandle = 0;           ///< random number of this run, the channel's name to a second copy
-
-    // Settings in memory, under the names of their columns.
-    int nGroup = 3;  ///< digits per group of an amount: 3 or 4, otherwise none
-    int nHtmPageSize = 50;
-    QString sWebName, sWebPass, sWebBook;
-    QString sDBPath;
-    int nShowAgentIco = 1;
-    QString sLogDateTime;
-    QString sPreOpenDBFile;
-    QString LoadDate;
+    Settings settings;
 };
 
 ProgramState& State();

@@ -17,7 +17,7 @@ namespace {
 constexpr int kHeight = 22, kFoot = 3;
 
 QString Grouped(int n) {
-    return GroupText(QString::number(n), State().nGroup, u","_s, u"0"_s);
+    return GroupText(QString::number(n), State().settings.nGroup, u","_s, u"0"_s);
 }
 }  // namespace
 

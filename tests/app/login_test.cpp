@@ -40,9 +40,9 @@ class Login : public UiFixture {
         return path;
     }
     void Show() {
-        State().sDBPath = Path(u"box"_s);
-        QDir().mkpath(State().sDBPath);
-        ScanBookBox(State().sDBPath);
+        State().settings.sDBPath = Path(u"box"_s);
+        QDir().mkpath(State().settings.sDBPath);
+        ScanBookBox(State().settings.sDBPath);
         ReadBookInfo();
         ChooseBook();
         login_ = std::make_unique<frmLogin>();
@@ -100,7 +100,7 @@ TEST_F(Login, BooksThatCannotBeOpenedAreToldOneByOne) {
     ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
     junk.write(QByteArray(4096, 'x'));
     junk.close();
-    State().sPreOpenDBFile = Path(u"box/old.jotdb"_s).toLower();
+    State().settings.sPreOpenDBFile = Path(u"box/old.jotdb"_s).toLower();
     Show();
     EXPECT_EQ(Books()->Count(), 3);
     boxes.Expect(
@@ -160,12 +160,12 @@ TEST_F(Login, TheBookBoxMovesButNotIntoTheSystem) {
     boxes.Expect(
         u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"_s);
     login_->BtnPathClicked();
-    EXPECT_EQ(State().sDBPath, Path(u"box"_s));
+    EXPECT_EQ(State().settings.sDBPath, Path(u"box"_s));
     answer = Path(u"New Box"_s);
     QDir().mkpath(answer);
     QFile::copy(Path(u"box/a.jotdb"_s), answer + u"/B.jotdb"_s);
     login_->BtnPathClicked();
-    EXPECT_EQ(State().sDBPath, answer.toLower());
+    EXPECT_EQ(State().settings.sDBPath, answer.toLower());
     EXPECT_EQ(Rows(State().gSetDB, u"select sDBPath from tSetting"_s), QStringList{answer.toLower()});
     ASSERT_EQ(Books()->Count(), 1);
     Choose(u"b"_s);

@@ -155,7 +155,7 @@ TEST_F(EntryQueryTest, SumsAreGroupedAndHiddenForAll) {
          u"笔数:10000/差额:－/笔数 10000/增加 －/减少 －/差额 －/笔数：10000 笔"_s},
     };
     for (const auto& c : cases) {
-        State().nGroup = c.nGroup;
+        State().settings.nGroup = c.nGroup;
         const auto t = ShowSumTexts(c.sums, c.all);
         EXPECT_EQ((QStringList{t.count, t.value, t.bill, t.money, t.sumbill, t.summoney, t.tag}).join(u'/'),
                   c.texts);
@@ -163,7 +163,7 @@ TEST_F(EntryQueryTest, SumsAreGroupedAndHiddenForAll) {
     OpenSample();
     Book().Execute(
         u"update tAccount set Value1=0.1 where Id1=3; update tAccount set Value1=0.2 where Id1=4"_s);
-    State().nGroup = 3;
+    State().settings.nGroup = 3;
     const auto texts = ShowSumTexts(ReadSums(Book(), BuildEntryQuery(OfKind(u"03"_s))), false);
     EXPECT_EQ(texts.tag, u"笔数：3 笔\n增加：13,500 元\n减少：0.20 元\n差额：13,499.80 元"_s);
 }

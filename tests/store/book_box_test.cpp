@@ -80,7 +80,7 @@ TEST_F(BookBoxTest, TheBookOfTheCommandLineIsChosen) {
     Put(u"Box/b.jotdb"_s, SampleBookImage());
     Put(u"Out.jotdb"_s, SampleBookImage());
     Put(u"readme.txt"_s, "words");
-    State().sPreOpenDBFile = Path(u"Box/b.jotdb"_s).toLower();
+    State().settings.sPreOpenDBFile = Path(u"Box/b.jotdb"_s).toLower();
     struct Case {
         QString commandLine;  ///< in the temporary folder, empty for none
         size_t books;
@@ -101,7 +101,7 @@ TEST_F(BookBoxTest, TheBookOfTheCommandLineIsChosen) {
         EXPECT_EQ(CurrentBook().Name, c.chosen) << qPrintable(c.commandLine);
         EXPECT_EQ(State().gCmdBook != -1, c.named) << qPrintable(c.commandLine);
     }
-    State().sPreOpenDBFile = u"/nowhere.jotdb"_s;
+    State().settings.sPreOpenDBFile = u"/nowhere.jotdb"_s;
     Scan();
     EXPECT_EQ(State().gCurBook, 0);
 }

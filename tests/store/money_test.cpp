@@ -93,10 +93,8 @@ TEST_F(MoneyTest, NumbersAreGroupedFromTheRight) {
         {5, 1234567.25, u",", u"", u"1234567.25"},
         {-3, 1234567, u",", u"", u"1234567"},
     };
-    for (const auto& c : cases) {
-        State().nGroup = c.nGroup;
-        EXPECT_EQ(GroupNumber(c.x, T(c.separator), T(c.zero)), T(c.text)) << c.nGroup << " " << c.x;
-    }
+    for (const auto& c : cases)
+        EXPECT_EQ(GroupNumber(c.x, c.nGroup, T(c.separator), T(c.zero)), T(c.text)) << c.nGroup << " " << c.x;
     EXPECT_EQ(GroupText(u"1234.50"_s, 3, u","_s, {}), u"1,234.50"_s);
     EXPECT_EQ(GroupText(u"1234567890123456789"_s, 3, u","_s, {}), u"1234567890123456789"_s);
 }
@@ -188,7 +186,7 @@ TEST_F(MoneyTest, TheDesktopsDecimalCommaChangesNothing) {
     EXPECT_EQ(Val(u"12.75"), 12.75);
     EXPECT_EQ(NumericValue(u"-.5e1").value_or(0), -5);
     EXPECT_EQ(PlainNumber(1234.5) + MoneyText(12.75) + FixedText(0.125), u"1234.512.750.13"_s);
-    EXPECT_EQ(GroupNumber(1234.5, u","_s, {}), u"1,234.5"_s);
+    EXPECT_EQ(GroupNumber(1234.5, 3, u","_s, {}), u"1,234.5"_s);
     std::setlocale(LC_NUMERIC, "C");
     qunsetenv("LOCPATH");
 }

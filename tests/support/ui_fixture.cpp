@@ -11,7 +11,7 @@
 #include "shell/page.h"
 #include "store/dialogs.h"
 #include "store/outside.h"
-#include "store/settings.h"
+#include "store/settings_file.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -41,7 +41,7 @@ void UiFixture::OpenSettingsStore() {
     const QString path = Path(u"Set.ini"_s);
     EXPECT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + u"/../data/Set.ini"_s, path));
     OpenSettings(path);
-    State().sDBPath = Path({});
+    State().settings.sDBPath = Path({});
 }
 
 void UiFixture::RegisterAll() {

@@ -12,7 +12,7 @@ void OpenBook(const QString& path) {
     auto& state = State();
     state.gBooks.assign(1, {path, u"bench"_s, 2016, u"10.0"_s});
     state.gCurBook = 0;
-    state.LoadDate = u"all"_s;
+    state.settings.LoadDate = u"all"_s;
     state.gDB.Open(path);
 }
 

@@ -9,7 +9,7 @@
 #include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
 #include "store/outside.h"
-#include "store/paths.h"
+#include "store/places.h"
 #include "store/state.h"
 #include "tools/bench/start_end.h"
 

@@ -4,7 +4,7 @@
 #include "store/book_format.h"
 #include "store/errors.h"
 #include "store/paths.h"
-#include "store/settings.h"
+#include "store/settings_file.h"
 #include "store/state.h"
 #include "tools/drive/request.h"
 

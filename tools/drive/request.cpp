@@ -63,7 +63,7 @@ QString BadField(const QJsonObject& r) {
 
 void SetWorld(const QJsonObject& r, BoxLog& log) {
     log.SetAnswer(r[u"answer"].toString());
-    if (r.contains(u"group"_s)) State().nGroup = r[u"group"].toVariant().toInt();
+    if (r.contains(u"group"_s)) State().settings.nGroup = r[u"group"].toVariant().toInt();
     Job::StopAfter(r.contains(u"stopAfter"_s) ? r[u"stopAfter"].toVariant().toInt() : -1);
     auto now = QDateTime::fromString(r[u"now"].toString(), u"yyyy-MM-dd HH:mm:ss"_s);
     if (now.isValid())
@@ -132,12 +132,12 @@ QJsonObject Answer(const QJsonObject& given) {
     } else if (!bad.isEmpty()) {
         answer = Failure(u"bad field: "_s + bad);
     } else {
-        const int nGroup = State().nGroup;
+        const int nGroup = State().settings.nGroup;
         SetWorld(request, log);
         PendingError failed;
         if (!Succeeds([&] { answer = handler->second(request); }, &failed))
             answer = Failure(ErrorText(failed, {}));
-        State().nGroup = nGroup;
+        State().settings.nGroup = nGroup;
         if (answer.contains(u"message"_s) && answer[u"message"].toString().isEmpty())
             answer[u"message"] = log.LastText();
     }

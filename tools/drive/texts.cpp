@@ -2,6 +2,7 @@
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/paths.h"
+#include "store/places.h"
 #include "store/state.h"
 #include "store/text.h"
 #include "tools/drive/request.h"
@@ -56,7 +57,10 @@ using Function = std::function<QJsonValue(const Arguments&)>;
 const std::map<QString, Function>& Functions() {
     static const std::map<QString, Function> functions{
         {u"MoneyText"_s, [](const auto& a) { return MoneyText(a.Number(0)); }},
-        {u"GroupNumber"_s, [](const auto& a) { return GroupNumber(a.Number(0), a.Text(1), a.Text(2)); }},
+        {u"GroupNumber"_s,
+         [](const auto& a) {
+             return GroupNumber(a.Number(0), State().settings.nGroup, a.Text(1), a.Text(2));
+         }},
         {u"PadByWidth"_s, [](const auto& a) { return PadByWidth(a.Whole(0), a.Text(1)); }},
         {u"IndentByDepth"_s, [](const auto& a) { return IndentByDepth(a.Text(0), a.Flag(1)); }},
         {u"DaysInMonth"_s, [](const auto& a) { return DaysInMonth(a.Whole(0), a.Whole(1)); }},

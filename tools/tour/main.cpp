@@ -9,7 +9,7 @@
 #include "shell/controls/kestro_style.h"
 #include "shell/controls/kestro_tree.h"
 #include "shell/skin.h"
-#include "store/paths.h"
+#include "store/places.h"
 #include "store/state.h"
 #include "tools/tour/tour.h"
 

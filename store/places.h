@@ -1,0 +1,16 @@
+#pragma once
+// Where the program's own files lie.
+
+#include <QString>
+
+/// The folder of the executable, where the skin, the icons and Set.ini lie.
+QString ProgramFolder();
+/// name in the program folder.
+QString BesideProgram(const QString& name);
+
+/// Set.ini in the program folder, or its copy in gDataDir when that folder cannot be written. Settled once
+/// for the process.
+QString SettingsPath();
+
+/// The sample book's file in the default book box.
+QString SampleBookPath();

@@ -1,0 +1,28 @@
+#pragma once
+// Set.ini, the file that holds the settings of the installation. A SQLite file in spite of its name.
+
+#include <QString>
+
+/// Opens gSetDB on a settings file and reads its values into State().settings, nothing else.
+void OpenSettings(const QString& path);
+/// Makes or renews the copy as needed, opens gSetDB and reads everything into State(). On a first run the
+/// sample book is written anew. Throws DbError when the file is broken.
+void LoadSettings();
+
+enum SettingCode {
+    kSaveAll = -1,      ///< the general settings, in one transaction
+    kSaveLastBook = 1,  ///< value: the path
+    kSaveHandle = 2,    ///< value: the handle
+    kSaveLogTime = 3,
+    kSaveWebAccount = 4,
+    kSaveBookBox = 5
+};
+void SaveSetting(const QString& value, int code);
+
+/// Puts path where the running copy reads it and returns that copy's handle; 0 without a row. For a second
+/// copy, which has loaded nothing.
+qint32 HandOverToRunning(const QString& path);
+/// The path that a second copy has left.
+QString HandedOverPath();
+/// Rows of tAd that are not done, for the number on the logo.
+int OpenAdCount();
