@@ -243,10 +243,6 @@ void frmMain::TakeHandedBook() {
     }
     const QString path = HandedOverPath();
     if (path.isEmpty()) return;
-    if (path == CurrentBook().Path) {
-        ShowMsg(u"当前打开的正是该账本：\n【"_s + path + u"】"_s);
-        return;
-    }
     OpenDBFile(path);
 }
 

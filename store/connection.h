@@ -39,7 +39,13 @@ class DbError : public std::exception {
 [[noreturn]] void FailStatement(const QString& description, const QString& statement);
 
 /// What the number of a DbError says about the file.
-enum class DbFault { other, busy, readOnly, moved };
+enum class DbFault {
+    other,
+    busy,
+    readOnly,
+    moved,
+    noBook  ///< no database at all, a damaged one, or one without the tables asked for
+};
 DbFault FaultOf(int number);
 
 /// 'text' with its quotes doubled: the only way for an outside value into a statement.
@@ -119,7 +125,8 @@ class cConnection {
  public:
     struct Options {
         bool readOnly = false;
-        int waitMs = 2000;  ///< how long to wait for another program's lock
+        int waitMs = 2000;   ///< how long to wait for another program's lock
+        bool exact = false;  ///< the path stands in its real spelling; no other is looked for
     };
 
     cConnection();

@@ -25,20 +25,6 @@ PendingError Caught(const std::exception_ptr& failure) noexcept {
     return error;
 }
 
-QString LikelyReason(const PendingError& error) {
-    switch (FaultOf(error.number)) {
-        case DbFault::busy:
-            return u"账本正被别的程序使用"_s;
-        case DbFault::readOnly:
-            return u"账本文件是只读的"_s;
-        case DbFault::moved:
-            return u"账本文件已被移动或删除"_s;
-        case DbFault::other:
-            break;
-    }
-    return {};
-}
-
 }  // namespace
 
 PendingError& LastError() {
@@ -75,6 +61,23 @@ void ReportError(const QString& hint) {
     if (error.number == 0) return;
     LastError() = {};
     Succeeds([&] { ShowMsg(ErrorText(error, hint), u"确定"_s, kMsgFail, u"意外错误"_s, 392, 200); });
+}
+
+QString LikelyReason(const PendingError& error) {
+    const bool settings = error.source == u"Set.ini";
+    const QString file = settings ? u"设置文件"_s : u"账本文件"_s;
+    switch (FaultOf(error.number)) {
+        case DbFault::busy:
+            return (settings ? file : u"账本"_s) + u"正被别的程序使用"_s;
+        case DbFault::readOnly:
+            return file + u"是只读的"_s;
+        case DbFault::moved:
+            return file + u"已被移动或删除"_s;
+        case DbFault::noBook:
+        case DbFault::other:
+            break;
+    }
+    return {};
 }
 
 QString ErrorText(const PendingError& error, const QString& hint) {

@@ -31,5 +31,7 @@ void TellFailure(const PendingError& failed, const QString& hint = {});
 /// failure suggests, is told as the likely reason. Never throws.
 void ReportError(const QString& hint);
 
+/// What the kind of failure suggests as its reason, by the name of the file it speaks of; often empty.
+QString LikelyReason(const PendingError& error);
 /// The text of the box for error; hint may be empty.
 QString ErrorText(const PendingError& error, const QString& hint);

@@ -147,7 +147,7 @@ TEST_F(Frame, OpensAnotherBookAfterItsPassword) {
     password_ = u"geheim"_s;
     OpenDBFile(path);
     EXPECT_EQ(State().gCurBook, 1);
-    EXPECT_EQ(State().gDB.Path(), path.toLower());
+    EXPECT_EQ(State().gDB.Path(), path);
     EXPECT_EQ(List()->RowCount(), 0);
     EXPECT_EQ(Find<KestroScrollMenu>(frame_.get(), "KestroScrollMenu1")->SelectedKey(), u"_1"_s);
     boxes.Expect(u"当前打开的正是该账本：\n【"_s + path.toLower());

@@ -5,6 +5,7 @@
 #include "store/errors.h"
 #include "store/notices.h"
 #include "store/outside.h"
+#include "store/paths.h"
 
 #include <QFile>
 
@@ -62,6 +63,7 @@ Fixture::~Fixture() {
     State() = ProgramState{};
     Outside() = OutsideWorld{};
     ClearDialogs();
+    ForgetFolders();
     LastError() = {};
     Notices().chartChanged.Clear();
     Notices().booksChanged.Clear();
