@@ -18,18 +18,20 @@ QString RowsOfCode(Chart chart, const QString& code) {
 
 QString UsesOfCode(Chart chart, const QString& code) {
     const auto& names = TableOf(chart);
-    return u"select "_s + names.code + u" from "_s + names.rows + u" where "_s + names.code + u'=' + Quote(code);
+    return u"select "_s + names.code + u" from "_s + names.rows + u" where "_s + names.code + u'=' +
+           Quote(code);
 }
 
 QString NamesBelow(Chart chart, const QString& parent, const QString& name) {
-    return u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where "_s + AtOrBelow(u"Sort1"_s, parent) +
-           u" and Name1="_s + Quote(name);
+    return u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where "_s +
+           AtOrBelow(u"Sort1"_s, parent) + u" and Name1="_s + Quote(name);
 }
 
 QString ParentComplaint(cConnection& book, Chart chart, const QString& code) {
     if (code.size() <= 2) return {};
     const QString parent = ParentOf(code);
-    if (!HasRow(book, u"select Sort1 from "_s + TableOf(chart).table + u" where "_s + AtOrBelow(u"Sort1"_s, parent)))
+    if (!HasRow(book, u"select Sort1 from "_s + TableOf(chart).table + u" where "_s +
+                          AtOrBelow(u"Sort1"_s, parent)))
         return u"该编号的上一级编号不存在!"_s;
     if (!HasRow(book, UsesOfCode(chart, parent))) return {};
     return chart == Chart::kinds ? u"该分类编号的上一级，已经在记账中使用了。不能在该分类下新增子分类!"_s
@@ -60,7 +62,8 @@ CodeCheck CheckCodeChange(cConnection& book, Chart chart, const QString& newCode
     if (!IsLeafCode(book, oldCode, chart)) return {u"该编号已经有下一级，不能修改编号!"_s};
     CodeCheck check;
     const QString& column = TableOf(chart).code;
-    for (auto uses = book.Read(u"select "_s + column + u" from tAccount where "_s + column + u'=' + Quote(oldCode));
+    for (auto uses =
+             book.Read(u"select "_s + column + u" from tAccount where "_s + column + u'=' + Quote(oldCode));
          uses.Next();)
         ++check.uses;
     return check;

@@ -59,8 +59,8 @@ std::vector<ChartLine> ReadChart(cConnection& book, Chart chart) {
 }
 
 std::optional<ChartRecord> ReadChartRecord(cConnection& book, qint64 id, Chart chart) {
-    const auto row =
-        book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where id1="_s + QString::number(id));
+    const auto row = book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where id1="_s +
+                                        QString::number(id));
     if (row.Eof() || row.Text(u"Sort1").isEmpty()) return {};
     return RecordOf(book, row, chart);
 }

@@ -249,8 +249,5 @@ void ChartPanel::Del() {
         KestroList1_->SetCurrentRow(-1);
     };
     const QString code = KestroList1_->RowKey(row);
-    Run(code, [&] {
-        DeleteRowAsked(State().gDB, chart_, code, removeLine);
-    });
+    Run(code, [&] { DeleteRowAsked(State().gDB, chart_, code, removeLine); });
 }
-

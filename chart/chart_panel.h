@@ -40,7 +40,8 @@ class ChartPanel : public QWidget {
     void Del();
     /// Shows frmInput over its record; true when it was confirmed.
     bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
-    /// Carries out a change of the row of a code, which shows itself; a failing one is told after the list is fresh.
+    /// Carries out a change of the row of a code, which shows itself; a failing one is told after the list is
+    /// fresh.
     void Run(const QString& code, const std::function<void()>& change);
     void Append(qint64 id, const ChartRecord& record);
     void ShowChanged(int row, const ChartRecord& record);

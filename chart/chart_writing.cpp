@@ -22,7 +22,8 @@ void MoveOpening(ChartRecord& record) {
 
 std::optional<ChangedRow> RewriteRow(cConnection& book, Chart chart, const ChartChange& change) {
     const auto& names = TableOf(chart);
-    auto row = book.OpenRecordset(u"select * from "_s + names.table + u" where Sort1="_s + Quote(change.oldCode));
+    auto row =
+        book.OpenRecordset(u"select * from "_s + names.table + u" where Sort1="_s + Quote(change.oldCode));
     if (row.Eof()) return {};
     ChangedRow changed{change.record, row.Int(u"Id1"), row.Int(u"IID"), false};
     auto& record = changed.record;
@@ -59,7 +60,8 @@ void LinkRow(cConnection& book, Chart chart, qint64 id, qint64 link) {
 
 void ReplaceName(cConnection& book, Chart chart, const QString& from, const QString& to) {
     if (chart == Chart::accounts) {
-        book.Execute(u"update tSubAccItem set SubAccName1="_s + Quote(to) + u" where SubAccName1="_s + Quote(from));
+        book.Execute(u"update tSubAccItem set SubAccName1="_s + Quote(to) + u" where SubAccName1="_s +
+                     Quote(from));
         return;
     }
     // The first statement compares a name with the codes: posted entries keep the kind's name of their day.
@@ -71,8 +73,8 @@ void ReplaceName(cConnection& book, Chart chart, const QString& from, const QStr
 // Waiting web entries hold ids of kinds, not codes, and stay as they are.
 void ReplaceCode(cConnection& book, Chart chart, const QString& from, const QString& to) {
     const auto& names = TableOf(chart);
-    book.Execute(u"update "_s + names.rows + u" set "_s + names.code + u'=' + Quote(to) + u" where "_s + names.code +
-                 u'=' + Quote(from));
+    book.Execute(u"update "_s + names.rows + u" set "_s + names.code + u'=' + Quote(to) + u" where "_s +
+                 names.code + u'=' + Quote(from));
 }
 
 void AddOpening(cConnection& book, Chart chart, const ChangedRow& row) {
@@ -139,7 +141,8 @@ void DeleteChartRow(cConnection& book, Chart chart, const QString& code) {
     std::vector<qint64> records;
     for (auto rows = book.Read(u"select id1 from tSubAccItem where SubAccKey="_s + Quote(code)); rows.Next();)
         records.push_back(rows.Int(0));
-    if (!records.empty()) book.Execute(u"delete from tAccount where iiid="_s + QString::number(records.front()));
+    if (!records.empty())
+        book.Execute(u"delete from tAccount where iiid="_s + QString::number(records.front()));
     book.Execute(u"delete from tSubAcc where Sort1="_s + Quote(code));
     book.Execute(u"delete from tSubAccItem where SubAccKey="_s + Quote(code));
 }

@@ -1,6 +1,6 @@
 #pragma once
-// What a change writes: the chart row and everything that carries its code, its name or its opening balance. Nothing
-// here checks, asks or opens a transaction.
+// What a change writes: the chart row and everything that carries its code, its name or its opening balance.
+// Nothing here checks, asks or opens a transaction.
 
 #include "chart/chart_list.h"
 #include "chart/codes.h"
@@ -13,13 +13,14 @@ qint64 AddChartRow(cConnection& book, Chart chart, const CodeName& row, double o
 struct ChartChange {
     ChartRecord record;
     QString oldCode, oldName;
-    bool openingTouched = false;  ///< record.newOpening counts; otherwise the opening stays what the book holds
+    bool openingTouched =
+        false;  ///< record.newOpening counts; otherwise the opening stays what the book holds
 };
 
 struct ChangedRow {
     ChartRecord record;  ///< the row's new figures
     qint64 id = 0;
-    qint64 link = 0;  ///< IID, the opening's posted row; 0 or less for none
+    qint64 link = 0;      ///< IID, the opening's posted row; 0 or less for none
     bool linked = false;  ///< that row is there
 };
 

@@ -23,13 +23,15 @@ QString Successor(const QString& code) {
 }
 
 std::optional<CodeName> RowOfCode(cConnection& book, const QString& code, Chart chart) {
-    auto row = book.Read(u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
+    auto row =
+        book.Read(u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
     if (!row.Next()) return {};
     return CodeName{row.Text(0), row.Text(1)};
 }
 
 QString DetailLines(cConnection& book, Chart chart, const QString& code) {
-    const auto row = book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
+    const auto row =
+        book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
     if (row.Eof()) return {};
     const auto sums = BranchSums(book, chart, code);
     return u"\n增加："_s + sums.added + u"\n减少："_s + sums.reduced + u"\n余额："_s + sums.balance +
@@ -55,7 +57,8 @@ QString AtOrBelow(const QString& column, const QString& code) {
 }
 
 bool IsLeafCode(cConnection& book, const QString& code, Chart chart) {
-    auto rows = book.Read(u"select Sort1 from "_s + TableOf(chart).table + u" where "_s + AtOrBelow(u"Sort1"_s, code));
+    auto rows = book.Read(u"select Sort1 from "_s + TableOf(chart).table + u" where "_s +
+                          AtOrBelow(u"Sort1"_s, code));
     return !(rows.Next() && rows.Next());
 }
 
@@ -76,9 +79,10 @@ QString CodePathText(cConnection& book, Chart chart, const QString& code, bool d
 
 BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code) {
     const auto& names = TableOf(chart);
-    auto row = book.Read(u"select sum(case when nSign=1 then Value1 end),sum(case when nSign=-1 then Value1 end) "
-                         u"from "_s +
-                         names.rows + u" where "_s + AtOrBelow(names.code, code));
+    auto row = book.Read(
+        u"select sum(case when nSign=1 then Value1 end),sum(case when nSign=-1 then Value1 end) "
+        u"from "_s +
+        names.rows + u" where "_s + AtOrBelow(names.code, code));
     const bool found = row.Next();
     const double added = found ? row.Number(0) : 0;
     const double reduced = found ? row.Number(1) : 0;
@@ -90,17 +94,17 @@ double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart) {
     const QString& rows = TableOf(chart).rows;
     const auto rowId = book.RowOf(rows, entryId);
     if (!rowId) return 0;
-    auto row = book.Read(u"select id1,Value1,nSign from "_s + rows + u" where rowid="_s +
-                         QString::number(*rowId));
+    auto row =
+        book.Read(u"select id1,Value1,nSign from "_s + rows + u" where rowid="_s + QString::number(*rowId));
     return row.Next() ? row.Number(1) * static_cast<double>(row.Int(2)) : 0;
 }
 
 std::vector<CodeName> ChildCodes(cConnection& book, Chart chart, const QString& code) {
     const auto n = code.size();
     auto rows =
-        book.Read(u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where Left$(Sort1,"_s + QString::number(n) +
-                  u")="_s + Quote(code) + u" and Mid$(Sort1,"_s + QString::number(n + 1) +
-                  u")<>'' and Mid$(Sort1,"_s + QString::number(n + 3) + u")=''"_s);
+        book.Read(u"select Sort1,Name1 from "_s + TableOf(chart).table + u" where Left$(Sort1,"_s +
+                  QString::number(n) + u")="_s + Quote(code) + u" and Mid$(Sort1,"_s +
+                  QString::number(n + 1) + u")<>'' and Mid$(Sort1,"_s + QString::number(n + 3) + u")=''"_s);
     std::vector<CodeName> children;
     while (rows.Next())
         if (rows.Text(0).size() == n + 2) children.push_back({rows.Text(0), rows.Text(1)});
@@ -115,7 +119,8 @@ std::vector<CodeName> ShownCodes(cConnection& book, Chart chart) {
 }
 
 std::vector<ChartRow> ShownRows(cConnection& book, Chart chart) {
-    auto rows = book.Read(u"select Id1,Sort1,Name1 from "_s + TableOf(chart).table + u" where nHide=0 order by Sort1"_s);
+    auto rows = book.Read(u"select Id1,Sort1,Name1 from "_s + TableOf(chart).table +
+                          u" where nHide=0 order by Sort1"_s);
     std::vector<ChartRow> found;
     while (rows.Next())
         found.push_back({rows.Int(0), rows.Text(1), rows.Text(2)});
@@ -128,7 +133,8 @@ int ChartCount(cConnection& book, Chart chart) {
 }
 
 std::optional<ChartMoney> StoredMoney(cConnection& book, Chart chart, qint64 id) {
-    const auto row = book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Id1="_s + QString::number(id));
+    const auto row = book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Id1="_s +
+                                        QString::number(id));
     if (row.Eof()) return {};
     return ChartMoney{row.Text(u"Name1"), row.Number(u"nAdd"), row.Number(u"nReduce"), row.Number(u"Money")};
 }

@@ -21,8 +21,8 @@ struct CodeName {
 /// Code and name typed as one text, "0102 生产成本". Both are empty after any failure, which has been shown.
 CodeName ParseCodeName(const QString& text);
 
-/// The condition of rows at or below a code, for any code column: a range, which is quicker than cutting each code.
-/// All rows for an empty code.
+/// The condition of rows at or below a code, for any code column: a range, which is quicker than cutting each
+/// code. All rows for an empty code.
 QString AtOrBelow(const QString& column, const QString& code);
 
 /// True when at most one row stands at or below the code; also for a code without a row.
@@ -41,7 +41,8 @@ struct BranchTexts {
 };
 BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code);
 
-/// Signed opening balance held by the posted row (of the chart's rows table) with this id; 0 when there is none.
+/// Signed opening balance held by the posted row (of the chart's rows table) with this id; 0 when there is
+/// none.
 double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart);
 
 /// Codes and names of the children of code, two characters longer; the first level for an empty code.

@@ -17,7 +17,8 @@ bool Refused(const QString& complaint) {
 }
 
 // How many uses the user has let a changed code follow; nullopt after a refusal.
-std::optional<int> AskCodeChange(cConnection& book, Chart chart, const QString& newCode, const QString& oldCode) {
+std::optional<int> AskCodeChange(cConnection& book, Chart chart, const QString& newCode,
+                                 const QString& oldCode) {
     const auto check = CheckCodeChange(book, chart, newCode, oldCode);
     if (Refused(check.complaint)) return {};
     if (check.uses == 0) return 0;
@@ -42,7 +43,8 @@ QString ComplaintNow(cConnection& book, Chart chart, const ChartChange& change, 
     return changed.name ? NameComplaint(book, chart, {change.record.code, change.record.name}) : QString();
 }
 
-std::optional<ChartRecord> Apply(cConnection& book, Chart chart, const ChartChange& change, const Names& changed) {
+std::optional<ChartRecord> Apply(cConnection& book, Chart chart, const ChartChange& change,
+                                 const Names& changed) {
     std::optional<ChangedRow> row;
     QString complaint;
     {
@@ -59,8 +61,7 @@ std::optional<ChartRecord> Apply(cConnection& book, Chart chart, const ChartChan
         return {};
     }
     Notices().chartChanged.Emit(chart);
-    if (HasStandingOpening(chart, *row))
-        WriteStandingOpening(book, *row, u"其他内容已保存，期初余额未变"_s);
+    if (HasStandingOpening(chart, *row)) WriteStandingOpening(book, *row, u"其他内容已保存，期初余额未变"_s);
     return row->record;
 }
 

@@ -80,7 +80,8 @@ AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QS
     return {row.Id1, record.Id1};
 }
 
-qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QString& code, const QString& name) {
+qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QString& code,
+                       const QString& name) {
     return chart == Chart::kinds ? AddKindOpeningEntry(book, amount, code, name)
                                  : AddAccountOpeningEntry(book, amount, code, name).record;
 }

@@ -19,8 +19,10 @@ AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QS
                                       const QString& name);
 
 /// Adds the opening entry of a chart row; the id that the row keeps as its link.
-qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QString& code, const QString& name);
+qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QString& code,
+                       const QString& name);
 
-/// Removes the entry behind a chart row's link, with all that it was given later: second row, records, pictures, and
-/// the balances of these. The opening's own rows move no balance; the chart row is the caller's.
+/// Removes the entry behind a chart row's link, with all that it was given later: second row, records,
+/// pictures, and the balances of these. The opening's own rows move no balance; the chart row is the
+/// caller's.
 void RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link);

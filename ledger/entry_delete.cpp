@@ -96,7 +96,8 @@ bool DeleteEntry(cConnection& book, qint64 id) {
     return DeleteLine(book, LineKind::entries, id);
 }
 
-void DeleteLines(cConnection& book, LineKind lines, const std::vector<qint64>& ids, Job& job, DeleteTally& tally) {
+void DeleteLines(cConnection& book, LineKind lines, const std::vector<qint64>& ids, Job& job,
+                 DeleteTally& tally) {
     tally = {};
     // An id of -1 would find every entry without a partner.
     std::vector<qint64> real;
@@ -163,7 +164,8 @@ int DeleteCheckedAsked(cConnection& book, LineKind lines, const std::vector<qint
         TellFailure(failed);
     }
     QString told = u"成功删除"_s + QString::number(tally.count) + u"条记账!"_s;
-    if (tally.skipped > 0) told += u"\n另有"_s + QString::number(tally.skipped) + u"条账户记录已不在账本中!"_s;
+    if (tally.skipped > 0)
+        told += u"\n另有"_s + QString::number(tally.skipped) + u"条账户记录已不在账本中!"_s;
     ShowMsg(told, u"确定"_s, kMsgDone);
     return tally.count;
 }

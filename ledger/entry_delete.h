@@ -14,8 +14,8 @@
 /// What the lines of a list stand for, and their ids are: rows of tAccount, or account records.
 enum class LineKind { entries, records };
 
-/// Removes the entry of a line in one transaction; a record whose entry is gone is removed alone, with its balance.
-/// False when the line's row is gone.
+/// Removes the entry of a line in one transaction; a record whose entry is gone is removed alone, with its
+/// balance. False when the line's row is gone.
 bool DeleteLine(cConnection& book, LineKind lines, qint64 id);
 
 /// DeleteLine of an entry, given either of its tAccount ids.
@@ -27,9 +27,11 @@ struct DeleteTally {
     int skipped = 0;  ///< lines whose record was gone before
 };
 
-/// Removes the entries of these lines, in slices of at most 50 with a yield between. Stops between two slices when the
-/// job is asked to. A failing slice is rolled back and throws; earlier slices stay, and tally holds what was done.
-void DeleteLines(cConnection& book, LineKind lines, const std::vector<qint64>& ids, Job& job, DeleteTally& tally);
+/// Removes the entries of these lines, in slices of at most 50 with a yield between. Stops between two slices
+/// when the job is asked to. A failing slice is rolled back and throws; earlier slices stay, and tally holds
+/// what was done.
+void DeleteLines(cConnection& book, LineKind lines, const std::vector<qint64>& ids, Job& job,
+                 DeleteTally& tally);
 
 /// Those of the ids whose row still stands.
 std::set<qint64> StillThere(cConnection& book, LineKind lines, const std::vector<qint64>& ids);

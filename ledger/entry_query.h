@@ -33,7 +33,7 @@ struct EntryQuery {
     QString from;   ///< the table and the start of the where part
     QString where;  ///< what stands behind "where 1 "
     QString order;
-    bool all = true;  ///< one line an entry; false: the rows of one code with a running balance
+    bool all = true;   ///< one line an entry; false: the rows of one code with a running balance
     bool sums = true;  ///< increase and decrease of the whole filter are shown; otherwise its count alone
     QString Sql() const;
 };
@@ -65,7 +65,8 @@ QString AmountHeading(const EntryQuery& query);
 /// The line of one row as it is appended after saving: the line number is number, column 5 is empty.
 std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number);
 
-/// Figures of the whole filter, from one statement. Increase and decrease stay 0 where the query wants no sums.
+/// Figures of the whole filter, from one statement. Increase and decrease stay 0 where the query wants no
+/// sums.
 struct EntrySums {
     double in = 0, out = 0;
     int count = 0;

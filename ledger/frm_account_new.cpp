@@ -252,9 +252,8 @@ void frmAccountNew::OpenTree(size_t slot) {
 }
 
 void frmAccountNew::ShowCodeTip(size_t slot) {
-    const QString tip = sKey[slot].isEmpty() ? QString()
-                                             : CodePathText(State().gDB, ChartOfSlot(slot),
-                                                            sKey[slot], true);
+    const QString tip =
+        sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
     combos_[slot]->setToolTip(tip);
 }
 

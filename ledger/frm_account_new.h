@@ -75,7 +75,7 @@ class frmAccountNew : public KestroDialog {
     qint64 lOpenedId = -1;                    ///< the row the caller named
     QString pictures_ = QStringLiteral("0");  ///< Tag of btnCamera
     bool bToAccount = false;
-    int nCalcFor = 0;   ///< 0: the calculator fills txtMoney, 1: txtAccValue
+    int nCalcFor = 0;  ///< 0: the calculator fills txtMoney, 1: txtAccValue
     std::array<QString, 4> sKey, sName;
 
     EntryGround* ground_;

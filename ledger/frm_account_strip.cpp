@@ -177,7 +177,9 @@ void frmAccount::ShowKindMoney() {
 // The kind under the pointer when its menu opened, otherwise the one that is followed.
 const ChartRow* frmAccount::ChosenKind() const {
     const bool followed = KestroScrollMenu1->SelectedSection() == kKinds;
-    const QString code = !stripKind_.isEmpty() ? stripKind_ : followed ? KestroScrollMenu1->SelectedKey() : QString();
+    const QString code = !stripKind_.isEmpty() ? stripKind_
+                         : followed            ? KestroScrollMenu1->SelectedKey()
+                                               : QString();
     const auto found =
         std::find_if(kinds_.begin(), kinds_.end(), [&](const ChartRow& kind) { return kind.code == code; });
     return found == kinds_.end() ? nullptr : &*found;

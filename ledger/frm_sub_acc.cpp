@@ -85,7 +85,8 @@ void frmSubAcc::ReloadChoosers() {
 
 void frmSubAcc::ChooseCode(const QString& code) {
     sKind = code;
-    if (!comKind->SetCurrentKey(code)) comKind->SetText(code + NameByCode(State().gDB, code, Chart::accounts));
+    if (!comKind->SetCurrentKey(code))
+        comKind->SetText(code + NameByCode(State().gDB, code, Chart::accounts));
     ReloadData();
 }
 

@@ -140,9 +140,8 @@ void ListPage::DeleteChecked() {
     for (const auto& key : KestroList1->CheckedKeys())
         ids.push_back(key.toLongLong());
     const FreshView::Own own(fresh_);
-    DeleteCheckedAsked(State().gDB, lines_, ids, KestroPGress1->Slots(), [this] {
-        ShowOwnChange([this] { RemoveDeleted(); });
-    });
+    DeleteCheckedAsked(State().gDB, lines_, ids, KestroPGress1->Slots(),
+                       [this] { ShowOwnChange([this] { RemoveDeleted(); }); });
 }
 
 // Only lines that stand for nothing any more leave the list.

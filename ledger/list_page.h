@@ -65,11 +65,13 @@ class ListPage : public StripPage {
 
     /// Builds the query from the filter controls and loads its first page. Nothing while a job runs.
     void ReloadData();
-    /// The filter that was run once more: page, current line, marks, sort and place stay. Nothing while a job runs.
+    /// The filter that was run once more: page, current line, marks, sort and place stay. Nothing while a job
+    /// runs.
     void ReloadInPlace();
     void ShowSums();
     void ShowDetail();
-    /// Shows a change that this page has made: by show, or by loading anew where the lines hold a running balance.
+    /// Shows a change that this page has made: by show, or by loading anew where the lines hold a running
+    /// balance.
     void ShowOwnChange(const std::function<void()>& show);
     void CopySums();
     void ResetFilters();

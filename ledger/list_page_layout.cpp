@@ -219,7 +219,8 @@ void ListPage::SetDisplayMode(int mode) {
     Arrange();
 }
 
-// The detail stands beside the list only where enough stays for it, otherwise below, and goes where that is not so.
+// The detail stands beside the list only where enough stays for it, otherwise below, and goes where that is
+// not so.
 void ListPage::Arrange() {
     const int width = Room()->contentsRect().width();
     const bool side =

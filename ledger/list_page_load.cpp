@@ -89,7 +89,8 @@ void ListPage::ReloadInPlace() {
 const EntrySums& ListPage::Figures() {
     auto& book = State().gDB;
     KnownFigures now{query_.from + query_.where, book.Serial(), book.DataVersion(), {}};
-    if (!figures_ || figures_->sql != now.sql || figures_->serial != now.serial || figures_->version != now.version) {
+    if (!figures_ || figures_->sql != now.sql || figures_->serial != now.serial ||
+        figures_->version != now.version) {
         now.sums = ReadSums(book, query_);
         figures_ = now;
     }

@@ -81,7 +81,8 @@ std::vector<Action> ListRows() {
         Keyed(OnToolbar(row(edit, Act::edit, u"edit"_s, u"修改(查看)"_s), u"修改"_s, u"edit"_s), u"Ctrl+E"_s),
         Keyed(row(edit, Act::remove, u"del"_s, u"删除"_s, u"del"_s), u"Delete"_s, false),
         row(edit, Act::remember, u"template"_s, u"加入模板"_s, u"template"_s),
-        Keyed(OnToolbar(row(print, Act::print, u"print"_s, u"打印列表"_s), u"打印"_s, u"print"_s), u"Ctrl+P"_s),
+        Keyed(OnToolbar(row(print, Act::print, u"print"_s, u"打印列表"_s), u"打印"_s, u"print"_s),
+              u"Ctrl+P"_s),
         row(print, Act::preview, u"printview"_s, u"打印预览"_s),
         row(print, Act::printChecked, u"printcheck"_s, u"打印选中记录"_s),
         row(print, Act::previewChecked, u"printviewcheck"_s, u"选中记录预览"_s),
@@ -91,10 +92,10 @@ std::vector<Action> ListRows() {
 
 std::vector<Action> ArgumentRows() {
     std::vector<Action> rows;
-    const std::pair<QString, QString> periods[] = {{u"Today"_s, u"今天"_s},     {u"Yestoday"_s, u"昨天"_s},
-                                                   {u"Week"_s, u"这个星期"_s},  {u"Rcently"_s, u"最近十天"_s},
-                                                   {u"Month"_s, u"这个月"_s},   {u"PreMonth"_s, u"上个月"_s},
-                                                   {u"Year"_s, u"今年"_s},      {u"All"_s, u"全部"_s}};
+    const std::pair<QString, QString> periods[] = {{u"Today"_s, u"今天"_s},    {u"Yestoday"_s, u"昨天"_s},
+                                                   {u"Week"_s, u"这个星期"_s}, {u"Rcently"_s, u"最近十天"_s},
+                                                   {u"Month"_s, u"这个月"_s},  {u"PreMonth"_s, u"上个月"_s},
+                                                   {u"Year"_s, u"今年"_s},     {u"All"_s, u"全部"_s}};
     for (const auto& [key, caption] : periods)
         rows.push_back(Row(Act::period, Doer::frame, u"shortdate"_s, key, caption));
     for (const int percent : {20, 30, 50, 70, 80, 100, 120, 200}) {
@@ -116,7 +117,8 @@ std::vector<Action> KeyRows() {
         row(Act::menu, Doer::frame, u"F10"_s),
     };
     for (int tab = 0; tab < kTabs; ++tab)
-        rows.push_back(row(Act::tab, Doer::frame, u"Ctrl+"_s + QString::number(tab + 1), QString::number(tab)));
+        rows.push_back(
+            row(Act::tab, Doer::frame, u"Ctrl+"_s + QString::number(tab + 1), QString::number(tab)));
     return rows;
 }
 
@@ -145,6 +147,7 @@ const Action* FindAction(const QString& menu, const QString& key) {
 
 const Action& ActionOf(Act act) {
     const auto& rows = Actions();
-    return *std::find_if(rows.begin(), rows.end(),
-                         [act](const Action& row) { return row.act == act && (!row.key.isEmpty() || row.menu.isEmpty()); });
+    return *std::find_if(rows.begin(), rows.end(), [act](const Action& row) {
+        return row.act == act && (!row.key.isEmpty() || row.menu.isEmpty());
+    });
 }

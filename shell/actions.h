@@ -1,6 +1,6 @@
 #pragma once
-// One table of everything that a menu item, a key or a toolbar button sets off. Who reads a row finds its words, its
-// icon, its key and who does it; nobody else spells them.
+// One table of everything that a menu item, a key or a toolbar button sets off. Who reads a row finds its
+// words, its icon, its key and who does it; nobody else spells them.
 
 #include <QString>
 
@@ -56,9 +56,9 @@ enum class Doer {
 struct Action {
     Act act;
     Doer doer = Doer::page;
-    QString menu = {};      ///< empty: no menu shows it
-    QString key = {};       ///< name of the row in its menu
-    QString caption = {};   ///< empty in a menu: a separator
+    QString menu = {};     ///< empty: no menu shows it
+    QString key = {};      ///< name of the row in its menu
+    QString caption = {};  ///< empty in a menu: a separator
     QString icon = {};
     QString shortcut = {};  ///< shown in the menu
     bool bound = true;      ///< the frame listens for the shortcut; otherwise the control in focus does

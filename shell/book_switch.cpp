@@ -5,12 +5,12 @@
 #include "store/book_box.h"
 #include "store/book_check.h"
 #include "store/book_format.h"
-#include "store/period.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
 #include "store/notices.h"
+#include "store/period.h"
 #include "store/session.h"
 
 using namespace Qt::StringLiterals;

@@ -17,7 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Page* PageFor(const frmMain& frame, const Action& action) {
-    return action.doer == Doer::entryPage ? frame.GetWinhWnd(kTabAccount) : frame.GetWinhWnd(frame.CurrentTab());
+    return action.doer == Doer::entryPage ? frame.GetWinhWnd(kTabAccount)
+                                          : frame.GetWinhWnd(frame.CurrentTab());
 }
 
 bool FrameCan(const Action& action) {

@@ -4,8 +4,8 @@
 struct Action;
 class frmMain;
 
-/// Builds all menus from the table, with items that stand disabled while they cannot be done, and sends their choices
-/// on.
+/// Builds all menus from the table, with items that stand disabled while they cannot be done, and sends their
+/// choices on.
 void BuildMenus(frmMain& frame);
 /// Listens for the keys of the table.
 void BindShortcuts(frmMain& frame);

@@ -10,7 +10,8 @@ std::array<PageFactory, kTabs>& Factories() {
 }  // namespace
 
 int CodeOfTab(int tab) {
-    constexpr std::array<int, kTabs> codes{kPageAccount, kPageSubAcc, kPageWeb, kPageStats, kPageNote, kPageSetting};
+    constexpr std::array<int, kTabs> codes{kPageAccount, kPageSubAcc, kPageWeb,
+                                           kPageStats,   kPageNote,   kPageSetting};
     return codes.at(static_cast<size_t>(tab));
 }
 

@@ -51,7 +51,8 @@ class Page : public QWidget {
     virtual void OpenSub(const QString& /*key*/) {}
     /// Reloads the kind or account list if it is the one that shows.
     virtual void ReLoadKindAcc(const QString& /*key*/) {}
-    /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: add, edit, remove.
+    /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: add, edit,
+    /// remove.
     virtual void DoKindAcc(Chart /*chart*/, const QString& /*code*/, Act /*act*/) {}
     /// Files dropped on the frame; the names are joined by line breaks.
     virtual void MyTrack_DragDropFiles(int /*count*/, const QString& /*names*/) {}

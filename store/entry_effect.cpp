@@ -81,8 +81,7 @@ bool RemoveEntry(cConnection& book, qint64 id) {
     MoveBalances(book, *ids, Effect::takeBack);
     DeletePictures(book, kEntries, id);
     book.Execute(u"delete from tAccount where "_s + book.WhereIds(kEntries, {id, ids->second}));
-    book.Execute(u"delete from tSubAccItem where "_s +
-                 book.WhereIds(kRecords, {ids->record1, ids->record2}));
+    book.Execute(u"delete from tSubAccItem where "_s + book.WhereIds(kRecords, {ids->record1, ids->record2}));
     return true;
 }
 

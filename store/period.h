@@ -19,5 +19,6 @@ inline const QString kUnsetSecond = QStringLiteral("日期2");
 /// " and …" for the column Date1, which holds texts; empty when both ends are unset.
 QString PeriodCondition(const Period& period);
 
-/// The period of a key: today yestoday week rcently month premonth year; both ends unset for all and for an unknown key.
+/// The period of a key: today yestoday week rcently month premonth year; both ends unset for all and for an
+/// unknown key.
 Period PeriodOfKey(const QString& key);

@@ -1,6 +1,6 @@
 #pragma once
-// Keeps what a view shows fresh. A change elsewhere loads it at once, in place, while it shows and no job runs;
-// otherwise when it is next shown.
+// Keeps what a view shows fresh. A change elsewhere loads it at once, in place, while it shows and no job
+// runs; otherwise when it is next shown.
 
 #include <QWidget>
 

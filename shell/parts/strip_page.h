@@ -1,6 +1,6 @@
 #pragma once
-// A page with a strip at its left. On a narrow page the strip shows its icons alone and opens over the page while the
-// pointer or the keyboard is on it.
+// A page with a strip at its left. On a narrow page the strip shows its icons alone and opens over the page
+// while the pointer or the keyboard is on it.
 
 #include "shell/page.h"
 

@@ -38,7 +38,9 @@ KestroButton* Toolbar::Insert(int at, const QString& caption, const QString& ico
 
 void Toolbar::GiveMenu(KestroButton* button, const QString& menu) {
     button->SetArrow(true);
-    button->onArrow = [button, menu] { Menus::Popup(menu, button->mapToGlobal(button->rect().bottomLeft())); };
+    button->onArrow = [button, menu] {
+        Menus::Popup(menu, button->mapToGlobal(button->rect().bottomLeft()));
+    };
 }
 
 void Toolbar::SetEnd(QWidget* box, int least, int wanted) {

@@ -1,6 +1,6 @@
 #pragma once
-// A page's row of commands: tool buttons for acts, and a box at the right end. When the row is short of room the
-// buttons lose their captions from the right, then the box its width.
+// A page's row of commands: tool buttons for acts, and a box at the right end. When the row is short of room
+// the buttons lose their captions from the right, then the box its width.
 
 #include "shell/actions.h"
 

@@ -75,10 +75,12 @@ TEST_F(CodesTest, LeavesHaveNothingBelowThem) {
         bool leaf;
     };
     const Case cases[] = {
-        {u"0101"_s, Chart::kinds, true},  {u"01"_s, Chart::kinds, false},   {u"03"_s, Chart::kinds, false},
-        {u"0302"_s, Chart::kinds, false}, {u"00"_s, Chart::kinds, true},    {u"77"_s, Chart::kinds, true},
-        {u"01"_s, Chart::accounts, true},  {u"03"_s, Chart::accounts, false}, {u"x'y"_s, Chart::accounts, true},
-        {u"030"_s, Chart::kinds, false},  {{}, Chart::kinds, false},
+        {u"0101"_s, Chart::kinds, true},   {u"01"_s, Chart::kinds, false},
+        {u"03"_s, Chart::kinds, false},    {u"0302"_s, Chart::kinds, false},
+        {u"00"_s, Chart::kinds, true},     {u"77"_s, Chart::kinds, true},
+        {u"01"_s, Chart::accounts, true},  {u"03"_s, Chart::accounts, false},
+        {u"x'y"_s, Chart::accounts, true}, {u"030"_s, Chart::kinds, false},
+        {{}, Chart::kinds, false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(IsLeafCode(Book(), c.code, c.chart), c.leaf) << qPrintable(c.code);

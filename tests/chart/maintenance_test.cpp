@@ -1,7 +1,8 @@
 // Keeping the charts: the checks in their order, and what a change writes.
 
-#include "chart/chart_checks.h"
 #include "chart/maintenance.h"
+
+#include "chart/chart_checks.h"
 #include "ledger/entry_edit.h"
 #include "store/errors.h"
 #include "store/messages.h"
@@ -23,14 +24,16 @@ class MaintenanceTest : public Fixture {
     QStringList Dump(const QString& sql) { return Rows(Book(), sql); }
     /// The chart row: code, name, increase, decrease, balance, whether an opening row is linked.
     QString Row(Chart chart, const QString& code) {
-        return Dump(u"select Sort1,Name1,nAdd,nReduce,Money,IID>0 from "_s + TableOf(chart).table + u" where Sort1='"_s +
-                    code + u'\'')
+        return Dump(u"select Sort1,Name1,nAdd,nReduce,Money,IID>0 from "_s + TableOf(chart).table +
+                    u" where Sort1='"_s + code + u'\'')
             .join(u';');
     }
     /// Changes the row of a code to what is typed.
     bool Change(Chart chart, const QString& code, const TypedRow& typed) {
         const qint64 id =
-            Dump(u"select Id1 from "_s + TableOf(chart).table + u" where Sort1='"_s + code + u'\'').value(0).toLongLong();
+            Dump(u"select Id1 from "_s + TableOf(chart).table + u" where Sort1='"_s + code + u'\'')
+                .value(0)
+                .toLongLong();
         const auto stored = ReadChartRecord(Book(), id, chart);
         return stored && ChangeRow(Book(), chart, *stored, typed);
     }
@@ -95,7 +98,8 @@ TEST_F(MaintenanceTest, ANewRowIsCheckedInOrder) {
             EXPECT_EQ(NewRow(Book(), c.chart, {c.text, 0, {}, false}).has_value(), c.message.isEmpty());
         });
         if (!c.message.isEmpty())
-            EXPECT_EQ(Dump(u"select count(*) from "_s + TableOf(c.chart).table), before) << qPrintable(c.text);
+            EXPECT_EQ(Dump(u"select count(*) from "_s + TableOf(c.chart).table), before)
+                << qPrintable(c.text);
         Book().Execute(u"delete from tKind where ID1 between 17 and 9998; delete from tSubAcc where Id1>7"_s);
     }
 }
@@ -188,7 +192,8 @@ TEST_F(MaintenanceTest, ANameMustBeFreeBelowTheSameParentAtAnyDepth) {
         {kAccounts, u"01"_s, u"软件开发"_s, false}, {kAccounts, u"01"_s, u"x' or '1"_s, true},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(NameComplaint(Book(), c.chart, {c.code, c.name}), c.good ? QString() : u"同一级内有相同的名称!"_s)
+        EXPECT_EQ(NameComplaint(Book(), c.chart, {c.code, c.name}),
+                  c.good ? QString() : u"同一级内有相同的名称!"_s)
             << qPrintable(c.name);
 }
 
@@ -370,7 +375,8 @@ TEST_F(MaintenanceTest, AnOpeningSetToNothingTakesAlongWhatItsEntryWasGiven) {
             e.accountValue[slot - kAccount1] = u"7"_s;
         }
         ASSERT_TRUE(SaveEditedEntry(Book(), e, loaded->main, loaded->opened).done);
-        Book().Execute(u"insert into tPic (ID1,sFromTable,lFromId,lFromId1) values (%1,'tAccount',%1,-1)"_s.arg(entry));
+        Book().Execute(
+            u"insert into tPic (ID1,sFromTable,lFromId,lFromId1) values (%1,'tAccount',%1,-1)"_s.arg(entry));
     }
     ForgetPictureOwners();
     openings(0);
@@ -389,8 +395,12 @@ TEST_F(MaintenanceTest, AChangeThatFailsAnywhereLeavesTheBookAsItWas) {
     };
     const auto kind = ReadChartRecord(Book(), 12, kKinds);
     const std::function<void()> changes[] = {
-        [&] { ChangeRow(Book(), kKinds, *kind, {u"030299 农行卡"_s, 5, u"x"_s, true}); },
-        [&] { NewRow(Book(), kAccounts, {u"09 甲"_s, 5, {}, false}); },
+        [&] {
+            ChangeRow(Book(), kKinds, *kind, {u"030299 农行卡"_s, 5, u"x"_s, true});
+        },
+        [&] {
+            NewRow(Book(), kAccounts, {u"09 甲"_s, 5, {}, false});
+        },
         [&] { DeleteRowAsked(Book(), kKinds, u"0102"_s, {}); },
     };
     for (const auto& change : changes) {

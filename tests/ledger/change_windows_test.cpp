@@ -192,6 +192,7 @@ TEST_F(ChangeWindows, ALineWhoseSecondRowWasTakenAwayGoes) {
 
 TEST_F(ChangeWindows, DeletesTheCurrentLineAndTheCheckedOnes) {
     auto page = Open<frmAccount>(3);
+    list_->SetCurrentRow(-1);
     boxes.Expect(u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s);
     QTest::mouseClick(Find<QWidget>(page.get(), "btnDel"), Qt::LeftButton, {}, {10, 10});
     list_->SetCurrentRow(1);

@@ -125,7 +125,8 @@ class ChangesTest : public RandomEntries {
     double Opening() { return Roll(3) == 0 ? 0 : std::round(Val(Amount()) * 100) / 100 * (Toss() ? 1 : -1); }
 
     std::optional<ChartRecord> Stored(Chart chart, const QString& code, qint64* link) {
-        auto row = Book().Read(u"select Id1,IID from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
+        auto row =
+            Book().Read(u"select Id1,IID from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
         if (!row.Next()) return {};
         *link = row.Int(1);
         return ReadChartRecord(Book(), row.Int(0), chart);
@@ -139,7 +140,8 @@ class ChangesTest : public RandomEntries {
         const auto row = OpeningOf(u"tAccount"_s, u"Type1,IIID"_s, link);
         if (row.there && row.other != -1) return;  // it has got an account
         const double opening = Opening();
-        ASSERT_TRUE(ChangeRow(Book(), Chart::kinds, *stored, {code + u' ' + stored->name, opening, {}, false}));
+        ASSERT_TRUE(
+            ChangeRow(Book(), Chart::kinds, *stored, {code + u' ' + stored->name, opening, {}, false}));
         Widen(u"tKind"_s, code, OfOpening(opening), 1);
         Widen(u"tKind"_s, code, OfOpening(row.Opening()), -1);
         if (row.there) Widen(u"tKind"_s, row.code, OfRow(row.value, row.sign), 1);
@@ -159,7 +161,7 @@ class ChangesTest : public RandomEntries {
             ChangeRow(Book(), Chart::accounts, *stored, {code + u' ' + stored->name, opening, {}, false});
         });
         EXPECT_EQ(done, opening == 0 || !row.there);  // an opening that stands changes by way of 0
-        if (!done) return;  // undone whole
+        if (!done) return;                            // undone whole
         Widen(u"tSubAcc"_s, code, OfOpening(opening), 1);
         Widen(u"tSubAcc"_s, code, OfOpening(row.Opening()), -1);
         if (row.there) Widen(u"tSubAcc"_s, row.code, OfRow(row.value, row.sign), 1);

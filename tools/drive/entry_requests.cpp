@@ -188,8 +188,8 @@ QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
     const bool records = list == u"records";
     if (!records && list != u"entries") return Missing(u"list"_s);
     PendingError failed;
-    const int count = DeleteCheckedAsked(State().gDB, records ? LineKind::records : LineKind::entries, *asked, {}, {},
-                                         &failed);
+    const int count = DeleteCheckedAsked(State().gDB, records ? LineKind::records : LineKind::entries, *asked,
+                                         {}, {}, &failed);
     if (count < 0) return Refusal({}, {});
     if (failed.number != 0) {
         auto answer = Failure(ErrorText(failed, {}));

@@ -78,8 +78,10 @@ const std::map<QString, Function>& Functions() {
         {u"ParseCodeName"_s, {Parsed}},
         {u"FileNameOf"_s, {NameOfFile}},
         {u"ParentPath"_s, {[](const auto& a) { return ParentPath(a.Text(0)); }}},
-        {u"NameByCode"_s, {[](const auto& a) { return NameByCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
-        {u"IsLeafCode"_s, {[](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
+        {u"NameByCode"_s,
+         {[](const auto& a) { return NameByCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
+        {u"IsLeafCode"_s,
+         {[](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
         {u"CodePathText"_s,
          {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
         {u"BranchSums"_s, {Sums, 0}},
@@ -98,8 +100,7 @@ QJsonObject AnswerTexts(const QJsonObject& request) {
                                                           : style == u"windows" ? PathStyle::windows
                                                                                 : PathStyle::posix};
     const int table = function->second.table;
-    if (table >= 0 && !ChartOf(arguments.Text(table)))
-        return Failure(u"unknown table"_s);
+    if (table >= 0 && !ChartOf(arguments.Text(table))) return Failure(u"unknown table"_s);
     return {{u"ok"_s, true}, {u"value"_s, function->second.value(arguments)}};
 }
 
