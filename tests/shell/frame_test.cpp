@@ -176,6 +176,18 @@ TEST_F(Frame, ABookThatCannotBeOpenedLeavesTheOldOneOpen) {
     EXPECT_EQ(List()->RowCount(), 3);
 }
 
+TEST_F(Frame, ABookThatVanishesBehindItsPasswordLeavesTheOldOneCurrent) {
+    const QString path = SecondBook();
+    confirm_ = false;
+    OpenDBFile(path);
+    ASSERT_EQ(State().gBooks.size(), 2U);
+    QFile::remove(path);
+    boxes.Expect(u"意外错误，错误信息："_s);
+    EXPECT_FALSE(ReloadPages(1));
+    EXPECT_EQ(State().gCurBook, 0);
+    EXPECT_EQ(List()->RowCount(), 3);
+}
+
 TEST_F(Frame, ASecondCopysBookIsTakenUnlessAWindowIsOpen) {
     const QString path = SecondBook();
     State().gSetDB.Execute(u"update tSetting set sOutOpenDBFile="_s + Quote(path.toLower()));
