@@ -38,11 +38,14 @@ class frmLogin : public KestroDialog {
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
     void Build();
     void BuildStrip();
+    void LayOut();
     void Arrange();
+    void PlaceHero();
     void LoadBooks();
     void FillBooks();
     void ShowBook(int index);
@@ -57,6 +60,9 @@ class frmLogin : public KestroDialog {
     bool stripShown_ = false;
     QTimer Timer1;
     LoginHero* hero_;
+    QWidget* strip_ = nullptr;  ///< the lower strip
+    QWidget* upper_ = nullptr;  ///< what stands above it
+    KestroLabel* title_;
     KestroCombox* comBook;
     KestroText* txtPass;
     KestroButton* btnEnter;

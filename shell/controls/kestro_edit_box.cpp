@@ -27,6 +27,14 @@ KestroEditBox::KestroEditBox(QWidget* parent) : QPlainTextEdit(parent) {
     connect(this, &QPlainTextEdit::textChanged, this, [this] { RunEvent(onChange); });
 }
 
+QSize KestroEditBox::sizeHint() const {
+    return {Skin::Px(200), Skin::Px(64)};
+}
+
+QSize KestroEditBox::minimumSizeHint() const {
+    return {Skin::Px(80), Skin::Px(56)};
+}
+
 // The ground and outline are the frame's; the viewport paints the text over it.
 bool KestroEditBox::event(QEvent* event) {
     if (event->type() != QEvent::Paint) return QPlainTextEdit::event(event);

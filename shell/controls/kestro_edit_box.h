@@ -16,8 +16,8 @@ class KestroEditBox : public QPlainTextEdit {
     std::function<void()> onChange;  ///< after every change
     std::function<void()> onLeave;
 
-    QSize sizeHint() const override { return {200, 64}; }
-    QSize minimumSizeHint() const override { return {80, 56}; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
  protected:
     bool event(QEvent* event) override;

@@ -13,8 +13,8 @@ enum class TextMode {
 };
 
 /// text() and setText() are the plain text. Line breaks that a user pastes become blanks. In amount mode
-/// `,` `，` `￥` `元` and blanks drop out of what is typed or pasted, and full-width digits become ASCII; nothing
-/// else is refused.
+/// `,` `，` `￥` `元` and blanks drop out of what is typed or pasted, and full-width digits become ASCII;
+/// nothing else is refused.
 class KestroText : public QLineEdit {
  public:
     explicit KestroText(TextMode mode = TextMode::normal, QWidget* parent = nullptr);
@@ -42,8 +42,8 @@ class KestroText : public QLineEdit {
     std::function<void()> onEnter;                 ///< without it, Enter goes on to the window
     std::function<void()> onEndButton;             ///< the button, or Alt+Down
     std::function<void()> onClick;
-    std::function<void()> onLeave;              ///< the focus went to another control
-    std::function<bool(QKeyEvent*)> onKey;      ///< before the box; true when the key is used up
+    std::function<void()> onLeave;          ///< the focus went to another control
+    std::function<bool(QKeyEvent*)> onKey;  ///< before the box; true when the key is used up
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -81,6 +81,7 @@ class KestroText : public QLineEdit {
     QString Clean(const QString& text) const;
     void CleanEdit();
     void EndStep();
+    void ShowMenu(QPoint at);
     bool TypeCleaned(const QKeyEvent& event);
     void PaintOutline(QPainter& p) const;
     void PaintEnds(QPainter& p) const;
@@ -94,7 +95,9 @@ class KestroText : public QLineEdit {
     void PaintAmount(QPainter& p) const;
     void PaintDots(QPainter& p) const;
     int DotX(int position) const;
-    int PositionX(int position) const { return mode_ == TextMode::masked ? DotX(position) : AmountX(position); }
+    int PositionX(int position) const {
+        return mode_ == TextMode::masked ? DotX(position) : AmountX(position);
+    }
     void PaintPrompt(QPainter& p, int right) const;
     QString Grouped() const;
     int AmountX(int position) const;
