@@ -17,6 +17,7 @@ class KestroLabel;
 class KestroText;
 class LoginHero;
 class PngButton;
+class QGridLayout;
 
 class frmLogin : public KestroDialog {
  public:
@@ -60,8 +61,10 @@ class frmLogin : public KestroDialog {
     bool stripShown_ = false;
     QTimer Timer1;
     LoginHero* hero_;
-    QWidget* strip_ = nullptr;  ///< the lower strip
-    QWidget* upper_ = nullptr;  ///< what stands above it
+    QWidget* strip_ = nullptr;   ///< the lower strip
+    QWidget* upper_ = nullptr;   ///< what stands above it
+    QWidget* corner_ = nullptr;  ///< holds the arrow
+    QGridLayout* rows_ = nullptr;
     KestroLabel* title_;
     KestroCombox* comBook;
     KestroText* txtPass;

@@ -114,24 +114,31 @@ void frmLogin::LayOut() {
     buttons->addWidget(btnEnter, 25);
     buttons->addWidget(btnCancel, 11);
     form->addLayout(buttons);
-    auto* foot = new QHBoxLayout;
-    foot->addWidget(lblLogDate, 1);
-    foot->addWidget(pngArrow);
-    form->addLayout(foot);
+    form->addWidget(lblLogDate);
+    lblLogDate->setMinimumHeight(28);
     form->addStretch();
     for (QWidget* box : {static_cast<QWidget*>(comBook), static_cast<QWidget*>(txtPass)})
         box->setFixedHeight(Skin::Px(kBox));
     upper_ = new QWidget;
     upper_->setLayout(form);
-    auto* column = new QVBoxLayout(Body());
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(upper_, 1);
-    column->addWidget(strip_);
+    corner_ = new QWidget;
+    auto* corner = new QHBoxLayout(corner_);
+    corner->setContentsMargins(0, 0, kWidth - kEnd - 5, 5);
+    corner->addWidget(pngArrow);
+    rows_ = new QGridLayout(Body());
+    rows_->setContentsMargins(0, 0, 0, 0);
+    rows_->setSpacing(0);
+    rows_->addWidget(upper_, 0, 0);
+    rows_->addWidget(strip_, 1, 0);
+    rows_->setRowStretch(0, 1);
 }
 
 void frmLogin::Arrange() {
     strip_->setVisible(stripShown_);
+    // The arrow stands in the lower right corner of what shows.
+    rows_->removeWidget(corner_);
+    rows_->addWidget(corner_, stripShown_ ? 1 : 0, 0, Qt::AlignRight | Qt::AlignBottom);
+    corner_->raise();
     SetNamedSize({kWidth, LoginHero::kHeight + (stripShown_ ? kStripHeight : 0)});
     Body()->layout()->activate();
     PlaceHero();

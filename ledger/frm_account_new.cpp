@@ -109,9 +109,10 @@ void frmAccountNew::ShowEntry(const EntryValues& e) {
     editNote->SetText(e.note);
     chkMark->SetChecked(e.mark);
     for (size_t slot = 0; slot < combos_.size(); ++slot) {
-        combos_[slot]->SetText(e.text[slot]);
+        combos_[slot]->SetText(e.text[slot], e.code[slot]);
         options_[slot]->SetAdd(e.add[slot]);
     }
+    loaded_ = e;
     sKey = e.code;
     sName = e.name;
     for (size_t i = 0; i < 2; ++i)
@@ -153,6 +154,7 @@ EntryValues frmAccountNew::Gather() const {
     e.code = sKey;
     e.name = sName;
     e.accountValue = {accValues_[0]->text(), accValues_[1]->text()};
+    e.loadedAmounts = loaded_.loadedAmounts;
     e.kind2On = chkOther->IsChecked();
     e.toAccount = bToAccount;
     e.account2On = chkOther1->IsChecked();
@@ -234,6 +236,12 @@ void frmAccountNew::TakeCalculated(const QString& value) {
 
 void frmAccountNew::Chosen(size_t slot, const QString& key) {
     EntryValues picked;
+    // What the entry was loaded with stands, though its kind has another name by now or is hidden.
+    if (!key.isEmpty() && key == loaded_.code[slot] && combos_[slot]->text() == loaded_.text[slot]) {
+        sKey[slot] = loaded_.code[slot];
+        sName[slot] = loaded_.name[slot];
+        return;
+    }
     const bool leaf = !key.isEmpty() && PickCode(State().gDB, picked, slot, key);
     sKey[slot] = picked.code[slot];
     sName[slot] = picked.name[slot];

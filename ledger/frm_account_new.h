@@ -82,6 +82,7 @@ class frmAccountNew : public KestroDialog {
     bool bToAccount = false;
     int nCalcFor = 0;  ///< 0: the calculator fills txtMoney, 1: txtAccValue
     std::array<QString, 4> sKey, sName;
+    EntryValues loaded_;  ///< the entry as it was before the change; empty for a new one
 
     QGridLayout* sides_ = nullptr;
     QWidget* kind2_ = nullptr;        ///< group of the second kind

@@ -77,7 +77,8 @@ int KestroCombox::IndexOf(const QString& text) const {
     return -1;
 }
 
-void KestroCombox::SetText(const QString& text) {
+void KestroCombox::SetText(const QString& text, const QString& key) {
+    kept_ = {text, key, {}};
     current_ = IndexOf(text);
     typed_ = false;
     setText(text);
@@ -130,23 +131,45 @@ void KestroCombox::Filter(const QString& typed) {
     std::vector<int> shown;
     for (int i = 0; i < Count(); ++i)
         if (Item(i).text.contains(typed, Qt::CaseInsensitive)) shown.push_back(i);
+    const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
+    std::stable_partition(shown.begin(), shown.end(), begins);
     // Enter takes what the typed text most likely means.
     int likely = IndexOf(typed);
-    const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
     if (mode_ == ComboxMode::pick && likely < 0 && !typed.isEmpty() && !shown.empty()) {
-        const auto first = std::find_if(shown.begin(), shown.end(), begins);
-        likely = first == shown.end() ? shown.front() : *first;
+        likely = shown.front();
     }
     list_->Open(this, std::move(shown), likely);
+}
+
+// The item that a typed text names: wholly, by its code or its name, or as the only one that holds it.
+int KestroCombox::Meant(const QString& typed) const {
+    if (typed.isEmpty() || typed == kept_.text.trimmed()) return IndexOf(typed);
+    int only = -1, holding = 0;
+    for (int i = 0; i < Count(); ++i) {
+        const QString& key = Item(i).key;
+        const QString name = Item(i).text.startsWith(key) ? Item(i).text.mid(key.size()) : Item(i).text;
+        if (typed == Item(i).text || typed == key || typed == name.trimmed()) return i;
+        if (!Item(i).text.contains(typed, Qt::CaseInsensitive)) continue;
+        only = i;
+        ++holding;
+    }
+    return holding == 1 ? only : -1;
 }
 
 // What a typed text comes to when the user leaves the box.
 void KestroCombox::Settle() {
     if (!typed_) return;
     typed_ = false;
-    const int index = IndexOf(text().trimmed());
+    const QString typed = text().trimmed();
+    const int index = mode_ == ComboxMode::pick ? Meant(typed) : IndexOf(typed);
     if (index >= 0) return Choose(index);
     if (mode_ != ComboxMode::pick) return;
+    if (!typed.isEmpty() && typed == kept_.text.trimmed()) {
+        const ComboxItem kept = kept_;
+        SetText(kept.text, kept.key);
+        if (onChoose && !kept.key.isEmpty()) onChoose(kept.text, kept.key);
+        return;
+    }
     clear();
     if (onChoose) onChoose({}, {});
 }

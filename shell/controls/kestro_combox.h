@@ -42,7 +42,7 @@ class KestroCombox : public KestroText {
     /// Shows another text for the chosen item.
     void ShowAs(const QString& text) { setText(text); }
     /// The text part; a text put here stands, whether it is an item's or not.
-    void SetText(const QString& text);
+    void SetText(const QString& text, const QString& key = {});
     /// Puts a browse or tree button at the right end.
     void SetBrowse(const QString& icon, const QString& tip);
     /// Opens with all items.
@@ -73,6 +73,7 @@ class KestroCombox : public KestroText {
 
  private:
     void Choose(int index);
+    int Meant(const QString& typed) const;
     void ListTurned();
     void Filter(const QString& typed);
     void Step(int by);
@@ -83,6 +84,7 @@ class KestroCombox : public KestroText {
     std::vector<ComboxItem> items_;
     std::unique_ptr<ComboxList> list_;
     int current_ = -1;
+    ComboxItem kept_;  ///< what SetText put there
     Controls::TypeAhead typing_;
     bool typed_ = false;  ///< the text is the user's and has not been settled
 };

@@ -2,10 +2,13 @@
 
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_list_columns.h"
+#include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
 #include "store/outside.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -272,6 +275,21 @@ TEST(ListMouse, TickingLeavesTheCurrentRowAndTheHeadingMarksAll) {
     EXPECT_TRUE(list.CheckedRows().empty());
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, CellCentre(list, 1, 1));
     EXPECT_EQ(list.CurrentRow(), 1);
+}
+
+TEST(ListMouse, ATipLeavesWithItsCell) {
+    KestroToolTip::Install();
+    KestroList list;
+    FillOne(
+        list, u"string"_s,
+        {u"一个长得在它的格子里写不下的名字，所以要整个显示出来，再长一些，再长一些，再长一些"_s, u"短"_s});
+    list.show();
+    const QPoint at = CellCentre(list, 0, 1);
+    QHelpEvent help(QEvent::ToolTip, at, list.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(list.viewport(), &help);
+    ASSERT_TRUE(KestroToolTip::IsShown(u"cell"_s));
+    QTest::mouseMove(list.viewport(), CellCentre(list, 1, 1));
+    EXPECT_FALSE(KestroToolTip::IsShown(u"cell"_s));
 }
 
 TEST(ListColumns, ShareTheRoom) {
