@@ -34,6 +34,7 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     setWindowTitle(u"墨鹊登录"_s);
     Build();
     BuildStrip();
+    LayOut();
     Arrange();
     onEscape = [this] { Leave(false); };
     onClose = [this] { Leave(false); };
@@ -69,6 +70,11 @@ void frmLogin::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, [] {
         RunEvent([] { ShowMsg(u"您目前没有任何【账本】,请先点击账本右边的【新】按钮,新建账本!"_s); });
     });
+}
+
+void frmLogin::resizeEvent(QResizeEvent* event) {
+    KestroDialog::resizeEvent(event);
+    if (strip_) PlaceHero();
 }
 
 void frmLogin::FillBooks() {

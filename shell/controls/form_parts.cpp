@@ -1,5 +1,6 @@
 #include "shell/controls/form_parts.h"
 
+#include "shell/controls/accessible.h"
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
@@ -79,6 +80,7 @@ void HeaderPart::keyPressEvent(QKeyEvent* event) {
 HeaderTab::HeaderTab(QWidget* parent, const QString& caption) : HeaderPart(parent, {}) {
     setText(caption);
     setAccessibleName(caption.simplified().remove(u' '));
+    UseOwnInterface(this);
 }
 
 void HeaderTab::paintEvent(QPaintEvent*) {

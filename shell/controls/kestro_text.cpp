@@ -295,6 +295,8 @@ void KestroText::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Escape && mode_ == TextMode::search && !text().isEmpty()) {
         clear();
         RunEvent([this] { Edited(); });
+    } else if (event->key() == Qt::Key_F10 && event->modifiers() & Qt::ShiftModifier) {
+        ShowMenu(mapToGlobal(QPoint(kPadding, height())));
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (!TypeCleaned(*event)) {
@@ -317,11 +319,15 @@ void KestroText::focusOutEvent(QFocusEvent* event) {
 }
 
 void KestroText::contextMenuEvent(QContextMenuEvent* event) {
+    ShowMenu(event->globalPos());
+}
+
+void KestroText::ShowMenu(QPoint at) {
     ShowTextMenuOf(this,
                    {.canUndo = isUndoAvailable(),
                     .readOnly = isReadOnly(),
                     .masked = mode_ == TextMode::masked,
                     .hasSelection = hasSelectedText(),
                     .isEmpty = text().isEmpty()},
-                   event->globalPos());
+                   at);
 }

@@ -81,6 +81,7 @@ class KestroText : public QLineEdit {
     QString Clean(const QString& text) const;
     void CleanEdit();
     void EndStep();
+    void ShowMenu(QPoint at);
     bool TypeCleaned(const QKeyEvent& event);
     void PaintOutline(QPainter& p) const;
     void PaintEnds(QPainter& p) const;

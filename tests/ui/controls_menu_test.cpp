@@ -1,5 +1,6 @@
 // Menus, strips, trees, bars and options, driven as a user drives them.
 
+#include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_menu.h"
 #include "shell/controls/kestro_option.h"
 #include "shell/controls/kestro_pgress.h"
@@ -59,6 +60,27 @@ TEST_F(MenuTest, AChoiceBelowIsReportedUnderTheNameOfItsMenu) {
     menu->actions()[0]->menu()->actions()[0]->trigger();
     EXPECT_EQ(heard_, QStringList(u"shortdate/today"_s));
     menu->close();
+}
+
+// The pointer went away while the menu had the mouse.
+TEST_F(MenuTest, NothingStaysHoveredBehindAMenu) {
+    QWidget window;
+    auto* button = new KestroButton(ButtonLook::plain, u"菜单"_s, {}, &window);
+    window.show();
+    KestroMenu menu(&window);
+    menu.AddItem(u"a"_s, u"甲"_s);
+    button->setAttribute(Qt::WA_UnderMouse);
+    QCursor::setPos(window.mapToGlobal(QPoint(window.width() + 50, 0)));
+    menu.PopupAt(window.mapToGlobal(QPoint(0, 30)));
+    menu.close();
+    EXPECT_FALSE(button->underMouse());
+}
+
+TEST_F(MenuTest, MenusOfTheToolkitAreFramelessToo) {
+    QMenu menu;
+    menu.addAction(u"甲"_s);
+    menu.ensurePolished();
+    EXPECT_TRUE(menu.windowFlags().testFlag(Qt::FramelessWindowHint));
 }
 
 class StripTest : public testing::Test {
