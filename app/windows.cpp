@@ -12,6 +12,7 @@
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
 #include "shell/commands.h"
+#include "shell/controls/control_interfaces.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
 #include "shell/job_yield.h"
@@ -87,6 +88,7 @@ void RegisterCommands() {
 
 void RegisterWindows() {
     InstallDesktop();
+    InstallControlInterfaces();
     InstallJobYield();
     InstallMessageBox();
     RegisterCommands();

@@ -1,5 +1,5 @@
 #pragma once
-// What assistive tools read of the controls that paint themselves: names, roles, states, and pressing.
+// Controls that paint themselves have interfaces of their own for assistive tools (control_interfaces.h).
 
 class QWidget;
 

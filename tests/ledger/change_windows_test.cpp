@@ -96,7 +96,7 @@ TEST_F(ChangeWindows, ARenamedHiddenKindAndTheNotesBytesOutliveAnEdit) {
         EXPECT_EQ(kind->text(), text);
     });
     boxes.Expect(u"【事情】：购买办公桌"_s);
-    page->DoMenu(u"edit"_s, u"edit"_s);
+    page->Do(Act::edit);
     EXPECT_EQ(row(), before);
 }
 
