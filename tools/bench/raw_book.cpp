@@ -19,7 +19,7 @@ RawBook::RawBook(const std::string& path) {
     const int code = sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, CountingVfs());
     db_.reset(db);
     if (code != SQLITE_OK) Give("cannot open " + path);
-    Run("pragma synchronous=full");
+    Run("pragma synchronous=extra");
 }
 
 RawBook::Statement RawBook::Prepare(const std::string& sql) {
