@@ -120,7 +120,7 @@ int main(int argc, char** argv) {
     Application app(argc, argv);
     qInstallMessageHandler(handler);
     QApplication::setApplicationName(u"KestroJot"_s);
-    QApplication::setDesktopFileName(u"kestrojot"_s);
+    QApplication::setDesktopFileName(QStringLiteral(KESTRO_APP_ID));
     QApplication::setQuitOnLastWindowClosed(false);
     SpeakChinese(app);
     Skin::Load(ProgramFolder());

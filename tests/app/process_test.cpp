@@ -274,6 +274,8 @@ TEST_F(Processes, AnUnwritableProgramFolderGetsItsSettingsInTheDataFolder) {
     QTest::qWait(500);
     EXPECT_EQ(process->state(), QProcess::Running);
     EXPECT_EQ(QString::fromUtf8(process->readAllStandardError()), QString());
+    process->terminate();
+    EXPECT_TRUE(WaitLong([&] { return process->state() == QProcess::NotRunning; }, 5000));
     fs::permissions(program, fs::perms(0755));
 }
 
