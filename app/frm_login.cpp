@@ -37,18 +37,12 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     Arrange();
     onEscape = [this] { Leave(false); };
     onClose = [this] { Leave(false); };
-    textMenu_ = Menus::RegisterTextMenu(0, [this](const QString& key) {
-        if (key == u"textcut") editNote->cut();
-        if (key == u"textcopy") editNote->copy();
-        if (key == u"textpaste") editNote->paste();
-        if (key == u"textselect") editNote->selectAll();
-    });
     Timer1.setSingleShot(true);
     Timer1.setInterval(kFocusDelayMs);
     Timer1.callOnTimeout([this] { txtPass->setFocus(Qt::OtherFocusReason); });
     Menus::SetOnMenu([](const QString&, const QString& key) {
         if (key == u"about" && Commands().about) Commands().about();
-        if (key == u"help") Outside().open(kHelpPage);
+        if (key == u"help") OpenAddress(kHelpPage);
     });
     LoadBooks();
 }

@@ -56,7 +56,6 @@ class frmLogin : public KestroDialog {
     bool welcomed_ = false;
     bool stripShown_ = false;
     QTimer Timer1;
-    Menus::TextMenuToken textMenu_;
     LoginHero* hero_;
     KestroCombox* comBook;
     KestroText* txtPass;

@@ -8,7 +8,6 @@
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
-#include "shell/main_menus.h"
 #include "shell/skin.h"
 #include "store/dialogs.h"
 
@@ -24,7 +23,6 @@ constexpr int kBox = 34;
 
 void frmLogin::Build() {
     setWindowIcon(Skin::WindowIcon());
-    BuildMainMenus();
     Menus::AddMenu(u"login"_s);
     Menus::AddItem(u"login"_s, u"about"_s, u"关于..."_s, u"about"_s);
     Menus::AddItem(u"login"_s, u"help"_s, u"使用帮助"_s, u"help"_s);
@@ -78,7 +76,6 @@ void frmLogin::BuildStrip() {
     editNote->setAccessibleName(u"账本盒位置"_s);
     editNote->setReadOnly(true);
     editNote->setGeometry(24, 41, 348, 64);
-    editNote->onContextMenu = [](QPoint at) { Menus::Popup(u"text"_s, at); };
     btnPath = new KestroButton(ButtonLook::plain, u"选择目录"_s, u"path"_s, strip);
     btnPath->setGeometry(380, 41, 96, 32);
     btnPath->onClick = [this] { BtnPathClicked(); };

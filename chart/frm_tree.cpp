@@ -16,8 +16,8 @@
 using namespace Qt::StringLiterals;
 
 frmTree::frmTree(QWidget* parent)
-    : KestroDialog(DialogKind::common, {}, parent), sTable_(record_.key.toLower()) {
-    SetCaption(sTable_ == u"tkind" ? u"多级分类树"_s : u"多级账户树"_s);
+    : KestroDialog(DialogKind::common, {}, parent), chart_(ChartOf(record_.key).value_or(Chart::kinds)) {
+    SetCaption(chart_ == Chart::kinds ? u"多级分类树"_s : u"多级账户树"_s);
     record_.done = 0;
     KestroTree1_ = new KestroTree(Body());
     auto* room = new QVBoxLayout(Body());
@@ -56,7 +56,7 @@ frmTree::frmTree(QWidget* parent)
 
 void frmTree::LoadNode(const QString& key, const QString& name, int parentIndex) {
     const int node = KestroTree1_->AddNode(parentIndex, key + name, key);
-    for (const auto& child : ChildCodes(State().gDB, sTable_, key))
+    for (const auto& child : ChildCodes(State().gDB, chart_, key))
         LoadNode(child.code, child.name, node);
 }
 

@@ -46,7 +46,6 @@ frmAccountNew::frmAccountNew(QWidget* parent)
     SetTabOrder();
     NameControls();
     Arrange();
-    textMenu_ = Menus::RegisterTextMenu(kDlgEntry, [this](const QString& key) { DoMenu(key); });
     onEscape = [this] { CancelClicked(); };
     onClose = [this] {
         record_.done = 0;
@@ -62,8 +61,6 @@ void frmAccountNew::ConnectEntry() {
         txtThing->SetEndButton(u"template"_s, u"选择记账模板"_s, true);
         if (HasDialog(kDlgTemplate)) txtThing->onEndButton = [this] { ChooseTemplate(); };
     }
-    txtThing->onContextMenu = [this](QPoint at) { OpenTextMenu(u"txtthing"_s, at); };
-    editNote->onContextMenu = [this](QPoint at) { OpenTextMenu(u"editnote"_s, at); };
     PngReduce->onClick = [this] { MoveDay(-1); };
     pngPlus->onClick = [this] { MoveDay(1); };
     txtDate->onClick = [this] { OpenCalendar(); };
@@ -91,7 +88,7 @@ void frmAccountNew::ConnectAccounts() {
 
 void frmAccountNew::FillLists() {
     for (size_t slot = 0; slot < combos_.size(); ++slot)
-        for (const auto& row : ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot))))
+        for (const auto& row : ShownCodes(State().gDB, ChartOfSlot(slot)))
             combos_[slot]->AddItem(row.code + row.name, row.code, slot < kAccount1 ? u"items"_s : u"book"_s);
 }
 
@@ -246,7 +243,7 @@ void frmAccountNew::Chosen(size_t slot, const QString& key) {
 void frmAccountNew::OpenTree(size_t slot) {
     ResetDlg(kDlgTree);
     TreeDialog tree;
-    tree.key = TableOfSlot(static_cast<int>(slot));
+    tree.key = TableOf(ChartOfSlot(slot)).table;
     auto* box = combos_[slot];
     OpenModal(kDlgTree, box->mapToGlobal(box->rect().bottomLeft()));
     if (!tree.done || tree.key.isEmpty() || !CheckLeaf(State().gDB, slot, tree.key)) return;
@@ -255,28 +252,9 @@ void frmAccountNew::OpenTree(size_t slot) {
 }
 
 void frmAccountNew::ShowCodeTip(size_t slot) {
-    const QString tip = sKey[slot].isEmpty() ? QString()
-                                             : CodePathText(State().gDB, TableOfSlot(static_cast<int>(slot)),
-                                                            sKey[slot], true);
+    const QString tip =
+        sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
     combos_[slot]->setToolTip(tip);
-}
-
-void frmAccountNew::OpenTextMenu(const QString& box, QPoint at) {
-    sPopupFor = box;
-    Menus::Popup(u"text"_s, at);
-}
-
-void frmAccountNew::DoMenu(const QString& key) {
-    const auto act = [&](auto* box) {
-        if (key == u"textcut") box->cut();
-        if (key == u"textcopy") box->copy();
-        if (key == u"textpaste") box->paste();
-        if (key == u"textselect") box->selectAll();
-    };
-    if (sPopupFor == u"txtthing")
-        act(txtThing);
-    else if (sPopupFor == u"editnote")
-        act(editNote);
 }
 
 void frmAccountNew::ToggleAccounts() {

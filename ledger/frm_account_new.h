@@ -4,7 +4,6 @@
 
 #include "ledger/entry_edit.h"
 #include "shell/controls/kestro_dialog.h"
-#include "shell/menus.h"
 #include "store/dialogs.h"
 
 #include <QPoint>
@@ -32,8 +31,6 @@ class frmAccountNew : public KestroDialog {
 
     /// False when the entry to change has gone; that has been told.
     bool IsReady() const { return ready_; }
-    /// The text menu's keys on the box that opened it.
-    void DoMenu(const QString& key);
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -68,7 +65,6 @@ class frmAccountNew : public KestroDialog {
     void Chosen(size_t slot, const QString& key);
     void OpenTree(size_t slot);
     void ShowCodeTip(size_t slot);
-    void OpenTextMenu(const QString& box, QPoint at);
     void ToggleAccounts();
 
     EntryDialog record_;
@@ -79,10 +75,8 @@ class frmAccountNew : public KestroDialog {
     qint64 lOpenedId = -1;                    ///< the row the caller named
     QString pictures_ = QStringLiteral("0");  ///< Tag of btnCamera
     bool bToAccount = false;
-    int nCalcFor = 0;   ///< 0: the calculator fills txtMoney, 1: txtAccValue
-    QString sPopupFor;  ///< txtthing or editnote
+    int nCalcFor = 0;  ///< 0: the calculator fills txtMoney, 1: txtAccValue
     std::array<QString, 4> sKey, sName;
-    Menus::TextMenuToken textMenu_;
 
     EntryGround* ground_;
     KestroText* txtThing;

@@ -5,12 +5,12 @@
 #include "store/book_box.h"
 #include "store/book_check.h"
 #include "store/book_format.h"
-#include "store/dates.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
 #include "store/notices.h"
+#include "store/period.h"
 #include "store/session.h"
 
 using namespace Qt::StringLiterals;
@@ -39,7 +39,7 @@ void OpenDBFile(QString path) {
     if (taken.door == BookDoor::refused) return;
     if (taken.door == BookDoor::isOpen)
         return Refuse(u"当前打开的正是该账本：\n【"_s + path.toLower() + u"】"_s, kMsgWarn);
-    if (Host().show) Host().show(0);
+    if (Host().show) Host().show(kTabAccount);
     if (taken.door == BookDoor::added) Notices().booksChanged.Emit();
     if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(taken.index);
     SwitchBook(QString::number(taken.index));
@@ -106,17 +106,13 @@ bool ReloadPages(int newBook) {
 }
 
 void QuickPeriod(int pageCode, const QString& key, bool search) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc &&
-        pageCode != kPageStats)
-        return;
     auto* page = PageOfCode(pageCode);
-    if (!page) return;
-    const auto labels = QuickPeriodLabels(key);
-    page->SetPeriod(labels.first, labels.second);
-    if (search && pageCode != kPageNote) page->DoMenu(u"searchdate"_s, {});
+    if (!page || !page->Can(Act::period)) return;
+    page->SetPeriod(PeriodOfKey(key));
+    if (search) page->Do(Act::runPeriod);
 }
 
 void DeleteChecked(int pageCode) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc) return;
-    if (auto* page = PageOfCode(pageCode)) page->DoBtnMenuDelAll();
+    auto* page = PageOfCode(pageCode);
+    if (page && page->Can(Act::deleteChecked)) page->Do(Act::deleteChecked);
 }

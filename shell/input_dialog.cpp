@@ -4,7 +4,6 @@
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
-#include "shell/menus.h"
 #include "shell/skin.h"
 #include "store/messages.h"
 #include "store/money.h"
@@ -45,7 +44,6 @@ frmInput::frmInput(DialogRecord& record, QWidget* parent)
     record_.done = 0;
     if (windowTitle().isEmpty()) SetCaption(u"输入框"_s);
     Build();
-    ServeTextMenu();
 }
 
 frmInput::~frmInput() = default;
@@ -127,33 +125,6 @@ void frmInput::BuildFooter() {
         if (main) SetDefaultButton(button);
         x += kButtonWidth + 8;
     }
-}
-
-// The menu belongs to the box that raised it, whichever has the focus when its item is chosen.
-void frmInput::ServeTextMenu() {
-    const auto serve = [this](QWidget* box) {
-        return [this, box](QPoint at) {
-            menuOwner_ = box;
-            Menus::Popup(u"text"_s, at);
-        };
-    };
-    txtNote_->onContextMenu = serve(txtNote_);
-    if (txtMoney_) txtMoney_->onContextMenu = serve(txtMoney_);
-    if (editNote_) editNote_->onContextMenu = serve(editNote_);
-    textMenu_ =
-        Menus::RegisterTextMenu(State().gPage, [this](const QString& key) { DoMenu(u"text"_s, key); });
-}
-
-void frmInput::DoMenu(const QString& menu, const QString& key) {
-    if (menu != u"text"_s || menuOwner_ == nullptr) return;
-    const auto serve = [&key](auto& box) {
-        if (key == u"textcut"_s) box.cut();
-        if (key == u"textcopy"_s) box.copy();
-        if (key == u"textpaste"_s) box.paste();
-        if (key == u"textselect"_s) box.selectAll();
-    };
-    if (auto* line = dynamic_cast<KestroText*>(menuOwner_)) serve(*line);
-    if (auto* memo = dynamic_cast<KestroEditBox*>(menuOwner_)) serve(*memo);
 }
 
 void frmInput::Accept() {

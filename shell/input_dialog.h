@@ -2,7 +2,6 @@
 // frmInput: the one-line question, a password, or the form of a kind or an account.
 
 #include "shell/controls/kestro_dialog.h"
-#include "shell/menus.h"
 #include "store/dialogs.h"
 
 #include <QPoint>
@@ -20,9 +19,6 @@ class frmInput : public KestroDialog {
     explicit frmInput(DialogRecord& record, QWidget* parent = nullptr);
     ~frmInput() override;
 
-    /// The text menu's keys textcut, textcopy, textpaste and textselect, for the box that raised it.
-    void DoMenu(const QString& menu, const QString& key);
-
  private:
     void Build();
     int BuildNote(int y);
@@ -30,18 +26,15 @@ class frmInput : public KestroDialog {
     int BuildMemo(int y);
     int AddRow(int y, const QString& caption, QWidget* box, int height);
     void BuildFooter();
-    void ServeTextMenu();
     void Accept();
 
     InputDialog record_;
     bool hasMemo_;
     PopupScope popup_;
-    Menus::TextMenuToken textMenu_;
     KestroText* txtNote_ = nullptr;
     KestroText* txtMoney_ = nullptr;
     KestroEditBox* editNote_ = nullptr;
     KestroCheck* chkOther_ = nullptr;
-    QWidget* menuOwner_ = nullptr;
 };
 
 /// Shows frmInput over the record that gPage names; OpenModal(kDlgInput) makes that record 7.

@@ -2,11 +2,11 @@
 
 #include "shell/controls/kestro_menu.h"
 #include "store/errors.h"
-#include "store/state.h"
 
 #include <QApplication>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -20,6 +20,7 @@ struct Item {
     QString caption;
     QString icon = {};
     QString hint = {};
+    std::function<bool()> can = {};
     bool enabled = true;
     bool checked = false;
     bool visible = true;
@@ -32,36 +33,13 @@ struct Menu {
     std::vector<Item> items;
 };
 
-struct TextEntry {
-    int id;
-    int pageCode;
-    TextHandler handler;
-};
-
 struct Service {
     std::vector<Menu> menus;
     Handler onMenu;
-    std::vector<TextEntry> texts;
-    int lastId = 0;
 };
 
-const QString& TextName() {
-    static const QString name = u"text"_s;
-    return name;
-}
-
-Service MakeService() {
-    Service service;
-    service.menus.push_back({TextName(),
-                             {{u"textcut"_s, u"剪切"_s, {}, u"Ctl+X"_s},
-                              {u"textcopy"_s, u"复制"_s, {}, u"Ctl+C"_s},
-                              {u"textpaste"_s, u"粘贴"_s, {}, u"Ctl+V"_s},
-                              {u"textselect"_s, u"全选"_s, {}, u"Ctl+A"_s}}});
-    return service;
-}
-
 Service& TheService() {
-    static Service service = MakeService();
+    static Service service;
     return service;
 }
 
@@ -82,6 +60,10 @@ void Add(const QString& menu, Item&& item) {
     if (Menu* const owner = FindMenu(menu)) owner->items.push_back(std::move(item));
 }
 
+bool IsEnabled(const Item& item) {
+    return item.enabled && (!item.can || item.can());
+}
+
 void Build(KestroMenu& menu, const Menu& told) {
     menu.onChoose = [name = told.name](const QString& key) { Choose(name, key); };
     for (const Item& item : told.items) {
@@ -97,7 +79,7 @@ void Build(KestroMenu& menu, const Menu& told) {
         } else {
             menu.AddItem(item.key, item.caption, item.icon, item.hint);
         }
-        menu.SetItemEnabled(item.key, item.enabled);
+        menu.SetItemEnabled(item.key, IsEnabled(item));
         menu.SetItemChecked(item.key, item.checked);
     }
 }
@@ -117,8 +99,8 @@ bool HasMenu(const QString& name) {
 }
 
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon,
-             const QString& hint) {
-    Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint});
+             const QString& hint, std::function<bool()> can) {
+    Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint, .can = std::move(can)});
 }
 
 void AddSeparator(const QString& menu, const QString& key) {
@@ -161,43 +143,15 @@ void SetOnMenu(Handler handler) {
 
 void Choose(const QString& menu, const QString& item) {
     const QString name = menu.toLower(), key = item.toLower();
-    if (name == TextName()) {
-        // The last who registered for the page in front comes first. Copied, as the handler may go meanwhile.
-        const std::vector<TextEntry>& texts = TheService().texts;
-        const auto found =
-            std::ranges::find(texts.rbegin(), texts.rend(), State().gPage, &TextEntry::pageCode);
-        if (found != texts.rend()) {
-            RunEvent([handler = found->handler, key] { handler(key); });
-            return;
-        }
-    }
+    const Item* const chosen = FindItem(name, key);
+    if (chosen && !IsEnabled(*chosen)) return;
     RunEvent([handler = TheService().onMenu, name, key] {
         if (handler) handler(name, key);
     });
 }
 
-TextMenuToken::TextMenuToken(TextMenuToken&& other) noexcept : id_(std::exchange(other.id_, 0)) {}
-
-TextMenuToken& TextMenuToken::operator=(TextMenuToken&& other) noexcept {
-    std::swap(id_, other.id_);
-    return *this;
-}
-
-TextMenuToken::~TextMenuToken() {
-    if (id_ != 0) std::erase_if(TheService().texts, [this](const TextEntry& text) { return text.id == id_; });
-}
-
-TextMenuToken RegisterTextMenu(int pageCode, TextHandler handler) {
-    Service& service = TheService();
-    service.texts.push_back({++service.lastId, pageCode, std::move(handler)});
-    return TextMenuToken(service.lastId);
-}
-
 void Reset() {
-    // Ids go on counting, so that a token from before erases nothing registered later.
-    const int lastId = TheService().lastId;
-    TheService() = MakeService();
-    TheService().lastId = lastId;
+    TheService() = {};
 }
 
 }  // namespace Menus

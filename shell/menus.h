@@ -1,8 +1,7 @@
 #pragma once
 // All menus of the program under their names, without a frame: who needs a menu pops it up, and the choice
-// goes to one slot. Names and keys are compared in lower case and reported so. The menu "text" (cut, copy,
-// paste, select all) is there from the start; its choice goes to whoever registered for the page code in
-// front.
+// goes to one slot. Names and keys are compared in lower case and reported so. The
+// menu of text boxes is not among them: shell/parts/text_menu.h.
 
 #include <QPoint>
 #include <QString>
@@ -11,13 +10,13 @@
 
 namespace Menus {
 using Handler = std::function<void(const QString& menu, const QString& item)>;
-using TextHandler = std::function<void(const QString& item)>;
 
 /// Adds an empty menu; one of the same name is emptied.
 void AddMenu(const QString& name);
 bool HasMenu(const QString& name);
+/// can is asked each time the menu opens and before the item acts; without it the item can be chosen.
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon = {},
-             const QString& hint = {});
+             const QString& hint = {}, std::function<bool()> can = {});
 void AddSeparator(const QString& menu, const QString& key = {});
 /// An item of menu that opens the menu subMenu beside it; a choice there is reported under subMenu's name.
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption,
@@ -32,25 +31,9 @@ void Popup(const QString& name, const QPoint& globalPos);
 
 /// Replaces the slot that hears every choice; an empty one lets choices pass unheard.
 void SetOnMenu(Handler handler);
-/// Reports a choice as if it had been made in the menu: for shortcuts, and for Popup itself.
+/// Reports a choice as if it had been made in the menu. An item that stands disabled is not reported.
 void Choose(const QString& menu, const QString& item);
 
-/// Stays registered for as long as it lives.
-class TextMenuToken {
- public:
-    TextMenuToken() = default;
-    explicit TextMenuToken(int id) : id_(id) {}
-    TextMenuToken(TextMenuToken&& other) noexcept;
-    TextMenuToken& operator=(TextMenuToken&& other) noexcept;
-    ~TextMenuToken();
-
- private:
-    int id_ = 0;
-};
-
-/// The choices of the menu "text" while pageCode is in front (State().gPage). The last who registered wins.
-[[nodiscard]] TextMenuToken RegisterTextMenu(int pageCode, TextHandler handler);
-
-/// Empties menus, slot and registrations.
+/// Empties menus and slot.
 void Reset();
 }  // namespace Menus

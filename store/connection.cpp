@@ -182,6 +182,15 @@ void cConnection::Execute(const QString& sql) {
     }
 }
 
+void cConnection::Execute(const QString& sql, const QString& hint) {
+    try {
+        Execute(sql);
+    } catch (DbError& error) {
+        error.hint = hint;
+        throw;
+    }
+}
+
 void cConnection::Begin() {
     Execute(u"begin immediate"_s);
     Core().added.clear();

@@ -29,6 +29,7 @@ class DbError : public std::exception {
     QString source;
     QString description;
     QString statement;
+    QString hint;  ///< the likely reason, where the failing place knows it
 
  private:
     QByteArray what_;
@@ -143,6 +144,8 @@ class cConnection {
 
     /// Runs every statement of the text.
     void Execute(const QString& sql);
+    /// The same; a failure carries the hint.
+    void Execute(const QString& sql, const QString& hint);
     cRecordset OpenRecordset(const QString& sql);
     cReader Read(const QString& sql);
 
@@ -182,7 +185,7 @@ class cConnection {
     std::unique_ptr<ConnectionCore> core_;
 };
 
-/// One user action on entries: begins at once, rolls back unless committed.
+/// One user action: begins at once, rolls back unless committed.
 class Transaction {
  public:
     explicit Transaction(cConnection& connection) : connection_(connection) { connection_.Begin(); }

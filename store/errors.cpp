@@ -16,11 +16,11 @@ PendingError Caught(const std::exception_ptr& failure) noexcept {
     try {
         std::rethrow_exception(failure);
     } catch (const DbError& e) {
-        error = {e.number, e.source, e.description, e.statement};
+        error = {e.number, e.source, e.description, e.statement, e.hint};
     } catch (const std::exception& e) {
-        error = {kUnknownError, u"KestroJot"_s, QString::fromUtf8(e.what()), {}};
+        error = {kUnknownError, u"KestroJot"_s, QString::fromUtf8(e.what()), {}, {}};
     } catch (...) {
-        error = {kUnknownError, u"KestroJot"_s, u"未知错误"_s, {}};
+        error = {kUnknownError, u"KestroJot"_s, u"未知错误"_s, {}, {}};
     }
     return error;
 }
@@ -83,7 +83,8 @@ QString LikelyReason(const PendingError& error) {
 QString ErrorText(const PendingError& error, const QString& hint) {
     QStringList lines{u"意外错误，错误信息："_s, u"错误号："_s + QString::number(error.number),
                       u"错误来源："_s + error.source, u"错误描述："_s + error.description};
-    const auto reason = hint.isEmpty() ? LikelyReason(error) : hint;
+    const auto known = hint.isEmpty() ? error.hint : hint;
+    const auto reason = known.isEmpty() ? LikelyReason(error) : known;
     if (!reason.isEmpty()) lines << u"导致错误的原因可能是："_s << reason;
     return lines.join(u'\n');
 }

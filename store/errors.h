@@ -12,6 +12,7 @@ struct PendingError {
     QString source;
     QString description;
     QString statement;  ///< the failing SQL text, empty when there is none
+    QString hint;       ///< what the failing place knows of the reason, empty when nothing
 };
 
 PendingError& LastError();

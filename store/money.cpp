@@ -207,7 +207,7 @@ bool LooksNumeric(QStringView text) {
 QString CleanAmount(const QString& text) {
     QString clean;
     for (const QChar c : text) {
-        if (c.isSpace() || QStringView(u",，￥¥").contains(c)) continue;
+        if (c.isSpace() || QStringView(u",，￥¥元").contains(c)) continue;
         const char16_t u = c.unicode();
         const bool fullWidth = (u >= u'０' && u <= u'９') || u == u'．' || u == u'－' || u == u'＋';
         if (u == u'。') {

@@ -1,6 +1,5 @@
 #include "shell/controls/combox_list.h"
 
-#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/skin.h"
 #include "store/errors.h"
@@ -136,7 +135,7 @@ void ComboxList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ComboxList::wheelEvent(QWheelEvent* event) {
-    ScrollTo(top_ - (event->angleDelta().y() > 0 ? kWheelRows : -kWheelRows));
+    ScrollTo(top_ - kWheelRows * notches_.Take(*event));
     event->accept();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The list that drops from a KestroCombox.
 
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_popup.h"
 
 #include <functional>
@@ -21,6 +22,7 @@ class ComboxList : public KestroPopup {
 
  protected:
     bool HandleKey(QKeyEvent* event) override;
+    bool ClosesOnTyping() const override { return false; }
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -44,4 +46,5 @@ class ComboxList : public KestroPopup {
     int marked_ = -1;
     bool markedByKey_ = false;
     int top_ = 0;
+    Controls::WheelNotches notches_;
 };

@@ -84,7 +84,7 @@ void KestroHeader::Arrange() {
     const int left = ArrangeTabs() + 12;
     const int right = ArrangeRight() - 9;
     const int wide = qMin(qMin(kLabelMost, label->WantedWidth()), right - left);
-    label->setVisible(!label->text().isEmpty() && right - left >= kLabelLeast);
+    label->setVisible(!label->Text().isEmpty() && right - left >= kLabelLeast);
     label->setGeometry(right - wide, (kHeight - kLabelHeight) / 2, wide, kLabelHeight);
     update();
 }

@@ -63,7 +63,7 @@ void HeaderPart::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            click();
+            byKey_ ? click() : event->ignore();
             break;
         case Qt::Key_Left:
             focusNextPrevChild(false);
@@ -143,13 +143,13 @@ void HeaderLogo::paintEvent(QPaintEvent*) {
 HeaderLabel::HeaderLabel(QWidget* parent) : HeaderPart(parent, {}) {}
 
 void HeaderLabel::SetText(const QString& text) {
-    setText(text);
+    text_ = text;
     setAccessibleName(text);
     update();
 }
 
 int HeaderLabel::WantedWidth() const {
-    const int text_width = QFontMetrics(Skin::Font(Type::body)).horizontalAdvance(text());
+    const int text_width = QFontMetrics(Skin::Font(Type::body)).horizontalAdvance(text_);
     return 2 * kLabelPadding + kLabelIcon + kLabelGap + text_width + 1;
 }
 
@@ -162,7 +162,7 @@ void HeaderLabel::paintEvent(QPaintEvent*) {
     const QRect room = rect().adjusted(left, 0, -kLabelPadding, 0);
     p.setFont(Skin::Font(Type::body));
     p.setPen(Skin::Color(Tok::inkText));
-    p.drawText(room, Qt::AlignVCenter, p.fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+    p.drawText(room, Qt::AlignVCenter, p.fontMetrics().elidedText(text_, Qt::ElideRight, room.width()));
     if (ShowsFocus()) Skin::FocusRing(p, rect(), height() / 2.0, true, Skin::Color(Tok::inkAccent));
 }
 

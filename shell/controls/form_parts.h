@@ -63,11 +63,16 @@ class HeaderLogo : public HeaderPart {
 class HeaderLabel : public HeaderPart {
  public:
     explicit HeaderLabel(QWidget* parent);
+    /// Any text: an & in a name is no mnemonic.
     void SetText(const QString& text);
+    QString Text() const { return text_; }
     int WantedWidth() const;
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+
+ private:
+    QString text_;
 };
 
 enum class WindowGlyph { minimise, maximise, close };

@@ -109,8 +109,8 @@ void KestroButton::keyPressEvent(QKeyEvent* event) {
     const bool drop = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
     if (drop && (onArrow || look_ == ButtonLook::date))
         RunEvent(onArrow ? onArrow : onClick);
-    else if (byKey_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        click();
+    else if (Controls::IsEnter(*event))
+        byKey_ ? click() : event->ignore();
     else
         QAbstractButton::keyPressEvent(event);
 }

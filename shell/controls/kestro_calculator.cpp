@@ -4,11 +4,13 @@
 #include "store/errors.h"
 #include "store/money.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -62,9 +64,27 @@ KestroCalculator::KestroCalculator(QWidget* owner) : KestroPopup(owner) {
 }
 
 void KestroCalculator::PopUp(QWidget* anchor, const QString& start, int group, bool ownKeys) {
+    ownKeys_ = ownKeys;
+    stays_ = false;
+    Begin(anchor, start, group);
+}
+
+void KestroCalculator::Open(QWidget* anchor, int group) {
+    ownKeys_ = stays_ = true;
+    if (!anchor->hasFocus()) before_ = QApplication::focusWidget();
+    anchor->setFocus(Qt::PopupFocusReason);
+    Begin(anchor, {}, group);
+}
+
+void KestroCalculator::hideEvent(QHideEvent* event) {
+    KestroPopup::hideEvent(event);
+    const QPointer<QWidget> before = std::exchange(before_, nullptr);
+    if (before && Anchor() && Anchor()->hasFocus()) before->setFocus(Qt::PopupFocusReason);
+}
+
+void KestroCalculator::Begin(QWidget* anchor, const QString& start, int group) {
     calculation_.Start(start);
     group_ = group;
-    ownKeys_ = ownKeys;
     touched_ = false;
     hovered_ = pressed_ = -1;
     ShowAt(anchor, kSize);
@@ -73,6 +93,10 @@ void KestroCalculator::PopUp(QWidget* anchor, const QString& start, int group, b
 
 bool KestroCalculator::HandleKey(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (stays_) {
+            PressKey(u'=');
+            return true;
+        }
         // Nothing was computed: the key is the window's, and the box keeps its text.
         if (!touched_) {
             hide();
@@ -86,6 +110,7 @@ bool KestroCalculator::HandleKey(QKeyEvent* event) {
         PressKey(key);
         return true;
     }
+    if (stays_) return event->key() != Qt::Key_Tab && event->key() != Qt::Key_Backtab;
     const bool modifier = event->text().isEmpty() && event->key() != Qt::Key_Tab;
     if (!modifier) hide();
     return false;
@@ -93,7 +118,7 @@ bool KestroCalculator::HandleKey(QKeyEvent* event) {
 
 void KestroCalculator::PressKey(QChar key) {
     touched_ = true;
-    if (key == u'=') return Finish();
+    if (key == u'=' && !stays_) return Finish();
     calculation_.Press(key);
     update();
 }

@@ -15,6 +15,13 @@ class KestroCalculator : public KestroPopup {
     /// it.
     void PopUp(QWidget* anchor, const QString& start, int group, bool ownKeys);
 
+    /// Stays at anchor as a calculator for its own sake: it takes the keyboard, = shows the result, Escape or
+    /// a click elsewhere closes it and gives the focus back.
+    void Open(QWidget* anchor, int group);
+
+    /// What its display shows, ungrouped.
+    QString Shown() const { return calculation_.Shown(); }
+
     /// The value as plain number text, by =, or Enter. Not called after an error.
     std::function<void(const QString&)> onValue;
 
@@ -25,8 +32,10 @@ class KestroCalculator : public KestroPopup {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
  private:
+    void Begin(QWidget* anchor, const QString& start, int group);
     QRect KeyRect(int index) const;
     int KeyAt(QPoint at) const;
     void PressKey(QChar key);
@@ -38,7 +47,9 @@ class KestroCalculator : public KestroPopup {
     Calculation calculation_;
     int group_ = 3;
     bool ownKeys_ = false;
-    bool touched_ = false;  ///< a key of the calculator was pressed
+    bool stays_ = false;        ///< = shows the result and nothing closes
+    bool touched_ = false;      ///< a key of the calculator was pressed
+    QPointer<QWidget> before_;  ///< had the focus when the calculator took the keyboard
     int hovered_ = -1;
     int pressed_ = -1;
 };

@@ -185,7 +185,7 @@ void KestroCalendar::leaveEvent(QEvent*) {
 }
 
 void KestroCalendar::wheelEvent(QWheelEvent* event) {
-    Turn(event->angleDelta().y() > 0 ? -1 : 1);
+    if (const int notches = notches_.Take(*event)) Turn(-notches);
     event->accept();
 }
 

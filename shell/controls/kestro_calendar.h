@@ -1,6 +1,7 @@
 #pragma once
 // KestroCalendar: a month to pick a date from. Takes no focus: typing goes on in the box and closes it.
 
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_popup.h"
 
 #include <QDate>
@@ -16,6 +17,9 @@ class KestroCalendar : public KestroPopup {
     void PopUp(QWidget* anchor, QDate chosen, int firstYear = 0, int lastYear = 0);
     /// The day that Enter would pick.
     QDate Chosen() const { return chosen_; }
+
+    /// First day of the month on view.
+    QDate ShownMonth() const { return shown_; }
 
     std::function<void(QDate)> onPick;
 
@@ -53,4 +57,5 @@ class KestroCalendar : public KestroPopup {
     int yearPage_ = 0;
     Choosing choosing_ = Choosing::days;
     QPoint pointer_{-1, -1};
+    Controls::WheelNotches notches_;
 };

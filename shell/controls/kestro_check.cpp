@@ -1,6 +1,7 @@
 #include "shell/controls/kestro_check.h"
 
 #include "shell/controls/check_mark.h"
+#include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
@@ -41,6 +42,11 @@ QSize KestroCheck::sizeHint() const {
 
 bool KestroCheck::hitButton(const QPoint& pos) const {
     return rect().contains(pos);
+}
+
+// The blank alone changes it.
+void KestroCheck::keyPressEvent(QKeyEvent* event) {
+    Controls::IsEnter(*event) ? event->ignore() : QCheckBox::keyPressEvent(event);
 }
 
 void KestroCheck::paintEvent(QPaintEvent*) {

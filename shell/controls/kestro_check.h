@@ -22,6 +22,7 @@ class KestroCheck : public QCheckBox {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool hitButton(const QPoint& pos) const override;
 
  private:

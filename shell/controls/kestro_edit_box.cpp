@@ -1,5 +1,6 @@
 #include "shell/controls/kestro_edit_box.h"
 
+#include "shell/parts/text_menu.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
@@ -61,8 +62,10 @@ void KestroEditBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void KestroEditBox::contextMenuEvent(QContextMenuEvent* event) {
-    if (onContextMenu)
-        RunEvent([&] { onContextMenu(event->globalPos()); });
-    else
-        QPlainTextEdit::contextMenuEvent(event);
+    ShowTextMenuOf(this,
+                   {.canUndo = document()->isUndoAvailable(),
+                    .readOnly = isReadOnly(),
+                    .hasSelection = textCursor().hasSelection(),
+                    .isEmpty = document()->isEmpty()},
+                   event->globalPos());
 }

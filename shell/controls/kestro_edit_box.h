@@ -15,7 +15,6 @@ class KestroEditBox : public QPlainTextEdit {
 
     std::function<void()> onChange;  ///< after every change
     std::function<void()> onLeave;
-    std::function<void(QPoint)> onContextMenu;  ///< at a point of the screen
 
     QSize sizeHint() const override { return {200, 64}; }
     QSize minimumSizeHint() const override { return {80, 56}; }

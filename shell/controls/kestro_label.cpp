@@ -92,7 +92,7 @@ void KestroLabel::paintEvent(QPaintEvent*) {
     const Tok token = isEnabled() ? own : Tok::dis;
     const QRect room = contentsRect().adjusted(0, 0, -IconWidth(), 0);
     const int breaks = wordWrap() ? Qt::TextWordWrap : 0;
-    const int flags = static_cast<int>(alignment()) | breaks | Qt::TextShowMnemonic;
+    const int flags = static_cast<int>(alignment()) | breaks;
     const qsizetype head = kind_ == LabelKind::value ? HeadLength(text()) : 0;
     QRect used, headUsed;
     if (head > 0) {

@@ -1,5 +1,6 @@
 #include "shell/controls/kestro_link.h"
 
+#include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
@@ -32,11 +33,15 @@ void KestroLink::paintEvent(QPaintEvent*) {
     QRect used;
     p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text(), &used);
     if (underMouse() || hasFocus()) Skin::HLine(p, used.left(), used.right(), used.bottom(), color);
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange))
-        Skin::FocusRing(p, rect(), 2, true, color);
+    if (hasFocus() && byKey_) Skin::FocusRing(p, rect(), 2, true, color);
+}
+
+void KestroLink::focusInEvent(QFocusEvent* event) {
+    byKey_ = Controls::CameByKey(*event);
+    QPushButton::focusInEvent(event);
 }
 
 void KestroLink::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+    if (Controls::IsEnter(*event)) return byKey_ ? click() : event->ignore();
     QPushButton::keyPressEvent(event);
 }

@@ -1,5 +1,5 @@
 #pragma once
-// KestroLink: a line of text that acts on a click, Enter or the blank.
+// KestroLink: a line of text that acts on a click, the blank, or Enter when the focus came by key.
 
 #include <QPushButton>
 #include <QString>
@@ -18,4 +18,8 @@ class KestroLink : public QPushButton {
  protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+ private:
+    bool byKey_ = false;
 };

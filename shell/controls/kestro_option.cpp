@@ -1,5 +1,6 @@
 #include "shell/controls/kestro_option.h"
 
+#include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
@@ -59,6 +60,11 @@ QSize KestroOption::sizeHint() const {
 
 bool KestroOption::hitButton(const QPoint& pos) const {
     return rect().contains(pos);
+}
+
+// The blank alone changes it.
+void KestroOption::keyPressEvent(QKeyEvent* event) {
+    Controls::IsEnter(*event) ? event->ignore() : QRadioButton::keyPressEvent(event);
 }
 
 void KestroOption::paintEvent(QPaintEvent*) {

@@ -25,6 +25,7 @@ class KestroOption : public QRadioButton {
 
  protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool hitButton(const QPoint& pos) const override;
 
  private:

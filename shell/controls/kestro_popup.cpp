@@ -4,6 +4,7 @@
 #include "store/errors.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,6 +13,10 @@
 namespace {
 constexpr double kRadius = 6;
 constexpr int kGap = 2;
+
+bool HasText(const QInputMethodEvent& event) {
+    return !event.preeditString().isEmpty() || !event.commitString().isEmpty();
+}
 }  // namespace
 
 // A tool tip's window is the one kind that every window system shows without moving the focus.
@@ -75,6 +80,8 @@ bool KestroPopup::ClosesOn(const QObject* watched, QEvent* event) const {
         case QEvent::MouseButtonPress:
         case QEvent::Wheel:
             return widget->window() != this && !(anchor_ && anchor_ == widget);
+        case QEvent::InputMethod:
+            return widget == anchor_ && ClosesOnTyping() && HasText(static_cast<QInputMethodEvent&>(*event));
         case QEvent::FocusOut:
             return widget == anchor_;
         case QEvent::Hide:

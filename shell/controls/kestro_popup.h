@@ -27,6 +27,8 @@ class KestroPopup : public QWidget {
     QRect Inner() const;
     /// A key of the anchor while the pop-up is open; true when it has been used up.
     virtual bool HandleKey(QKeyEvent* event) = 0;
+    /// Whether typing by an input method closes it, as typing by keys does.
+    virtual bool ClosesOnTyping() const { return true; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

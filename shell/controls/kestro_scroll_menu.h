@@ -1,6 +1,7 @@
 #pragma once
 // KestroScrollMenu: the strip of sections at the left of a page. Keys are unique within their section.
 
+#include "shell/controls/control_support.h"
 #include "shell/skin.h"
 
 #include <QPoint>
@@ -122,4 +123,5 @@ class KestroScrollMenu : public QWidget {
     bool keyFocus_ = false;
     bool collapsed_ = false;
     bool filling_ = false;
+    Controls::WheelNotches notches_;
 };

@@ -167,8 +167,7 @@ void KestroScrollMenu::SetHover(int line) {
 }
 
 void KestroScrollMenu::wheelEvent(QWheelEvent* event) {
-    const int step = bar_->singleStep() * 3 * event->angleDelta().y() / 120;
-    bar_->setValue(bar_->value() - step);
+    bar_->setValue(bar_->value() - 3 * bar_->singleStep() * notches_.Take(*event));
     event->accept();
 }
 

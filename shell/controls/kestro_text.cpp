@@ -1,15 +1,21 @@
 #include "shell/controls/kestro_text.h"
 
 #include "shell/controls/control_support.h"
+#include "shell/parts/text_menu.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 #include "store/money.h"
 #include "store/text.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +45,7 @@ KestroText::KestroText(TextMode mode, QWidget* parent) : QLineEdit(parent) {
         CleanEdit();
         RunEvent([this] { Edited(); });
     });
+    connect(this, &QLineEdit::textChanged, this, [this] { SetWrong(false); });
     SetMode(mode);
 }
 
@@ -90,6 +97,7 @@ void KestroText::SetEndButton(const QString& icon, const QString& tip, bool open
 }
 
 void KestroText::SetWrong(bool wrong) {
+    if (wrong == wrong_) return;
     wrong_ = wrong;
     update();
 }
@@ -128,16 +136,59 @@ void KestroText::Edited() {
     if (onChange) onChange(text());
 }
 
+QString KestroText::Clean(const QString& t) const {
+    return mode_ == TextMode::amount ? CleanAmount(t) : OneLine(t);
+}
+
+// What is typed, pasted, composed or dropped is cleaned before it goes in, so that each stays a step that can
+// be undone. This is for the roads that remain, such as the pointer's own selection.
 void KestroText::CleanEdit() {
     const QString was = text();
-    const auto clean = [this](const QString& t) {
-        return mode_ == TextMode::amount ? CleanAmount(t) : OneLine(t);
-    };
-    if (clean(was) == was) return;
-    const auto cursor = clean(was.left(cursorPosition())).size();
-    setText(clean(was));
+    if (Clean(was) == was) return;
+    const auto cursor = Clean(was.left(cursorPosition())).size();
+    setText(Clean(was));
     setModified(true);
     setCursorPosition(static_cast<int>(cursor));
+}
+
+// True when the key's text is not what goes in.
+bool KestroText::TypeCleaned(const QKeyEvent& event) {
+    const QString typed = event.text();
+    const bool prints = !typed.isEmpty() && typed.at(0).isPrint();
+    if (!prints || isReadOnly() || event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;
+    const QString clean = Clean(typed);
+    if (clean == typed) return false;
+    if (!clean.isEmpty()) insert(clean);
+    return true;
+}
+
+// What is inserted where the last text was inserted would be undone together with it; the cursor's leaving
+// and coming back parts the two.
+void KestroText::EndStep() {
+    const QSignalBlocker quiet(this);
+    const int at = cursorPosition();
+    if (hasSelectedText() || text().isEmpty()) return;
+    setCursorPosition(at == 0 ? 1 : 0);
+    setCursorPosition(at);
+}
+
+void KestroText::paste() {
+    if (isReadOnly()) return;
+    EndStep();
+    insert(Clean(QGuiApplication::clipboard()->text()));
+    EndStep();
+}
+
+void KestroText::dropEvent(QDropEvent* event) {
+    if (!event->mimeData()->hasText() || isReadOnly()) return QLineEdit::dropEvent(event);
+    QMimeData clean;
+    clean.setText(Clean(event->mimeData()->text()));
+    QDropEvent cleaned(event->position(), event->possibleActions(), &clean, event->buttons(),
+                       event->modifiers());
+    cleaned.setDropAction(event->dropAction());
+    QLineEdit::dropEvent(&cleaned);
+    event->setDropAction(cleaned.dropAction());
+    event->setAccepted(cleaned.isAccepted());
 }
 
 QColor KestroText::TextColor() const {
@@ -153,8 +204,9 @@ void KestroText::paintEvent(QPaintEvent* event) {
         QPainter p(this);
         Skin::Box(p, rect(), kRadius, Fill(), {});
         if (mode_ == TextMode::amount) PaintAmount(p);
+        if (mode_ == TextMode::masked) PaintDots(p);
     }
-    if (mode_ != TextMode::amount) QLineEdit::paintEvent(event);
+    if (!PaintsItself()) QLineEdit::paintEvent(event);
     QPainter p(this);
     PaintEnds(p);
     PaintZone(p);
@@ -192,8 +244,7 @@ void KestroText::mousePressEvent(QMouseEvent* event) {
     }
     QLineEdit::mousePressEvent(event);
     if (!left) return;
-    if (mode_ == TextMode::amount)
-        PutCursor(AmountPositionAt(at.x()), event->modifiers() & Qt::ShiftModifier);
+    if (PaintsItself()) PutCursor(PositionAt(at.x()), event->modifiers() & Qt::ShiftModifier);
     RunEvent([&] { Pressed(at); });
     RunEvent(onClick);
 }
@@ -203,10 +254,10 @@ void KestroText::mouseMoveEvent(QMouseEvent* event) {
     const bool ends = EndRect().contains(at) || ZoneRect().contains(at);
     setCursor(ends || isReadOnly() ? Qt::ArrowCursor : Qt::IBeamCursor);
     ShowEndTip(EndRect().contains(at));
-    if (mode_ != TextMode::amount)
+    if (!PaintsItself())
         QLineEdit::mouseMoveEvent(event);
     else if (event->buttons() & Qt::LeftButton)
-        PutCursor(AmountPositionAt(at.x()), true);
+        PutCursor(PositionAt(at.x()), true);
 }
 
 // The end button has a tip of its own; the box gets its tip back when the pointer goes on.
@@ -234,8 +285,7 @@ void KestroText::keyPressEvent(QKeyEvent* event) {
     bool used = false;
     RunEvent([&] { used = onKey && onKey(event); });
     if (used) return;
-    wrong_ = false;
-    update();
+    SetWrong(false);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool drop = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
     if (enter && onEnter && !(event->modifiers() & Qt::ControlModifier)) {
@@ -245,7 +295,9 @@ void KestroText::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Escape && mode_ == TextMode::search && !text().isEmpty()) {
         clear();
         RunEvent([this] { Edited(); });
-    } else {
+    } else if (event->matches(QKeySequence::Paste)) {
+        paste();
+    } else if (!TypeCleaned(*event)) {
         QLineEdit::keyPressEvent(event);
     }
 }
@@ -265,8 +317,11 @@ void KestroText::focusOutEvent(QFocusEvent* event) {
 }
 
 void KestroText::contextMenuEvent(QContextMenuEvent* event) {
-    if (onContextMenu)
-        RunEvent([&] { onContextMenu(event->globalPos()); });
-    else
-        QLineEdit::contextMenuEvent(event);
+    ShowTextMenuOf(this,
+                   {.canUndo = isUndoAvailable(),
+                    .readOnly = isReadOnly(),
+                    .masked = mode_ == TextMode::masked,
+                    .hasSelection = hasSelectedText(),
+                    .isEmpty = text().isEmpty()},
+                   event->globalPos());
 }

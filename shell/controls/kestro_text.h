@@ -13,8 +13,8 @@ enum class TextMode {
 };
 
 /// text() and setText() are the plain text. Line breaks that a user pastes become blanks. In amount mode
-/// `,` `，` `￥` and blanks drop out of what is typed or pasted, and full-width digits become ASCII; nothing
-/// else is refused.
+/// `,` `，` `￥` `元` and blanks drop out of what is typed or pasted, and full-width digits become ASCII;
+/// nothing else is refused.
 class KestroText : public QLineEdit {
  public:
     explicit KestroText(TextMode mode = TextMode::normal, QWidget* parent = nullptr);
@@ -32,7 +32,9 @@ class KestroText : public QLineEdit {
     void SetLeftIcon(const QString& icon);
     /// A button at the right end; opensWindow puts a line before it. An empty icon takes it away.
     void SetEndButton(const QString& icon, const QString& tip, bool opensWindow);
-    /// Marks wrong input until the next key.
+    /// Puts the clipboard's text in as one step that can be undone.
+    void paste();
+    /// Marks wrong input until the text changes or a key is pressed.
     void SetWrong(bool wrong);
     bool IsWrong() const { return wrong_; }
 
@@ -40,9 +42,8 @@ class KestroText : public QLineEdit {
     std::function<void()> onEnter;                 ///< without it, Enter goes on to the window
     std::function<void()> onEndButton;             ///< the button, or Alt+Down
     std::function<void()> onClick;
-    std::function<void()> onLeave;              ///< the focus went to another control
-    std::function<void(QPoint)> onContextMenu;  ///< at a point of the screen
-    std::function<bool(QKeyEvent*)> onKey;      ///< before the box; true when the key is used up
+    std::function<void()> onLeave;          ///< the focus went to another control
+    std::function<bool(QKeyEvent*)> onKey;  ///< before the box; true when the key is used up
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -73,23 +74,34 @@ class KestroText : public QLineEdit {
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
  private:
     void Fit();
+    QString Clean(const QString& text) const;
     void CleanEdit();
+    void EndStep();
+    bool TypeCleaned(const QKeyEvent& event);
     void PaintOutline(QPainter& p) const;
     void PaintEnds(QPainter& p) const;
     QColor TextColor() const;
     void PutCursor(int position, bool marking);
     void ShowEndTip(bool over);
 
-    // Amount mode paints its text itself, as QLineEdit cannot show separators that its text has not.
+    // Two modes paint their text themselves: QLineEdit cannot show separators that its text has not, nor dots
+    // of a size of ours.
+    bool PaintsItself() const { return mode_ == TextMode::amount || mode_ == TextMode::masked; }
     void PaintAmount(QPainter& p) const;
+    void PaintDots(QPainter& p) const;
+    int DotX(int position) const;
+    int PositionX(int position) const {
+        return mode_ == TextMode::masked ? DotX(position) : AmountX(position);
+    }
     void PaintPrompt(QPainter& p, int right) const;
     QString Grouped() const;
     int AmountX(int position) const;
-    int AmountPositionAt(int x) const;
-    QRect AmountRoom() const;
+    int PositionAt(int x) const;
+    QRect TextRoom() const;
     int UnitWidth() const;
 
     TextMode mode_ = TextMode::normal;

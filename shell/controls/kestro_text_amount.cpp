@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int kPadding = 8;
 constexpr int kUnitGap = 6;
+constexpr int kDot = 6, kDotStep = 10;
 
 // How many characters of shown stand before the position-th character of plain; separators belong to the
 // character after them.
@@ -46,7 +47,7 @@ QString KestroText::Grouped() const {
     return point < 0 ? grouped : grouped + plain.mid(point);
 }
 
-QRect KestroText::AmountRoom() const {
+QRect KestroText::TextRoom() const {
     const QMargins m = textMargins();
     return rect().adjusted(m.left() + 2, 0, -m.right() - 2, 0);
 }
@@ -55,7 +56,7 @@ int KestroText::AmountX(int position) const {
     const QFontMetrics metrics(font());
     const QString shown = Grouped();
     const auto wide = [&](const QString& t) { return metrics.horizontalAdvance(t); };
-    const QRect room = AmountRoom();
+    const QRect room = TextRoom();
     const int cursor = wide(shown.left(ShownPosition(text(), shown, cursorPosition())));
     const int all = wide(shown) + wide(preedit_);
     // A text longer than its box is pushed so far that the cursor stays in sight.
@@ -64,11 +65,11 @@ int KestroText::AmountX(int position) const {
     return start + wide(shown.left(ShownPosition(text(), shown, position)));
 }
 
-int KestroText::AmountPositionAt(int x) const {
+int KestroText::PositionAt(int x) const {
     int best = 0;
     int least = std::numeric_limits<int>::max();
     for (int i = 0; i <= text().size(); ++i) {
-        const int away = qAbs(AmountX(i) - x);
+        const int away = qAbs(PositionX(i) - x);
         if (away < least) best = i;
         least = qMin(least, away);
     }
@@ -76,7 +77,7 @@ int KestroText::AmountPositionAt(int x) const {
 }
 
 void KestroText::PaintAmount(QPainter& p) const {
-    const QRect room = AmountRoom();
+    const QRect room = TextRoom();
     const QString shown = Grouped();
     const int start = AmountX(0);
     const int cursorX = AmountX(cursorPosition());
@@ -116,16 +117,48 @@ void KestroText::PaintPrompt(QPainter& p, int right) const {
     p.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, prompt_);
 }
 
+// Dots of one width whatever the letters are, pushed so far that the cursor stays in sight.
+int KestroText::DotX(int position) const {
+    const QRect room = TextRoom();
+    const int hidden = qMax(0, kDotStep * cursorPosition() + 1 - room.width());
+    return room.left() + kDotStep * position - hidden;
+}
+
+void KestroText::PaintDots(QPainter& p) const {
+    const QRect room = TextRoom();
+    if (text().isEmpty() && !placeholderText().isEmpty()) {
+        p.setFont(font());
+        p.setPen(Skin::Color(isEnabled() ? Tok::text3 : Tok::dis));
+        p.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, placeholderText());
+    }
+    p.save();
+    p.setClipRect(room.adjusted(-1, 0, 2, 0));
+    if (hasSelectedText()) {
+        const int from = DotX(selectionStart());
+        p.fillRect(from, 7, DotX(selectionEnd()) - from, height() - 14, palette().highlight());
+    }
+    for (int i = 0; i < text().size(); ++i)
+        Skin::Box(p, QRectF(DotX(i) + (kDotStep - kDot) / 2.0, (height() - kDot) / 2.0, kDot, kDot),
+                  kDot / 2.0, TextColor(), {});
+    if (hasFocus() && !isReadOnly())
+        Skin::VLine(p, DotX(cursorPosition()), 7, height() - 7, Skin::Color(Tok::text));
+    p.restore();
+}
+
 void KestroText::inputMethodEvent(QInputMethodEvent* event) {
     // QLineEdit would take a commit even into a box that only shows a choice.
     if (isReadOnly()) return event->ignore();
     preedit_ = event->preeditString();
-    QLineEdit::inputMethodEvent(event);
+    SetWrong(false);
+    QInputMethodEvent cleaned(preedit_, event->attributes());
+    cleaned.setCommitString(Clean(event->commitString()), event->replacementStart(),
+                            event->replacementLength());
+    QLineEdit::inputMethodEvent(&cleaned);
     update();
 }
 
 QVariant KestroText::inputMethodQuery(Qt::InputMethodQuery query) const {
-    if (mode_ == TextMode::amount && query == Qt::ImCursorRectangle)
-        return QRect(AmountX(cursorPosition()), 4, 1, height() - 8);
+    if (PaintsItself() && query == Qt::ImCursorRectangle)
+        return QRect(PositionX(cursorPosition()), 4, 1, height() - 8);
     return QLineEdit::inputMethodQuery(query);
 }

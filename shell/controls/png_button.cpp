@@ -62,8 +62,8 @@ void PngButton::focusInEvent(QFocusEvent* event) {
 }
 
 void PngButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
+    if (Controls::IsEnter(*event))
+        byKey_ ? click() : event->ignore();
     else
         QAbstractButton::keyPressEvent(event);
 }

@@ -88,7 +88,7 @@ TEST_F(EntryWindow, AFailedCheckSendsTheFocusAndKeepsTheWindow) {
     refused(u"事情不能为空!"_s, "txtThing");
     Type("txtThing", u"买笔"_s);
     refused(u"金额不正确!"_s, "txtMoney");
-    Type("txtMoney", u"１２.5元"_s);
+    Type("txtMoney", u"十二元"_s);
     refused(u"金额不正确!"_s, "txtMoney");
     At<KestroText>("txtMoney")->setText(u"9.5"_s);
     refused(u"分类一不能为空!"_s, "comKind");

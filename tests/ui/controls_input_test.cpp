@@ -9,11 +9,14 @@
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QTest>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -57,7 +60,7 @@ TEST(AmountBox, HoldsPlainTextWhateverIsTyped) {
                                            {u"1,286.50"_s, u"1286.50"_s},
                                            {u"￥１２，３４５．６"_s, u"12345.6"_s},
                                            {u" -12 000 "_s, u"-12000"_s},
-                                           {u"十元"_s, u"十元"_s},
+                                           {u"十元"_s, u"十"_s},
                                            {u"1.2.3"_s, u"1.2.3"_s}}) {
         Stage<KestroText> typing(TextMode::amount);
         for (const QChar c : row.typed)
@@ -129,6 +132,85 @@ TEST(TextBox, ForgetsThatItIsWrongAtTheNextKey) {
     stage.box->SetWrong(true);
     QTest::keyClick(stage.box, Qt::Key_A);
     EXPECT_FALSE(stage.box->IsWrong());
+}
+
+TEST(TextBox, ForgetsThatItIsWrongHoweverItsTextChanges) {
+    for (const bool composed : {false, true}) {
+        Stage<KestroText> stage(TextMode::normal);
+        stage.box->SetWrong(true);
+        composed ? Commit(*stage.box, u"甲"_s) : stage.box->setText(u"甲"_s);
+        EXPECT_FALSE(stage.box->IsWrong()) << composed;
+    }
+}
+
+// What drops out or changes on its way in leaves the steps before it to be undone.
+TEST(TextBox, WhatWasCleanedCanBeUndone) {
+    Stage<KestroText> stage(TextMode::amount);
+    QTest::keyClicks(stage.box, u"1,2"_s);
+    EXPECT_EQ(stage.box->text(), u"12"_s);
+    QApplication::clipboard()->setText(u"￥3,400"_s);
+    QTest::keyClick(stage.box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(stage.box->text(), u"123400"_s);
+    QTest::keyClick(stage.box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(stage.box->text(), u"12"_s);
+    stage.box->undo();
+    EXPECT_LT(stage.box->text().size(), 2);
+}
+
+TEST(TextBox, MaskedDotsAreAsWideWhateverTheLetters) {
+    Stage<KestroText> stage(TextMode::masked);
+    stage.box->setText(u"iW口"_s);
+    const auto cursorAt = [&](int position) {
+        stage.box->setCursorPosition(position);
+        return stage.box->inputMethodQuery(Qt::ImCursorRectangle).toRect().x();
+    };
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(cursorAt(i + 1) - cursorAt(i), 10);
+    QTest::mouseClick(stage.box, Qt::LeftButton, {}, QPoint(cursorAt(2), 10));
+    EXPECT_EQ(stage.box->cursorPosition(), 2);
+}
+
+// One menu for all boxes, its items as the box stands.
+TEST(TextMenu, IsEnabledAsTheBoxStands) {
+    const auto shown = [](QWidget& box) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, box.mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(&box, &event);
+        auto* menu = QApplication::activePopupWidget();
+        QStringList enabled;
+        if (!menu) return u"no menu"_s;
+        for (const auto* action : menu->actions())
+            if (action->isEnabled() && !action->isSeparator()) enabled += action->objectName().mid(4);
+        return enabled.join(u' ');
+    };
+    const auto choose = [](const QString& key) {
+        auto* menu = QApplication::activePopupWidget();
+        if (!menu) return;
+        for (auto* action : menu->actions())
+            if (action->objectName() == key) action->trigger();
+        menu->close();
+    };
+    QApplication::clipboard()->setText(u"贴"_s);
+    Stage<KestroText> line(TextMode::normal);
+    EXPECT_EQ(shown(*line.box), u"paste"_s);
+    choose(u"textpaste"_s);
+    EXPECT_EQ(line.box->text(), u"贴"_s);
+    line.box->selectAll();
+    EXPECT_EQ(shown(*line.box), u"undo cut copy paste select"_s);
+    choose(u"textundo"_s);
+    EXPECT_TRUE(line.box->text().isEmpty());
+
+    Stage<KestroText> password(TextMode::masked);
+    password.box->setText(u"口令"_s);
+    password.box->selectAll();
+    EXPECT_EQ(shown(*password.box), u"paste select"_s);
+    choose({});
+
+    Stage<KestroEditBox> memo;
+    memo.box->SetText(u"备注"_s);
+    memo.box->setReadOnly(true);
+    memo.box->selectAll();
+    EXPECT_EQ(shown(*memo.box->viewport()), u"copy select"_s);
+    choose({});
 }
 
 TEST(EditBox, LeavesByTabAndPassesCtrlEnterOn) {
@@ -332,6 +414,52 @@ TEST(Calculator, LetsTypingGoOnInTheBoxWhenThePointerOpenedIt) {
     QTest::keyClicks(stage.box, u"25"_s);
     EXPECT_EQ(stage.box->text(), u"25"_s);
     EXPECT_FALSE(calculator.isVisible());
+}
+
+TEST(Calculator, ClosesWhenTheInputMethodTypesIntoTheBox) {
+    Stage<KestroText> stage(TextMode::amount);
+    KestroCalculator calculator(stage.box);
+    calculator.PopUp(stage.box, {}, 3, false);
+    Commit(*stage.box, u"２５"_s);
+    EXPECT_EQ(stage.box->text(), u"25"_s);
+    EXPECT_FALSE(calculator.isVisible());
+}
+
+// Opened for its own sake it takes the keyboard, shows its result and stays until Escape.
+TEST(Calculator, StandsByItselfAtAButton) {
+    Stage<KestroButton> stage(ButtonLook::plain, u"计算器"_s, QString());
+    stage.other->setFocus();
+    KestroCalculator calculator(&stage.window);
+    calculator.onValue = [](const QString&) { ADD_FAILURE() << "nobody asked for a value"; };
+    calculator.Open(stage.box, 3);
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Plus, Qt::Key_3, Qt::Key_Return})
+        QTest::keyClick(QApplication::focusWidget(), key, {});
+    EXPECT_TRUE(calculator.isVisible());
+    EXPECT_EQ(calculator.Shown(), u"15"_s);
+    EXPECT_TRUE(stage.other->text().isEmpty());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(calculator.isVisible());
+    EXPECT_TRUE(stage.other->hasFocus());
+}
+
+TEST(Calendar, TurnsByWholeNotchesAndNotSideways) {
+    Stage<KestroText> stage(TextMode::normal);
+    KestroCalendar calendar(stage.box);
+    const auto turn = [&](QPoint angle) {
+        const QPointF at = calendar.rect().center();
+        QWheelEvent event(at, calendar.mapToGlobal(at), {}, angle, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&calendar, &event);
+    };
+    calendar.PopUp(stage.box, QDate(2016, 9, 3));
+    for (int i = 0; i < 7; ++i)
+        turn({0, -15});
+    turn({240, 0});
+    EXPECT_EQ(calendar.ShownMonth(), QDate(2016, 9, 1));
+    turn({0, -15});
+    EXPECT_EQ(calendar.ShownMonth(), QDate(2016, 10, 1));
+    turn({0, 240});
+    EXPECT_EQ(calendar.ShownMonth(), QDate(2016, 8, 1));
 }
 
 TEST(Calendar, MovesByKeyWithinItsYears) {

@@ -48,26 +48,6 @@ TEST_F(MenuTest, ChoicesArriveInLowerCase) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST_F(MenuTest, TextChoicesGoToThePageInFront) {
-    QStringList first, second;
-    const auto into = [](QStringList& list) { return [&list](const QString& item) { list << item; }; };
-    auto outer = Menus::RegisterTextMenu(5, into(first));
-    State().gPage = 5;
-    {
-        const auto inner = Menus::RegisterTextMenu(5, into(second));
-        Menus::Choose(u"Text"_s, u"TextCopy"_s);
-    }
-    Menus::Choose(u"text"_s, u"textpaste"_s);
-    State().gPage = 6;
-    Menus::Choose(u"text"_s, u"textcut"_s);
-    State().gPage = 5;
-    outer = {};
-    Menus::Choose(u"text"_s, u"textselect"_s);
-    EXPECT_EQ(second, QStringList(u"textcopy"_s));
-    EXPECT_EQ(first, QStringList(u"textpaste"_s));
-    EXPECT_EQ(heard_, QStringList({u"text/textcut"_s, u"text/textselect"_s}));
-}
-
 TEST_F(MenuTest, AChoiceBelowIsReportedUnderTheNameOfItsMenu) {
     Menus::AddMenu(u"main"_s);
     Menus::AddMenu(u"shortdate"_s);

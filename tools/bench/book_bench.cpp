@@ -1,6 +1,6 @@
 #include "tools/bench/book_bench.h"
 
-#include "ledger/entry_columns.h"
+#include "chart/codes.h"
 #include "ledger/entry_query.h"
 #include "ledger/frm_account.h"
 #include "ledger/posting.h"
@@ -33,8 +33,8 @@ std::string PageSql(const EntryQuery& query) {
 }
 
 EntryValues Entry() {
-    const auto kinds = ShownRows(State().gDB, u"tKind"_s);
-    const auto accounts = ShownRows(State().gDB, u"tSubAcc"_s);
+    const auto kinds = ShownRows(State().gDB, Chart::kinds);
+    const auto accounts = ShownRows(State().gDB, Chart::accounts);
     EntryValues e;
     e.title = u"支付货款"_s;
     e.money = u"350.5"_s;
@@ -74,13 +74,13 @@ LeanEntry Lean(const EntryValues& e) {
 void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs) {
     OpenBook(path);
     RawBook raw(path.toStdString());
-    const auto pageBound = entries < kLinesPerPage ? std::nullopt : std::optional(kReadBound);
+    const auto pageBound = entries < kLinesPerPage ? std::nullopt : std::optional(kPageBound);
     const EntryQuery all = BuildEntryQuery({});
     const auto sums = [&](const std::string& where) { raw.ReadSums("tAccount", where); };
     const std::string allRows = " and bIsMain=1";
     {
         Stage<KestroList> stage;
-        for (const auto& column : EntryPageWords().columns)
+        for (const auto& column : EntryColumns())
             stage.content->DefineColumn(column);
         table.Add(
             Compared(kPageAction, entries,
@@ -92,14 +92,15 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
         Stage<frmAccount> stage;
         auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
         const auto reload = [&] {
-            stage.content->DoMenu(u"key"_s, u"reload"_s);
+            stage.content->Do(Act::reload);
             list->viewport()->repaint();
         };
         const auto rawReload = [&] {
             raw.Rows(PageSql(all));
             sums(allRows);
         };
-        table.Add(Compared(kReloadAction, entries, InTurns(runs, reload, rawReload), pageBound));
+        table.Add(Compared(kReloadAction, entries, InTurns(runs, reload, rawReload),
+                           pageBound ? std::optional(kReadBound) : std::nullopt));
     }
     table.Add(Compared(kSumsAction, entries,
                        InTurns(
@@ -108,8 +109,7 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
     EntryFilter filter;
     filter.kind = kMeasuredKind;
     const EntryQuery branch = BuildEntryQuery(filter);
-    // Raw SQLite has no left$.
-    const std::string branchRows = " and substr(Type1,1,2)='" + kMeasuredKind.toStdString() + "'";
+    const std::string branchRows = " and Type1>='04' and Type1<'05'";
     table.Add(Compared(kKindSumsAction, entries,
                        InTurns(
                            runs, [&] { ReadSums(State().gDB, branch); }, [&] { sums(branchRows); }),

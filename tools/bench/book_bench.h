@@ -12,7 +12,7 @@ inline const QString kSumsAction = QStringLiteral("sums of the whole book");
 inline const QString kKindSumsAction = QStringLiteral("sums of one kind with its subtree");
 inline const QString kSaveAction = QStringLiteral("save one entry, durable");
 
-/// A kind with a subtree.
+/// A kind with a subtree: the codes from 04 up to 05.
 inline const QString kMeasuredKind = QStringLiteral("04");
 
 /// Reads of the book at path: page, reload, sums.

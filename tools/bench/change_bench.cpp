@@ -4,7 +4,6 @@
 #include "ledger/entry_edit.h"
 #include "ledger/frm_account.h"
 #include "shell/controls/kestro_list.h"
-#include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
 #include "tools/bench/raw_book.h"
@@ -23,20 +22,6 @@ namespace {
 
 constexpr double kBulkBound = 3;
 constexpr int kChecked = 1000, kSlice = 50;
-
-/// Questions are answered by their last button, as long as the object lives.
-class Consent {
- public:
-    Consent() {
-        MessageSlot() = [](const MessageRequest&) { return 1; };
-    }
-    ~Consent() { MessageSlot() = kept_; }
-    Consent(const Consent&) = delete;
-    Consent& operator=(const Consent&) = delete;
-
- private:
-    std::function<int(const MessageRequest&)> kept_ = MessageSlot();
-};
 
 /// The rows of one stored entry, as the lean side knows them beforehand.
 struct KnownRow {
@@ -243,7 +228,7 @@ void MeasureBulkDeletion(SpeedTable& table, const QString& path, int entries, in
     const Consent consent;
     Stage<frmAccount> stage;
     auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
-    stage.content->DoMenu(u"key"_s, u"reload"_s);
+    stage.content->Do(Act::reload);
     std::vector<double> ours, theirs, silences, beats;
     for (int run = 0; run <= runs; ++run) {
         const auto ids = CheckLines(*list);
@@ -252,7 +237,7 @@ void MeasureBulkDeletion(SpeedTable& table, const QString& path, int entries, in
                             Joined(ids) + ") or IID in (" + Joined(ids) + ')';
         Pulse pulse;
         const double our = Milliseconds([&] {
-            stage.content->DoBtnMenuDelAll();
+            stage.content->Do(Act::deleteChecked);
             list->viewport()->repaint();
         });
         pulse.Beat();

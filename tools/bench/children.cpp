@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatienceMs = 30000;
+constexpr int kAgentRestMs = 1000;
 
 void LayOut(const QString& folder, const QString& build) {
     const QString program = folder + u"/program"_s;
@@ -83,6 +84,17 @@ StartFigures Children::Program(const QString& book, int runs) const {
     return Run(u"bench_start"_s, {book, folder_ + u"/program"_s}, runs);
 }
 
-StartFigures Children::LeastWindow(const QString& book, const QString& text, int runs) const {
-    return Run(u"bench_least"_s, text.isEmpty() ? QStringList{book} : QStringList{book, text}, runs);
+StartFigures Children::LeastWindow(const QString& book, const QString& query, int runs) const {
+    return Run(u"bench_least"_s, {book, query}, runs);
+}
+
+double Children::AgentMemory() const {
+    QProcess agent;
+    agent.setProcessEnvironment(OwnWorld(folder_));
+    agent.start(folder_ + u"/program/JotAgent"_s, {});
+    agent.waitForFinished(kAgentRestMs);
+    const double size = PeakMemory(std::to_string(agent.processId()));
+    agent.kill();
+    agent.waitForFinished();
+    return size;
 }

@@ -15,8 +15,10 @@ class Children {
 
     /// Medians of several starts on a book.
     StartFigures Program(const QString& book, int runs) const;
-    /// text: one line that the window shows, empty for a blank window.
-    StartFigures LeastWindow(const QString& book, const QString& text, int runs) const;
+    /// The least window that reads and shows the lines of query.
+    StartFigures LeastWindow(const QString& book, const QString& query, int runs) const;
+    /// Peak memory of the agent at rest, in MB.
+    double AgentMemory() const;
 
  private:
     StartFigures Run(const QString& program, const QStringList& arguments, int runs) const;

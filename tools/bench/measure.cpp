@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
-#include <string>
 
 double Median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -14,6 +13,15 @@ double Median(std::vector<double> values) {
 double Moment() {
     using std::chrono::duration;
     return duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+double MedianTime(int runs, const std::function<double()>& once) {
+    std::vector<double> times;
+    for (int run = 0; run <= runs; ++run) {
+        const double time = once();
+        if (run > 0) times.push_back(time);
+    }
+    return Median(times);
 }
 
 double Milliseconds(const std::function<void()>& body) {
@@ -35,8 +43,8 @@ Pair InTurns(int runs, const std::function<void()>& ours, const std::function<vo
     return {Median(ourTimes), Median(rawTimes)};
 }
 
-double PeakMemory() {
-    std::ifstream status("/proc/self/status");
+double PeakMemory(const std::string& process) {
+    std::ifstream status("/proc/" + process + "/status");
     for (std::string line; std::getline(status, line);)
         if (line.rfind("VmHWM:", 0) == 0) return std::stod(line.substr(6)) / 1024;
     return 0;

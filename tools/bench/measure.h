@@ -2,10 +2,13 @@
 // Times and memory of one process.
 
 #include <functional>
+#include <string>
 #include <vector>
 
 /// Middle value; of an even number of values the upper one.
 double Median(std::vector<double> values);
+/// Median of what once returns, after one call that does not count.
+double MedianTime(int runs, const std::function<double()>& once);
 /// Milliseconds that body takes.
 double Milliseconds(const std::function<void()>& body);
 
@@ -17,8 +20,8 @@ struct Pair {
 };
 Pair InTurns(int runs, const std::function<void()>& ours, const std::function<void()>& raw);
 
-/// Largest resident size that this process has had, in MB.
-double PeakMemory();
+/// Largest resident size that a process has had, in MB; 0 for one that is gone.
+double PeakMemory(const std::string& process = "self");
 
 /// Milliseconds on the monotonic clock, which all processes of the machine share.
 double Moment();

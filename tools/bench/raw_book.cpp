@@ -2,6 +2,7 @@
 
 #include "tools/bench/counting_vfs.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -37,9 +38,10 @@ void RawBook::Run(const std::string& sql) {
 std::vector<RawBook::Row> RawBook::Rows(const std::string& sql) {
     const auto statement = Prepare(sql);
     std::vector<Row> rows;
+    const auto columns = static_cast<size_t>(sqlite3_column_count(statement.get()));
     while (sqlite3_step(statement.get()) == SQLITE_ROW) {
         auto& row = rows.emplace_back();
-        for (size_t i = 0; i < row.size(); ++i) {
+        for (size_t i = 0; i < std::min(columns, row.size()); ++i) {
             const auto* text =
                 reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), static_cast<int>(i)));
             if (text)
@@ -56,10 +58,10 @@ double RawBook::Number(const std::string& sql) {
 }
 
 void RawBook::ReadSums(const std::string& table, const std::string& where) {
-    const std::string rows = " from " + table + " where 1" + where;
-    Number("select sum(Value1)" + rows + " and nSign=1");
-    Number("select sum(Value1)" + rows + " and nSign=-1");
-    Number("select count(id1)" + rows);
+    Rows(
+        "select count(*),sum(case when nSign=1 then Value1 end),sum(case when nSign=-1 then Value1 end) "
+        "from " +
+        table + " where 1" + where);
 }
 
 void RawBook::Change(const std::vector<std::string>& statements) {

@@ -23,7 +23,7 @@ class RawBook {
     /// Every row of a query as texts, the first twelve columns.
     std::vector<Row> Rows(const std::string& sql);
     double Number(const std::string& sql);
-    /// The three sums that a list page shows, of the rows that fit.
+    /// Count and both sums that a list page shows, of the rows that fit, in one pass.
     void ReadSums(const std::string& table, const std::string& where);
     /// One entry in one transaction: rows with their ties, id counters, balances.
     void Save(const LeanEntry& entry);

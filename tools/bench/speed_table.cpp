@@ -34,19 +34,37 @@ void SpeedTable::AddGrowth(const QString& action, double bound) {
 }
 
 void SpeedTable::Print() const {
-    std::printf("%-46s %8s %9s %9s %-5s %7s %7s\n", "action", "entries", "ours", "raw", "", "ratio", "bound");
+    std::printf("%-54s %8s %9s %9s %-5s %7s %7s\n", "action", "entries", "ours", "raw", "", "ratio", "bound");
     for (const auto& row : rows_) {
-        std::printf("%-46s %8d %9.2f ", qUtf8Printable(row.action), row.entries, row.ours);
+        std::printf("%-54s %8d %9.2f ", qUtf8Printable(row.action), row.entries, row.ours);
         row.raw > 0 ? std::printf("%9.2f ", row.raw) : std::printf("%9s ", "");
         std::printf("%-5s ", qUtf8Printable(row.unit));
         row.raw > 0 ? std::printf("%7.2f ", row.Ratio()) : std::printf("%7s ", "");
         row.bound ? std::printf("%7.2f  %s\n", *row.bound, Verdict(row.Missed())) : std::printf("\n");
     }
+    PrintGrowth();
+    PrintMissed();
+}
+
+void SpeedTable::PrintGrowth() const {
     if (growth_.empty()) return;
-    std::printf("\n%-46s %35s %7s\n", "growth from 10,000 to 100,000 entries", "factor", "bound");
+    std::printf("\n%-54s %35s %7s\n", "growth from 10,000 to 100,000 entries", "factor", "bound");
     for (const auto& row : growth_)
-        std::printf("%-46s %35.2f %7.2f  %s\n", qUtf8Printable(row.action), row.factor, row.bound,
+        std::printf("%-54s %35.2f %7.2f  %s\n", qUtf8Printable(row.action), row.factor, row.bound,
                     Verdict(row.Missed()));
+}
+
+void SpeedTable::PrintMissed() const {
+    std::printf("\nMissed bounds:\n");
+    for (const auto& row : rows_)
+        if (row.Missed())
+            std::printf("  %s, %d entries: %.2f instead of %.2f%s%s\n", qUtf8Printable(row.action.trimmed()),
+                        row.entries, row.Ratio(), *row.bound, row.raw > 0 ? " x raw" : " ",
+                        row.raw > 0 ? "" : qUtf8Printable(row.unit));
+    for (const auto& row : growth_)
+        if (row.Missed())
+            std::printf("  growth of %s: %.2f instead of %.2f\n", qUtf8Printable(row.action), row.factor,
+                        row.bound);
 }
 
 bool SpeedTable::WriteJson(const QString& path) const {

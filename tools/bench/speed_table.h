@@ -35,6 +35,8 @@ class SpeedTable {
     bool WriteJson(const QString& path) const;
 
  private:
+    void PrintGrowth() const;
+    void PrintMissed() const;
     const SpeedRow* Find(const QString& action, int entries) const;
     std::vector<SpeedRow> rows_;
     std::vector<GrowthRow> growth_;

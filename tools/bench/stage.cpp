@@ -16,6 +16,14 @@ void OpenBook(const QString& path) {
     state.gDB.Open(path);
 }
 
+Consent::Consent() : kept_(MessageSlot()) {
+    MessageSlot() = [](const MessageRequest&) { return 1; };
+}
+
+Consent::~Consent() {
+    MessageSlot() = kept_;
+}
+
 EntryPasses::EntryPasses() {
     cConnection::Seams().onScan = [this](const QString& sql) {
         static const QRegularExpression entries(u"\\b(from|update|into) +taccount\\b"_s,

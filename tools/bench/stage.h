@@ -1,6 +1,7 @@
 #pragma once
 // A book opened as the program opens it, and a window as large as the program's for one of its pages.
 
+#include "store/messages.h"
 #include "tools/bench/measure.h"
 #include "tools/bench/speed_table.h"
 
@@ -9,9 +10,22 @@
 #include <QStringList>
 #include <QWidget>
 
-constexpr double kReadBound = 1.5, kWriteBound = 2, kClickBound = 100;
+constexpr double kPageBound = 1.3, kReadBound = 1.5, kWriteBound = 2;
+constexpr double kClickBound = 100, kLastPageBound = 150, kWindowBound = 50;  // milliseconds
 
 void OpenBook(const QString& path);
+
+/// Questions are answered by their last button, as long as the object lives.
+class Consent {
+ public:
+    Consent();
+    ~Consent();
+    Consent(const Consent&) = delete;
+    Consent& operator=(const Consent&) = delete;
+
+ private:
+    std::function<int(const MessageRequest&)> kept_;
+};
 
 /// Statements that pass over all entries while the object lives.
 class EntryPasses {

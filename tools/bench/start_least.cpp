@@ -1,27 +1,46 @@
-// The least Qt window that opens a book and reads nothing of it: bench_least STARTED BOOK [TEXT]. With a text
-// it shows that one line, as a program has to that speaks Chinese.
+// The least Qt window that reads the lines of a query and shows them: bench_least STARTED BOOK QUERY.
 
+#include "tools/bench/raw_book.h"
 #include "tools/bench/start_end.h"
 
+#include <QAbstractTableModel>
 #include <QApplication>
-#include <QPainter>
+#include <QHeaderView>
+#include <QTableView>
 #include <QTimer>
-#include <QWidget>
-
-#include <sqlite3.h>
 
 namespace {
 
-class LeastWindow : public QWidget {
+constexpr int kColumns = 8, kRowHeight = 28;
+
+class LeastModel : public QAbstractTableModel {
  public:
-    LeastWindow(const char* started, QString text) : started_(started), text_(std::move(text)) {
+    explicit LeastModel(std::vector<RawBook::Row> rows) : rows_(std::move(rows)) {}
+    int rowCount(const QModelIndex&) const override { return static_cast<int>(rows_.size()); }
+    int columnCount(const QModelIndex&) const override { return kColumns; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole) return {};
+        const auto& row = rows_[static_cast<size_t>(index.row())];
+        return QString::fromStdString(row[static_cast<size_t>(index.column()) + 1]);
+    }
+
+ private:
+    std::vector<RawBook::Row> rows_;
+};
+
+class LeastList : public QTableView {
+ public:
+    explicit LeastList(const char* started) : started_(started) {
         setFont(QFont(QStringLiteral("Noto Sans CJK SC")));
+        verticalHeader()->hide();
+        verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        verticalHeader()->setDefaultSectionSize(kRowHeight);
         resize(1100, 700);
     }
 
  protected:
-    void paintEvent(QPaintEvent*) override {
-        if (!text_.isEmpty()) QPainter(this).drawText(rect(), Qt::AlignCenter, text_);
+    void paintEvent(QPaintEvent* event) override {
+        QTableView::paintEvent(event);
         QTimer::singleShot(0, this, [this] {
             TellStart(started_);
             QApplication::quit();
@@ -30,20 +49,17 @@ class LeastWindow : public QWidget {
 
  private:
     const char* started_;
-    QString text_;
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 3 || argc > 4) return 2;
+    if (argc != 4) return 2;
     QApplication app(argc, argv);
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(argv[2], &db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) return 1;
-    sqlite3_exec(db, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
-    LeastWindow window(argv[1], argc == 4 ? QString::fromUtf8(argv[3]) : QString());
+    RawBook book(argv[2]);
+    LeastModel lines(book.Rows(argv[3]));
+    LeastList window(argv[1]);
+    window.setModel(&lines);
     window.show();
-    const int code = QApplication::exec();
-    sqlite3_close(db);
-    return code;
+    return QApplication::exec();
 }

@@ -44,7 +44,7 @@ void SwitchOn(EntryValues& e, size_t slot) {
 
 // Chooses a code as from the drop list: only what the list offers, and only a leaf.
 bool ChooseFromList(EntryValues& e, size_t slot, const QString& code) {
-    const auto offered = ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot)));
+    const auto offered = ShownCodes(State().gDB, ChartOfSlot(slot));
     const auto found =
         std::find_if(offered.begin(), offered.end(), [&](const CodeName& c) { return c.code == code; });
     if (found == offered.end()) {  // the box stays empty, which the checks refuse when they look at it
@@ -107,8 +107,7 @@ EntryFilter FilterOf(const QJsonObject& r) {
     };
     put(u"kind"_s, filter.kind);
     put(u"text"_s, filter.text);
-    put(u"date1"_s, filter.date1);
-    put(u"date2"_s, filter.date2);
+    filter.period = {ParseDate(r[u"date1"].toString()), ParseDate(r[u"date2"].toString())};
     filter.marked = r[u"mark"].toBool();
     return filter;
 }
@@ -177,7 +176,7 @@ QJsonObject AnswerEdit(const QJsonObject& r) {
 }
 
 QJsonObject AnswerDelete(const QJsonObject& r) {
-    if (!DeleteAsked(State().gDB, r[u"id"].toInteger(), EntryDeleteWords())) return Refusal({}, {});
+    if (!DeleteAsked(State().gDB, LineKind::entries, r[u"id"].toInteger())) return Refusal({}, {});
     return {{u"ok"_s, true}};
 }
 
@@ -188,13 +187,9 @@ QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
     const QString list = r[u"list"].toString();
     const bool records = list == u"records";
     if (!records && list != u"entries") return Missing(u"list"_s);
-    std::vector<qint64> ids;
-    for (const qint64 id : *asked) {
-        const auto record = records ? FindRow(State().gDB, u"tSubAccItem"_s, id) : std::nullopt;
-        if (!records || record) ids.push_back(records ? record->Int(u"AccId") : id);
-    }
     PendingError failed;
-    const int count = DeleteCheckedAsked(State().gDB, ids, {}, {}, &failed);
+    const int count = DeleteCheckedAsked(State().gDB, records ? LineKind::records : LineKind::entries, *asked,
+                                         {}, {}, &failed);
     if (count < 0) return Refusal({}, {});
     if (failed.number != 0) {
         auto answer = Failure(ErrorText(failed, {}));

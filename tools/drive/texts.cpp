@@ -28,7 +28,7 @@ QJsonArray Texts(const QStringList& texts) {
     return QJsonArray::fromStringList(texts);
 }
 
-QJsonValue Period(const Arguments& a) {
+QJsonValue QuickPeriodTexts(const Arguments& a) {
     const auto labels = QuickPeriodLabels(a.Text(0));
     return Texts({labels.first, labels.second});
 }
@@ -38,14 +38,13 @@ QJsonValue Parsed(const Arguments& a) {
     return Texts({parsed.code, parsed.name});
 }
 
-// The argument as the name of a chart's table. Nothing else goes into a statement as a table's name.
-bool IsChart(const QString& table) {
-    const QString lower = table.toLower();
-    return lower == u"tkind" || lower == u"tsubacc";
+// The argument as the name of a chart's table, looked at before the function runs.
+Chart ChartAt(const Arguments& a, int i) {
+    return ChartOf(a.Text(i)).value_or(Chart::kinds);
 }
 
 QJsonValue Sums(const Arguments& a) {
-    const auto sums = BranchSums(State().gDB, a.Text(0), a.Text(1));
+    const auto sums = BranchSums(State().gDB, ChartAt(a, 0), a.Text(1));
     return Texts({sums.added, sums.reduced, sums.balance});
 }
 
@@ -75,14 +74,16 @@ const std::map<QString, Function>& Functions() {
         {u"NowText"_s, {[](const auto&) { return NowText(); }}},
         {u"TimeText"_s, {[](const auto& a) { return TimeText(a.Flag(0)); }}},
         {u"TodayText"_s, {[](const auto& a) { return TodayText(a.Text(0)); }}},
-        {u"QuickPeriod"_s, {Period}},
+        {u"QuickPeriod"_s, {QuickPeriodTexts}},
         {u"ParseCodeName"_s, {Parsed}},
         {u"FileNameOf"_s, {NameOfFile}},
         {u"ParentPath"_s, {[](const auto& a) { return ParentPath(a.Text(0)); }}},
-        {u"NameByCode"_s, {[](const auto& a) { return NameByCode(State().gDB, a.Text(0), a.Text(1)); }, 1}},
-        {u"IsLeafCode"_s, {[](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), a.Text(1)); }, 1}},
+        {u"NameByCode"_s,
+         {[](const auto& a) { return NameByCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
+        {u"IsLeafCode"_s,
+         {[](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
         {u"CodePathText"_s,
-         {[](const auto& a) { return CodePathText(State().gDB, a.Text(0), a.Text(1), a.Flag(2)); }, 0}},
+         {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
         {u"BranchSums"_s, {Sums, 0}},
         {u"MakeFolders"_s, {Folders}},
         {u"IsForbiddenBox"_s,
@@ -99,8 +100,7 @@ QJsonObject AnswerTexts(const QJsonObject& request) {
                                                           : style == u"windows" ? PathStyle::windows
                                                                                 : PathStyle::posix};
     const int table = function->second.table;
-    if (table >= 0 && !arguments.Text(table).isEmpty() && !IsChart(arguments.Text(table)))
-        return Failure(u"unknown table"_s);
+    if (table >= 0 && !ChartOf(arguments.Text(table))) return Failure(u"unknown table"_s);
     return {{u"ok"_s, true}, {u"value"_s, function->second.value(arguments)}};
 }
 
