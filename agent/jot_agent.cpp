@@ -10,27 +10,17 @@
 #include "store/state.h"
 
 #include <QApplication>
-#include <QLockFile>
 #include <QPainter>
 #include <QSystemTrayIcon>
 #include <QTimer>
-
-#include <csignal>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWatchMs = 1000;
-constexpr int kLostAfter = 3;  // watches without the program
-
-bool ProgramLives() {
-    qint64 pid = 0;
-    QString host;
-    QString name;
-    const QLockFile lock(ChannelName(u"lock"_s));
-    return lock.getLockInfo(&pid, &host, &name) && ::kill(static_cast<pid_t>(pid), 0) == 0;
-}
+constexpr int kRetryMs = 1000;
+constexpr int kLostAfter = 3;  // tries without the program
+constexpr int kDayCheckMs = 30000;
 
 bool WantsIcon() {
     bool wanted = true;
@@ -48,8 +38,15 @@ class Agent {
     bool Start() {
         server_.onMessage = [this](const ChannelMessage& m) { Take(m); };
         if (!server_.Listen(ChannelName(u"agent"_s))) return false;
-        watch_.callOnTimeout([this] { RunEvent([this] { Watch(); }); });
-        watch_.start(kWatchMs);
+        // Held open, so that the end of the program is noticed at once.
+        QObject::connect(&link_, &QLocalSocket::connected, &link_, [this] { lost_ = 0; });
+        QObject::connect(&link_, &QLocalSocket::disconnected, &link_, [this] { retry_.start(kRetryMs); });
+        QObject::connect(&link_, &QLocalSocket::errorOccurred, &link_, [this] { retry_.start(kRetryMs); });
+        retry_.setSingleShot(true);
+        retry_.callOnTimeout([this] { RunEvent([this] { Retry(); }); });
+        link_.connectToServer(ChannelName(u"main"_s));
+        days_.callOnTimeout([this] { RunEvent([this] { WatchDay(); }); });
+        days_.start(kDayCheckMs);
         day_ = TodayText(u"-"_s);
         QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_, [this] { Send(kCodeRaise); });
         ShowIcon();
@@ -66,9 +63,13 @@ class Agent {
 
     void Send(int code) { SendMessage(ChannelName(u"main"_s), {handle_, code, 0, {}}); }
 
-    void Watch() {
-        lost_ = ProgramLives() ? 0 : lost_ + 1;
-        if (lost_ >= kLostAfter) QApplication::quit();
+    void Retry() {
+        if (++lost_ >= kLostAfter) return QApplication::quit();
+        link_.abort();
+        link_.connectToServer(ChannelName(u"main"_s));
+    }
+
+    void WatchDay() {
         const QString today = TodayText(u"-"_s);
         if (today == day_) return;
         day_ = today;
@@ -103,7 +104,9 @@ class Agent {
 
     ChannelServer server_;
     QSystemTrayIcon icon_;
-    QTimer watch_;
+    QLocalSocket link_;
+    QTimer retry_;
+    QTimer days_;
     QString day_;
     qint32 handle_ = 0;
     int due_ = 0;

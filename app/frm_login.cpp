@@ -133,7 +133,8 @@ void frmLogin::BtnEnterClicked() {
         txtPass->setFocus(Qt::OtherFocusReason);
         return;
     }
-    SaveSetting(CurrentBook().Path, kSaveLastBook);
+    // What cannot be noted for the next start bars nobody from the book.
+    RunEvent([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
     hide();
     popup_.reset();
     const auto entered = onEntered;

@@ -1,5 +1,6 @@
 // The process entry.
 
+#include "app/signals.h"
 #include "app/startup.h"
 #include "app/windows.h"
 #include "shell/controls/kestro_style.h"
@@ -18,7 +19,8 @@
 #include <QUrl>
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -39,29 +41,67 @@ class Application : public QApplication {
     }
 };
 
-bool AnswerWithoutDisplay(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::puts("KestroJot " KESTRO_VERSION);
-            return true;
-        }
-        if (std::strcmp(argv[i], "--help") == 0) {
-            std::puts(
-                "Usage: KestroJot [BOOK]\n"
-                "Desktop bookkeeping. BOOK is a .jotdb file; a running copy opens it.\n\n"
-                "  --help     show this text\n"
-                "  --version  show the version");
-            return true;
-        }
-    }
-    return false;
+constexpr int kBadUsage = 2;
+constexpr auto kUsage =
+    "Usage: KestroJot [BOOK]\n"
+    "Desktop bookkeeping. BOOK is a .jotdb file; a running copy opens it.\n\n"
+    "  -h, --help     show this text\n"
+    "  -v, --version  show the version";
+
+/// The toolkit takes these for itself, with the word behind them.
+bool IsToolkitOption(const QByteArray& word) {
+    static const QByteArrayList options{"-platform", "-display", "-session", "-style"};
+    return options.contains(word.startsWith("--") ? word.mid(1) : word);
 }
 
-QString BookArgument(const QStringList& arguments) {
-    if (arguments.size() < 2) return {};
-    const QUrl url(arguments[1]);
-    const QString path = url.isLocalFile() ? url.toLocalFile() : arguments[1];
-    return QFileInfo(path).absoluteFilePath();
+struct CommandLine {
+    QByteArray book;
+    std::optional<int> answer;  ///< the exit status, when no window is needed
+};
+
+int Complain(const QByteArray& what) {
+    std::fprintf(stderr, "KestroJot: %s\n%s\n", what.constData(), kUsage);
+    return kBadUsage;
+}
+
+// Read before the toolkit starts, which needs a display.
+CommandLine ReadCommandLine(int argc, char** argv) {
+    CommandLine line;
+    bool words = false;
+    for (int i = 1; i < argc && !line.answer; ++i) {
+        const QByteArray word = argv[i];
+        const bool option = !words && word.startsWith('-') && word.size() > 1;
+        if (option && word == "--") {
+            words = true;
+        } else if (option && (word == "--version" || word == "-v")) {
+            line.answer = std::puts("KestroJot " KESTRO_VERSION) < 0 ? 1 : 0;
+        } else if (option && (word == "--help" || word == "-h")) {
+            line.answer = std::puts(kUsage) < 0 ? 1 : 0;
+        } else if (option && IsToolkitOption(word)) {
+            ++i;
+        } else if (option) {
+            line.answer = Complain("unknown option " + word);
+        } else if (!line.book.isEmpty()) {
+            line.answer = Complain("one book at most");
+        } else {
+            line.book = word;
+        }
+    }
+    return line;
+}
+
+QString BookPath(const QByteArray& word) {
+    if (word.isEmpty()) return {};
+    const QString text = QString::fromLocal8Bit(word);
+    const QUrl url(text);
+    return QFileInfo(url.isLocalFile() ? url.toLocalFile() : text).absoluteFilePath();
+}
+
+// Instead of the toolkit's abort.
+void TellMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+    if (type != QtFatalMsg) return;
+    std::fputs("KestroJot: no display can be opened\n", stderr);
+    std::_Exit(1);
 }
 
 void SpeakChinese(QApplication& app) {
@@ -74,10 +114,13 @@ void SpeakChinese(QApplication& app) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (AnswerWithoutDisplay(argc, argv)) return 0;
+    const CommandLine line = ReadCommandLine(argc, argv);
+    if (line.answer) return *line.answer;
+    const auto handler = qInstallMessageHandler(TellMissingDisplay);
     Application app(argc, argv);
+    qInstallMessageHandler(handler);
     QApplication::setApplicationName(u"KestroJot"_s);
-    QApplication::setDesktopFileName(u"kestrojot"_s);
+    QApplication::setDesktopFileName(QStringLiteral(KESTRO_APP_ID));
     QApplication::setQuitOnLastWindowClosed(false);
     SpeakChinese(app);
     Skin::Load(ProgramFolder());
@@ -86,9 +129,11 @@ int main(int argc, char** argv) {
     KestroToolTip::Install();
     RegisterWindows();
     StartResult result = StartResult::failed;
-    RunEvent([&] { result = StartUp(BookArgument(QApplication::arguments())); });
+    RunEvent([&] { result = StartUp(BookPath(line.book)); });
     if (result != StartResult::login) return result == StartResult::failed ? 1 : 0;
-    RunEvent([] { ShowLogin(); });
+    OnEndSignal(EndQuietly);
+    if (!RunEvent([] { ShowLogin(); })) return 1;
+    StartAgentAtRest([] { TellDueCount(); });
     const int code = QApplication::exec();
     DropWindows();
     return code;

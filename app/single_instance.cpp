@@ -1,14 +1,20 @@
 #include "app/single_instance.h"
 
 #include "store/errors.h"
+#include "store/paths.h"
 #include "store/places.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
 
+#include <cerrno>
+#include <csignal>
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -17,10 +23,31 @@ namespace {
 
 constexpr int kConnectMs = 1000;
 constexpr int kSendMs = 2000;
+constexpr int kPatienceMs = 1500;  // for a copy that is just starting or ending
+constexpr int kLongestName = 100;  // of a socket; the platform cuts longer ones
+constexpr qint64 kLargestMessage = 4096;
 
-QString RunFolder() {
-    const QString set = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !set.isEmpty() && QFileInfo(set).isWritable() ? set : QDir::tempPath();
+bool IsOwnFolder(const QString& folder, mode_t forbidden) {
+    struct stat found {};
+    return lstat(QFile::encodeName(folder).constData(), &found) == 0 && S_ISDIR(found.st_mode) &&
+           found.st_uid == getuid() && (found.st_mode & forbidden) == 0;
+}
+
+QString StateFolder(const QString& name) {
+    const auto* user = getpwuid(getuid());
+    const QString home = user ? QFile::decodeName(user->pw_dir) : QString();
+    if (home.isEmpty() || !QFileInfo(home).isDir()) return {};
+    const QString folder = home + u"/.local/state/kestrojot"_s;
+    if (QFile::encodeName(folder + name).size() > kLongestName) return {};
+    const bool usable = MakeFolders(folder).isEmpty() && IsOwnFolder(folder, 0);
+    return usable && QFileInfo(folder).isWritable() ? folder : QString();
+}
+
+// Anyone may put something of this name there: what is not ours alone is not used.
+QString TemporaryFolder() {
+    const QString folder = u"/tmp/kestrojot-"_s + QString::number(getuid());
+    QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return IsOwnFolder(folder, S_IRWXG | S_IRWXO) ? folder : QString();
 }
 
 QByteArray Packed(const ChannelMessage& m) {
@@ -30,13 +57,30 @@ QByteArray Packed(const ChannelMessage& m) {
     return bytes;
 }
 
+bool Answers(const QString& channel) {
+    QLocalSocket probe;
+    probe.connectToServer(channel);
+    return probe.waitForConnected(kConnectMs);
+}
+
+bool OwnerLives(const QLockFile& file) {
+    qint64 pid = 0;
+    QString host;
+    QString name;
+    if (!file.getLockInfo(&pid, &host, &name) || pid <= 0) return false;
+    return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
+}
+
 }  // namespace
 
 QString ChannelName(const QString& role) {
-    const auto settings = QFileInfo(SettingsPath()).absoluteFilePath();
-    const auto hash = QCryptographicHash::hash(settings.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
-    return RunFolder() + u"/kestrojot-"_s + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) +
-           u'-' + role;
+    const QFileInfo settings(SettingsPath());
+    const QString real = QFileInfo(settings.absolutePath()).canonicalFilePath() + u'/' + settings.fileName();
+    const auto hash = QCryptographicHash::hash(real.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
+    const QString name = u'/' + QString::number(getuid()) + u'-' + QString::fromLatin1(hash) + u'-' + role;
+    const QString folder = StateFolder(name);
+    const QString other = folder.isEmpty() ? TemporaryFolder() : folder;
+    return other.isEmpty() ? QString() : other + name;
 }
 
 bool SendMessage(const QString& channel, const ChannelMessage& message) {
@@ -49,10 +93,18 @@ bool SendMessage(const QString& channel, const ChannelMessage& message) {
 }
 
 InstanceLock::State InstanceLock::Take() {
-    file_ = std::make_unique<QLockFile>(ChannelName(u"lock"_s));
+    const QString path = ChannelName(u"lock"_s);
+    const QString channel = ChannelName(u"main"_s);
+    if (path.isEmpty()) return State::failed;
+    file_ = std::make_unique<QLockFile>(path);
     file_->setStaleLockTime(0);
     if (file_->tryLock(0)) return State::taken;
-    return file_->error() == QLockFile::LockFailedError ? State::held : State::failed;
+    if (Answers(channel)) return State::held;
+    if (file_->error() == QLockFile::UnknownError) return State::taken;
+    if (file_->error() != QLockFile::LockFailedError) return State::failed;
+    if (!OwnerLives(*file_)) file_->removeStaleLockFile();
+    if (file_->tryLock(kPatienceMs)) return State::taken;
+    return Answers(channel) ? State::held : State::failed;
 }
 
 bool ChannelServer::Listen(const QString& channel) {
@@ -60,9 +112,7 @@ bool ChannelServer::Listen(const QString& channel) {
     QObject::connect(&server_, &QLocalServer::newConnection, &server_,
                      [this] { RunEvent([this] { TakeConnection(); }); });
     // Whoever still answers is alive and keeps its name.
-    QLocalSocket probe;
-    probe.connectToServer(channel);
-    if (probe.waitForConnected(kConnectMs)) return false;
+    if (Answers(channel)) return false;
     QLocalServer::removeServer(channel);
     return server_.listen(channel);
 }
@@ -77,17 +127,21 @@ void ChannelServer::Deliver(const ChannelMessage& message) {
     QMetaObject::invokeMethod(&server_, answer, Qt::QueuedConnection);
 }
 
+void ChannelServer::Read(QLocalSocket* socket) {
+    if (socket->bytesAvailable() > kLargestMessage) return socket->abort();
+    QDataStream in(socket);
+    ChannelMessage m;
+    in.startTransaction();
+    in >> m.handle >> m.code >> m.extra >> m.token;
+    if (in.commitTransaction()) Deliver(m);
+}
+
 void ChannelServer::TakeConnection() {
     while (auto* socket = server_.nextPendingConnection()) {
-        const auto read = [this, socket] {
-            QDataStream in(socket);
-            ChannelMessage m;
-            in.startTransaction();
-            in >> m.handle >> m.code >> m.extra >> m.token;
-            if (in.commitTransaction()) Deliver(m);
-        };
-        QObject::connect(socket, &QLocalSocket::readyRead, socket, [read] { RunEvent(read); });
+        socket->setReadBufferSize(kLargestMessage + 1);
+        const auto read = [this, socket] { RunEvent([&] { Read(socket); }); };
+        QObject::connect(socket, &QLocalSocket::readyRead, socket, read);
         QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        if (socket->bytesAvailable() > 0) RunEvent(read);
+        if (socket->bytesAvailable() > 0) read();
     }
 }

@@ -1,6 +1,5 @@
 #include "app/startup.h"
 
-#include "app/single_instance.h"
 #include "store/book_box.h"
 #include "store/errors.h"
 #include "store/messages.h"
@@ -11,38 +10,48 @@
 #include "store/settings_file.h"
 #include "store/state.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QRandomGenerator>
+#include <QTimer>
 
 #include <limits>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kRestMs = 400;
+constexpr int kGreetEveryMs = 250;
+constexpr int kGreetTimes = 40;
 
 InstanceLock& Lock() {
     static InstanceLock lock;
     return lock;
 }
 
+// Without a word, whatever fails: the running copy speaks. It is raised when there is nothing to open, or no
+// way to say what.
 void HandOver(const QString& commandLine) {
-    if (commandLine.isEmpty() || !FileExists(commandLine)) return;
-    const qint32 handle = HandOverToRunning(commandLine);
-    SendMessage(ChannelName(u"main"_s),
-                {handle, kCodeOpenBook, 1, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")});
+    qint32 handle = 0;
+    if (!commandLine.isEmpty() && FileExists(commandLine))
+        Succeeds([&] { handle = HandOverToRunning(commandLine); });
+    const int code = handle == 0 ? kCodeRaise : kCodeOpenBook;
+    SendMessage(ChannelName(u"main"_s), {handle, code, 1, qEnvironmentVariable("XDG_ACTIVATION_TOKEN")});
 }
 
-bool LoadStores() {
-    auto& state = State();
+void LoadStores() {
     LoadSettings();
-    ScanBookBox(state.settings.sDBPath);
+    ScanBookBox(State().settings.sDBPath);
     ReadBookInfo();
     ChooseBook();
-    return true;
 }
 
 }  // namespace
+
+ChannelServer& MainChannel() {
+    static ChannelServer channel;
+    return channel;
+}
 
 StartResult StartUp(const QString& commandLine) {
     State().gCommandLine = commandLine;
@@ -57,24 +66,32 @@ StartResult StartUp(const QString& commandLine) {
                 u"严重错误!"_s);
         return StartResult::failed;
     }
+    MainChannel().Listen(ChannelName(u"main"_s));
     State().gRunHandle =
         static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));
     if (!CheckFiles()) {
         CloseAll();
         return StartResult::failed;
     }
-    if (!RunEvent([] { LoadStores(); })) return StartResult::failed;
-    StartAgent();
-    TellAgent(2);
-    return StartResult::login;
+    return RunEvent([] { LoadStores(); }) ? StartResult::login : StartResult::failed;
 }
 
-void StartAgent() {
-    Outside().launch(BesideProgram(u"JotAgent"_s), {}, ProgramFolder());
+void StartAgentAtRest(const std::function<void()>& onUp) {
+    static std::unique_ptr<QTimer> greet;
+    greet = std::make_unique<QTimer>();
+    greet->callOnTimeout([onUp, left = kGreetTimes]() mutable {
+        const bool up = TellAgent(kCodeRedraw);
+        if (up) RunEvent(onUp);
+        if (up || --left == 0) greet->stop();
+    });
+    QTimer::singleShot(kRestMs, greet.get(), [] {
+        RunEvent([] { Outside().launch(BesideProgram(u"JotAgent"_s), {}, ProgramFolder()); });
+        greet->start(kGreetEveryMs);
+    });
 }
 
-void TellAgent(int code, int extra) {
-    SendMessage(ChannelName(u"agent"_s), {State().gRunHandle, code, extra, {}});
+bool TellAgent(int code, int extra) {
+    return SendMessage(ChannelName(u"agent"_s), {State().gRunHandle, code, extra, {}});
 }
 
 void CloseAll() {

@@ -3,6 +3,7 @@
 #include "app/desktop.h"
 #include "app/frm_about.h"
 #include "app/frm_login.h"
+#include "app/quiet_close.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "books/frm_setting.h"
@@ -17,6 +18,7 @@
 #include "shell/input_dialog.h"
 #include "shell/job_yield.h"
 #include "shell/message_box.h"
+#include "shell/page.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/outside.h"
@@ -34,7 +36,6 @@ namespace {
 struct Windows {
     std::unique_ptr<frmLogin> login;
     std::unique_ptr<frmMain> main;
-    ChannelServer channel;
     NoticeToken reminders;
     NoticeToken books;
 };
@@ -44,33 +45,51 @@ Windows& Open() {
     return windows;
 }
 
-void TellDueCount() {
-    if (Open().main) TellAgent(kCodeDueCount, Open().main->LogoNumber());
+void Raise(QWidget* window) {
+    window->setWindowState((window->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
-void ListenForOthers() {
-    auto& channel = Open().channel;
-    channel.onMessage = [](const ChannelMessage& m) {
-        if (m.handle != State().gRunHandle || !Open().main) return;
-        if (!m.token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", m.token.toUtf8());
-        Open().main->MyTrak.RaiseReceMsg({}, m.code, m.extra);
-        qunsetenv("XDG_ACTIVATION_TOKEN");  // used up; programs started later must not take it
+// A book for a login is not opened behind the user's back: its window comes to the front.
+void TakeMessage(const ChannelMessage& m) {
+    if (!m.token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", m.token.toUtf8());
+    auto& open = Open();
+    if (open.main && (m.code == kCodeRaise || m.handle == State().gRunHandle)) {
+        open.main->MyTrak.RaiseReceMsg({}, m.code, m.extra);
         if (m.code == kCodeReminders) TellDueCount();
-    };
-    channel.Listen(ChannelName(u"main"_s));
+    } else if (!open.main && open.login && (m.code == kCodeRaise || m.code == kCodeOpenBook)) {
+        Raise(open.login.get());
+    }
+    qunsetenv("XDG_ACTIVATION_TOKEN");  // used up; programs started later must not take it
 }
 
 void ShowMain() {
     Open().main = std::make_unique<frmMain>();
     Open().main->onUnloaded = [] {
-        Open().channel.Close();
+        MainChannel().Close();
         QApplication::quit();
     };
-    ListenForOthers();
     Open().main->show();
     Open().reminders = Notices().remindersChanged.Subscribe([] { TellDueCount(); });
     Open().books = Notices().booksChanged.Subscribe([] { TellDueCount(); });
     TellDueCount();
+}
+
+void DropMain() {
+    Open().reminders.reset();
+    Open().books.reset();
+    Open().main.reset();
+    Host() = {};
+}
+
+// A main window that cannot be shown gives the choice of a book back.
+void Enter() {
+    const bool shown = RunEvent([] { ShowMain(); });
+    if (!shown) DropMain();
+    Open().login.release()->deleteLater();
+    if (!shown) ShowLogin();
 }
 
 void RegisterCommands() {
@@ -85,6 +104,10 @@ void RegisterCommands() {
 }
 
 }  // namespace
+
+void TellDueCount() {
+    if (Open().main) TellAgent(kCodeDueCount, Open().main->LogoNumber());
+}
 
 void RegisterWindows() {
     InstallDesktop();
@@ -103,18 +126,25 @@ void RegisterWindows() {
 
 void ShowLogin() {
     Open().login = std::make_unique<frmLogin>();
-    Open().login->onEntered = [] {
-        RunEvent([] { ShowMain(); });
-        if (!Open().main) QApplication::exit(1);
-        Open().login.release()->deleteLater();
-    };
+    Open().login->onEntered = [] { Enter(); };
     Open().login->onLeft = [] { QApplication::quit(); };
     Open().login->show();
+    MainChannel().onMessage = TakeMessage;
+}
+
+void EndQuietly() {
+    CloseQuietly([] {
+        if (Open().main)
+            Open().main->FinishApp();
+        else if (Open().login)
+            Open().login->BtnCancelClicked();
+        else
+            QApplication::quit();
+    });
 }
 
 void DropWindows() {
-    Open().reminders.reset();
-    Open().books.reset();
+    MainChannel().Close();
     Open().login.reset();
-    Open().main.reset();
+    DropMain();
 }

@@ -169,7 +169,8 @@ void frmMain::NextTab(int step) {
 }
 
 void frmMain::SetLogoNumber() {
-    due_ = DueCount();
+    // A note that cannot be read keeps nobody from the entries.
+    if (!RunEvent([this] { due_ = DueCount(); })) due_ = 0;
     SetBadge(due_);
     if (auto* logo = HeaderWidget(u"logo"_s))
         logo->setToolTip(due_ > 0 ? u"您有【"_s + QString::number(due_) + u"】个提醒或需要处理事项!"_s
@@ -230,7 +231,7 @@ void frmMain::MyTrak_ReceMsg(const QString&, int code, int) {
 }
 
 void frmMain::BringToFront() {
-    if (isMinimized()) showNormal();
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
     if (windowHandle()) windowHandle()->requestActivate();

@@ -22,6 +22,11 @@ QHash<QString, QPixmap>& Cache() {
     return cache;
 }
 
+QIcon& ProgramIcon() {
+    static QIcon icon;
+    return icon;
+}
+
 bool KeepsColors(const QString& name) {
     static const QSet<QString> kept{u"info"_s,   u"faq"_s,  u"fail"_s,       u"success"_s,   u"warn"_s,
                                     u"mayday"_s, u"logo"_s, u"logo-small"_s, u"logo-mono"_s, u"agent"_s};
@@ -84,6 +89,7 @@ QPixmap Render(const QString& name, int size, double ratio, Ground ground) {
 namespace Skin {
 void ForgetIcons() {
     Cache().clear();
+    ProgramIcon() = {};
 }
 
 QPixmap Icon(const QString& name, int size, double ratio, Ground ground) {
@@ -94,8 +100,11 @@ QPixmap Icon(const QString& name, int size, double ratio, Ground ground) {
     return *Cache().insert(key, Render(name, size, ratio, ground));
 }
 
+// Decoded once for all windows.
 QIcon WindowIcon() {
-    QIcon icon(QFileInfo(Folder()).path() + u"/Jot.ico"_s);
+    QIcon& icon = ProgramIcon();
+    if (!icon.isNull()) return icon;
+    icon = QIcon(QFileInfo(Folder()).path() + u"/Jot.ico"_s);
     if (!icon.availableSizes().isEmpty()) return icon;
     icon = {};
     for (const int size : {16, 24, 32})

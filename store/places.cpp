@@ -10,6 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// root could write the packaged file, which then would hold root's values for all users.
+bool IsInstalled() {
+    const QString folder = ProgramFolder().toLower() + u'/';
+    return IsSystemFolder(folder) || folder.startsWith(u"/opt/");
+}
+
 bool CanWrite(const QString& file) {
     return QFileInfo(file).isWritable() && QFileInfo(ParentPath(file)).isWritable();
 }
@@ -29,7 +35,7 @@ QString SettingsPath() {
     auto& settled = State().gSettingsPath;
     if (!settled.isEmpty()) return settled;
     const QString packaged = BesideProgram(u"Set.ini"_s);
-    const bool there = CanWrite(packaged) || !QFileInfo::exists(packaged);
+    const bool there = !IsInstalled() && (CanWrite(packaged) || !QFileInfo::exists(packaged));
     settled = there ? packaged : State().gDataDir + u"/Set.ini"_s;
     return settled;
 }

@@ -8,8 +8,8 @@ QString ProgramFolder();
 /// name in the program folder.
 QString BesideProgram(const QString& name);
 
-/// Set.ini in the program folder, or its copy in gDataDir when that folder cannot be written. Settled once
-/// for the process.
+/// Set.ini in the program folder; its copy in gDataDir when the program is installed in the system or that
+/// folder cannot be written. Decided once for the process.
 QString SettingsPath();
 
 /// The sample book's file in the default book box.

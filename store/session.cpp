@@ -1,11 +1,11 @@
 #include "store/session.h"
 
 #include "store/book_box.h"
-#include "store/book_images.h"
 #include "store/dates.h"
 #include "store/messages.h"
 #include "store/paths.h"
 #include "store/places.h"
+#include "store/sample_book.h"
 #include "store/settings_file.h"
 #include "store/state.h"
 
@@ -64,7 +64,7 @@ bool CheckFiles() {
     if (!FolderExists(State().gDefaultBox)) {
         report = MakeFolders(State().gDefaultBox);
         if (report.isEmpty())
-            WriteSampleBook(SampleBookPath());
+            PutSampleBook();
         else
             ++missing;
     }

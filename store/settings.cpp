@@ -41,30 +41,68 @@ QString SqlValue(const Settings& settings, const Column& column) {
     return Quote(settings.*std::get<QString Settings::*>(column.member));
 }
 
+QString Assignment(const Settings& settings, const Column& column) {
+    return QString::fromUtf16(column.name) + u'=' + SqlValue(settings, column);
+}
+
+bool BelongsToUser(const Column& column) {
+    return std::holds_alternative<QString Settings::*>(column.member);
+}
+
 }  // namespace
 
 void ReadSettings(cConnection& file, Settings& settings) {
     const auto row = file.OpenRecordset(u"select * from tSetting"_s);
     for (const auto& column : Columns()) {
-        if (row.Eof() || !row.Has(column.name)) continue;
+        if (row.Eof() || row.IsNull(column.name)) continue;
         if (const auto* number = std::get_if<int Settings::*>(&column.member))
             settings.*(*number) = static_cast<int>(row.Int(column.name));
         else
             settings.*std::get<QString Settings::*>(column.member) = row.Text(column.name);
     }
-    const auto key = file.OpenRecordset(u"select * from tSetting2 where Key1='LoadDate'"_s);
-    if (!key.Eof()) settings.LoadDate = key.Text(u"Value1");
+    if (const auto period = SettingKey(file, u"LoadDate"_s)) settings.LoadDate = *period;
 }
 
 void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group) {
     QStringList values;
     for (const auto& column : Columns())
         if (std::ranges::find(column.groups, group) != std::end(column.groups))
-            values << QString::fromUtf16(column.name) + u'=' + SqlValue(settings, column);
+            values << Assignment(settings, column);
     Transaction all(file);
     file.Execute(u"update tSetting set "_s + values.join(u','));
     if (group == SettingGroup::general)
         file.Execute(u"update tSetting2 set Value1="_s + Quote(settings.LoadDate) +
                      u" where Key1='LoadDate'"_s);
+    all.Commit();
+}
+
+std::optional<QString> SettingKey(cConnection& file, const QString& key) {
+    const auto row = file.OpenRecordset(u"select * from tSetting2 where Key1="_s + Quote(key));
+    if (row.Eof()) return {};
+    return row.Text(u"Value1");
+}
+
+void SetSettingKey(cConnection& file, const QString& key, const QString& value) {
+    auto row = file.OpenRecordset(u"select * from tSetting2 where Key1="_s + Quote(key));
+    if (row.Eof()) {
+        row.AddRow();
+        row.Set(u"Key1", key);
+    }
+    row.Set(u"Value1", value);
+    row.Update();
+}
+
+void ForgetUser(Settings& settings) {
+    for (const auto& column : Columns())
+        if (BelongsToUser(column)) (settings.*std::get<QString Settings::*>(column.member)).clear();
+}
+
+void ForgetUser(cConnection& file) {
+    QStringList values{u"lHandle='0'"_s, u"sOutOpenDBFile=''"_s, u"bWebOk=0"_s};
+    for (const auto& column : Columns())
+        if (BelongsToUser(column)) values << Assignment({}, column);
+    Transaction all(file);
+    file.Execute(u"update tSetting set "_s + values.join(u','));
+    file.Execute(u"delete from tSetting2 where Key1<>'LoadDate'; delete from tAd"_s);
     all.Commit();
 }

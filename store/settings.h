@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// The working copy, under the names of the columns of tSetting; LoadDate is a key of tSetting2.
 struct Settings {
     int nGroup = 3;  ///< digits per group of an amount: 3 or 4, otherwise none
@@ -17,10 +19,22 @@ struct Settings {
     QString LoadDate;        ///< key of the period that lists begin with
 };
 
-/// Reads every value; what the file does not have stays as it is.
+/// Reads every value; what the file does not have, or holds as null, stays as it is.
 void ReadSettings(cConnection& file, Settings& settings);
 
 /// Columns that are written together.
 enum class SettingGroup { general, web, box };
 /// Writes the columns of a group in one transaction, LoadDate with the general ones.
 void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group);
+
+/// A value of tSetting2; nullopt when the key is missing.
+std::optional<QString> SettingKey(cConnection& file, const QString& key);
+void SetSettingKey(cConnection& file, const QString& key, const QString& value);
+
+/// Takes out what belongs to one user (names, paths, passwords) and leaves the defaults of the installation.
+void ForgetUser(Settings& settings);
+/// The same in a file, its messages and all keys but LoadDate included, in one transaction.
+void ForgetUser(cConnection& file);
+
+/// Adds the columns that the file lacks, and builds tAd anew when it has no key; in one transaction.
+void UpgradeSettings(cConnection& file);

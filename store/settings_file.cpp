@@ -1,14 +1,15 @@
 #include "store/settings_file.h"
 
 #include "store/book_box.h"
-#include "store/book_images.h"
 #include "store/connection.h"
 #include "store/dates.h"
+#include "store/errors.h"
+#include "store/paths.h"
 #include "store/places.h"
+#include "store/sample_book.h"
+#include "store/settings.h"
 #include "store/state.h"
 
-#include <QDateTime>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -16,46 +17,50 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString PackageStamp(const QString& file) {
-    const QFileInfo info(file);
-    return QString::number(info.lastModified().toSecsSinceEpoch()) + u'/' + QString::number(info.size());
+const QString kFirstRun = u"FirstRun"_s;
+const QString kVersionKey = u"Version"_s;
+
+// The user's own copy begins with the defaults of the installation, not with what its last user left there.
+void MakeCopy(const QString& packaged, const QString& copy) {
+    const QString fresh = copy + u".new"_s;
+    QFile::remove(fresh);
+    QFile::copy(packaged, fresh);
+    QFile::setPermissions(fresh, QFile::ReadOwner | QFile::WriteOwner);
+    cConnection file;
+    file.Open(fresh);
+    UpgradeSettings(file);
+    ForgetUser(file);
+    file.Close();
+    QFile::rename(fresh, copy);
 }
 
-cRecordset OpenKey(cConnection& settings, const QString& key) {
-    return settings.OpenRecordset(u"select * from tSetting2 where Key1="_s + Quote(key));
+// As an installer sets FirstRun in the packaged file.
+void NoteVersion(cConnection& copy) {
+    const QString version = QStringLiteral(KESTRO_VERSION);
+    if (SettingKey(copy, kVersionKey) == version) return;
+    Transaction both(copy);
+    SetSettingKey(copy, kVersionKey, version);
+    SetSettingKey(copy, kFirstRun, u"1"_s);
+    both.Commit();
 }
 
-void SetKey(cConnection& settings, const QString& key, const QString& value) {
-    auto row = OpenKey(settings, key);
-    if (row.Eof()) {
-        row.AddRow();
-        row.Set(u"Key1", key);
-    }
-    row.Set(u"Value1", value);
-    row.Update();
-}
-
-// A newer package renews the sample once, as an installer does by setting FirstRun.
-void RenewCopy(const QString& packaged, const QString& copy) {
-    const bool fresh = !QFileInfo::exists(copy);
-    if (fresh) {
-        QFile::copy(packaged, copy);
-        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-    }
-    cConnection settings;
-    settings.Open(copy);
-    const QString stamp = PackageStamp(packaged);
-    const auto known = OpenKey(settings, u"PackageStamp"_s);
-    if (!known.Eof() && known.Text(u"Value1") == stamp) return;
-    SetKey(settings, u"PackageStamp"_s, stamp);
-    if (!fresh) SetKey(settings, u"FirstRun"_s, u"1"_s);
+// Without a place for a copy the packaged file is read alone.
+void OpenCopy(const QString& packaged, const QString& copy) {
+    auto& state = State();
+    if (!QFileInfo::exists(copy)) Succeeds([&] { MakeCopy(packaged, copy); });
+    const bool own = QFileInfo::exists(copy);
+    state.gSetDB.Open(own ? copy : packaged, {.readOnly = !own});
+    if (own) Succeeds([&] { NoteVersion(state.gSetDB); });
+    Succeeds([&] { UpgradeSettings(state.gSetDB); });
+    ReadSettings(state.gSetDB, state.settings);
+    if (!own) ForgetUser(state.settings);
 }
 
 bool TakeFirstRun(cConnection& settings) {
-    const auto row = OpenKey(settings, u"FirstRun"_s);
-    const bool first = row.Eof() || row.Text(u"Value1") == u"1"_s;
-    if (first) SetKey(settings, u"FirstRun"_s, u"0"_s);
-    return first;
+    const auto marker = SettingKey(settings, kFirstRun);
+    if (marker && *marker != u"1") return false;
+    SetSettingKey(settings, kFirstRun, u"0"_s);
+    return true;
 }
 
 void SetColumn(cConnection& settings, const QString& column, const QString& value) {
@@ -67,19 +72,22 @@ void SetColumn(cConnection& settings, const QString& column, const QString& valu
 void OpenSettings(const QString& path) {
     auto& state = State();
     state.gSetDB.Open(path);
+    Succeeds([&] { UpgradeSettings(state.gSetDB); });
     ReadSettings(state.gSetDB, state.settings);
 }
 
 void LoadSettings() {
     auto& state = State();
     const QString packaged = BesideProgram(u"Set.ini"_s);
-    if (SettingsPath() != packaged) RenewCopy(packaged, SettingsPath());
-    OpenSettings(SettingsPath());
-    const bool firstRun = TakeFirstRun(state.gSetDB);
+    if (SettingsPath() == packaged)
+        OpenSettings(packaged);
+    else
+        OpenCopy(packaged, SettingsPath());
     state.settings.sDBPath = FixBookPath(state.settings.sDBPath);
-    if (!firstRun) return;
-    RemoveBookFile(SampleBookPath());
-    WriteSampleBook(SampleBookPath());
+    // A file that cannot be written bars nobody from the books.
+    bool firstRun = false;
+    Succeeds([&] { firstRun = TakeFirstRun(state.gSetDB); });
+    Succeeds([&] { RenewSampleBook(state.gSetDB, firstRun); });
 }
 
 void SaveSetting(const QString& value, int code) {
@@ -109,7 +117,9 @@ qint32 HandOverToRunning(const QString& path) {
     auto row = settings.OpenRecordset(u"select lHandle,sOutOpenDBFile from tSetting"_s);
     if (row.Eof()) return 0;
     const auto handle = static_cast<qint32>(row.Int(u"lHandle"));
-    row.Set(u"sOutOpenDBFile", path.toLower());
+    // The running copy has to tell what lower case would lead elsewhere.
+    const bool plain = SpelledPath(path).rivals.isEmpty();
+    row.Set(u"sOutOpenDBFile", plain ? path.toLower() : path);
     row.Update();
     return handle;
 }

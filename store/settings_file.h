@@ -3,10 +3,12 @@
 
 #include <QString>
 
-/// Opens gSetDB on a settings file and reads its values into State().settings, nothing else.
+/// Opens gSetDB on a settings file, adds what it lacks of this version where it can be written, and reads its
+/// values into State().settings. Throws DbError when it cannot be read.
 void OpenSettings(const QString& path);
-/// Makes or renews the copy as needed, opens gSetDB and reads everything into State(). On a first run the
-/// sample book is written anew. Throws DbError when the file is broken.
+/// Opens and reads the settings of this user, from a copy of the packaged ones where those cannot be written.
+/// On the first run of a version the sample book is renewed unless the user has changed it. Throws DbError
+/// when the file is broken; one that cannot be written is read all the same.
 void LoadSettings();
 
 enum SettingCode {

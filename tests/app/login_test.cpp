@@ -7,8 +7,10 @@
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"
+#include "shell/page.h"
 #include "store/book_box.h"
 #include "store/book_images.h"
+#include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
@@ -78,6 +80,17 @@ TEST_F(Login, EnterOnAnEmptyPasswordIsTheShortestWay) {
     EXPECT_EQ(entered_, 1);
     EXPECT_EQ(State().gPopups, 0);
     EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s), QStringList{path.toLower()});
+}
+
+TEST_F(Login, ASettingsFileThatCannotBeWrittenBarsNobody) {
+    PutBook(u"box/a.jotdb"_s);
+    Show();
+    cConnection::Seams().beforeStatement = [](const QString& sql) {
+        if (sql.startsWith(u"update tSetting"_s)) FailStatement(u"磁盘已满"_s, sql);
+    };
+    boxes.Expect(u"意外错误，错误信息："_s);
+    QTest::keyClick(Pass(), Qt::Key_Return);
+    EXPECT_EQ(entered_, 1);
 }
 
 TEST_F(Login, AWrongPasswordIsToldAndTheBookStaysChosen) {
@@ -192,4 +205,39 @@ TEST_F(Login, EscapeAndCancelEndTheProgram) {
     QTest::keyClick(Pass(), Qt::Key_Escape);
     EXPECT_EQ(left_, 1);
     EXPECT_FALSE(State().gDB.IsOpen());
+}
+
+TEST_F(Login, AMainWindowThatCannotBeShownGivesTheLoginBack) {
+    PutBook(u"box/a.jotdb"_s);
+    ScanBookBox(Path(u"box"_s));
+    ReadBookInfo();
+    ShowLogin();
+    const auto login = [] {
+        for (auto* window : QApplication::topLevelWidgets())
+            if (auto* found = dynamic_cast<frmLogin*>(window); found && found->isVisible()) return found;
+        return static_cast<frmLogin*>(nullptr);
+    };
+    auto* first = login();
+    ASSERT_NE(first, nullptr);
+    RegisterPage(0, [](QWidget*) -> Page* { FailStatement(u"没有账页"_s, {}); });
+    boxes.Expect(u"意外错误，错误信息："_s);
+    first->BtnEnterClicked();
+    ASSERT_NE(login(), nullptr);
+    EXPECT_NE(login(), first);
+    RegisterAll();
+    login()->BtnEnterClicked();
+    EXPECT_EQ(login(), nullptr);
+    EXPECT_TRUE(State().gDB.IsOpen());
+}
+
+TEST_F(Login, ADamagedNotebookBarsNobody) {
+    PutBook(u"box/a.jotdb"_s, u"drop table tNotebook"_s);
+    ScanBookBox(Path(u"box"_s));
+    ReadBookInfo();
+    ShowLogin();
+    boxes.AnswerAll(1);
+    for (auto* window : QApplication::topLevelWidgets())
+        if (auto* login = dynamic_cast<frmLogin*>(window)) login->BtnEnterClicked();
+    EXPECT_TRUE(boxes.Seen().front().startsWith(u"意外错误，错误信息："_s));
+    EXPECT_TRUE(PageOfCode(kPageAccount));
 }

@@ -5,6 +5,9 @@
 #include "app/startup.h"
 #include "store/book_images.h"
 #include "store/outside.h"
+#include "store/paths.h"
+#include "store/places.h"
+#include "store/session.h"
 #include "tests/support/ui_fixture.h"
 
 #include <QFile>
@@ -45,14 +48,18 @@ class Processes : public UiFixture {
             process->waitForFinished(3000);
             delete process;
         }
+        MainChannel().Close();
+        MainChannel().onMessage = {};
+        for (const auto& role : {u"main"_s, u"agent"_s, u"lock"_s})
+            QFile::remove(ChannelName(role));
         for (const auto& [name, value] : World())
             qunsetenv(name);
     }
 
     std::vector<std::pair<const char*, QString>> World() const {
-        return {{"HOME", Path(u"home"_s)},
+        return {{"HOME", Path(u"Home"_s)},
                 {"XDG_RUNTIME_DIR", Path(u"run"_s)},
-                {"XDG_DATA_HOME", Path(u"home/data"_s)}};
+                {"XDG_DATA_HOME", Path(u"Home/data"_s)}};
     }
     QProcess* Start(const QString& program, const QStringList& arguments = {}) {
         auto* process = new QProcess;
@@ -66,15 +73,14 @@ class Processes : public UiFixture {
     }
     QString Program(const QString& name) const { return Path(u"program/"_s + name); }
     /// The test process as the first copy, with its main channel.
-    void BecomeFirstCopy(ChannelServer& channel) {
+    void BecomeFirstCopy() {
         Outside().launch = [](const QString&, const QStringList&, const QString&) { return true; };
         ASSERT_EQ(StartUp({}), StartResult::login);
         SaveHandle();
-        channel.onMessage = [this](const ChannelMessage& m) {
+        MainChannel().onMessage = [this](const ChannelMessage& m) {
             received_ << m.code;
             handles_ << m.handle;
         };
-        ASSERT_TRUE(channel.Listen(ChannelName(u"main"_s)));
     }
     void SaveHandle() {
         State().gSetDB.Execute(u"update tSetting set lHandle="_s +
@@ -97,20 +103,33 @@ class Processes : public UiFixture {
 }  // namespace
 
 TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
-    ChannelServer channel;
-    BecomeFirstCopy(channel);
+    BecomeFirstCopy();
     const QString book = Path(u"Mein Buch.jotdb"_s);
     QFile file(book);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(EmptyBookImage());
     file.close();
 
+    // Without a book, or with one that is not there, the running window comes to the front.
     auto* silent = Start(Program(u"KestroJot"_s));
     EXPECT_TRUE(WaitLong([&] { return silent->state() == QProcess::NotRunning; }, 8000));
     auto* missing = Start(Program(u"KestroJot"_s), {Path(u"none.jotdb"_s)});
     EXPECT_TRUE(WaitLong([&] { return missing->state() == QProcess::NotRunning; }, 8000));
-    QTest::qWait(50);
-    EXPECT_TRUE(received_.isEmpty());
+    EXPECT_TRUE(WaitLong([&] { return received_.size() == 2; }, 1000));
+    EXPECT_EQ(received_, (QList<int>{kCodeRaise, kCodeRaise}));
+    {
+        cConnection locked;  // nor does a settings file that somebody holds give it anything to say
+        locked.Open(SettingsPath());
+        locked.Execute(u"begin exclusive"_s);
+        auto* barred = Start(Program(u"KestroJot"_s), {book});
+        EXPECT_TRUE(WaitLong([&] { return barred->state() == QProcess::NotRunning; }, 8000));
+        EXPECT_EQ(barred->exitCode(), 0);
+        EXPECT_TRUE(WaitLong([&] { return received_.size() == 3; }, 1000));
+        EXPECT_EQ(received_.back(), kCodeRaise);
+        EXPECT_EQ(QString::fromUtf8(barred->readAllStandardError()), QString());
+    }
+    received_.clear();
+    handles_.clear();
 
     auto* second = Start(Program(u"KestroJot"_s), {book});
     EXPECT_TRUE(
@@ -122,12 +141,68 @@ TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
     CloseAll();
 }
 
+TEST_F(Processes, TheRoadStandsWhereNoVariableMovesItAndAnswersFromTheLockOn) {
+    BecomeFirstCopy();
+    const QString road = ChannelName(u"main"_s);
+    EXPECT_LE(road.toUtf8().size(), 100);
+    qputenv("XDG_RUNTIME_DIR", Path(u"elsewhere"_s).toLocal8Bit());
+    qputenv("TMPDIR", Path(u"elsewhere"_s).toLocal8Bit());
+    EXPECT_EQ(ChannelName(u"main"_s), road);
+    qunsetenv("TMPDIR");
+    EXPECT_EQ(QFile::permissions(ParentPath(road)) & (QFile::ReadOther | QFile::ReadGroup), 0);
+    // Whoever talks too much is cut off, and others still get through.
+    QLocalSocket flood;
+    flood.connectToServer(road);
+    ASSERT_TRUE(flood.waitForConnected(1000));
+    flood.write(QByteArray(100000, '\x7f'));
+    EXPECT_TRUE(WaitLong([&] { return flood.state() == QLocalSocket::UnconnectedState; }, 3000));
+    EXPECT_TRUE(SendMessage(road, {State().gRunHandle, kCodeRedraw, 0, {}}));
+    EXPECT_TRUE(WaitLong([&] { return !received_.isEmpty(); }, 2000));
+    EXPECT_EQ(received_, QList<int>{kCodeRedraw});
+    CloseAll();
+}
+
+TEST_F(Processes, OnlyADeadCopysLockIsTakenOver) {
+    InitFolders();
+    const QString path = ChannelName(u"lock"_s);
+    const auto leave = [&](qint64 pid, const QByteArray& host) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(QByteArray::number(pid) + "\nKestroJot\n" + host + "\n");
+    };
+    constexpr qint64 kNobody = 4194303;  // above the largest number that processes get here
+    const QByteArray former = "a-former-name-of-this-machine";
+    leave(kNobody, former);
+    EXPECT_EQ(InstanceLock().Take(), InstanceLock::State::taken);
+    QFile empty(path);  // what a power cut leaves
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    empty.close();
+    EXPECT_EQ(InstanceLock().Take(), InstanceLock::State::taken);
+
+    leave(QCoreApplication::applicationPid(), former);
+    boxes.Expect(u"程序无法建立运行锁【"_s + path + u"】!"_s);
+    EXPECT_EQ(StartUp({}), StartResult::failed);
+    QFile::remove(path);
+}
+
+TEST_F(Processes, TheSystemsSignalsCloseTheProgramAndItsAgent) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        auto* program = Start(Program(u"KestroJot"_s));
+        ASSERT_TRUE(WaitLong([this] { return AgentAnswers(); }, 10000));
+        ::kill(static_cast<pid_t>(program->processId()), signal);
+        EXPECT_TRUE(WaitLong([&] { return program->state() == QProcess::NotRunning; }, 5000)) << signal;
+        EXPECT_EQ(program->exitStatus(), QProcess::NormalExit) << signal;
+        EXPECT_EQ(program->exitCode(), 0) << signal;
+        EXPECT_TRUE(WaitLong([this] { return !AgentAnswers(); }, 1500)) << signal;
+        EXPECT_FALSE(QFile::exists(ChannelName(u"lock"_s))) << signal;
+    }
+}
+
 // The answer opens a box, and the sender's socket goes while it stands.
 TEST_F(Processes, AnAnswerMayRunALoopOfItsOwn) {
-    ChannelServer channel;
-    BecomeFirstCopy(channel);
+    BecomeFirstCopy();
     int answered = 0;
-    channel.onMessage = [&answered](const ChannelMessage&) {
+    MainChannel().onMessage = [&answered](const ChannelMessage&) {
         QTest::qWait(150);
         ++answered;
     };
@@ -139,7 +214,7 @@ TEST_F(Processes, AnAnswerMayRunALoopOfItsOwn) {
 TEST_F(Processes, AKilledCopyLeavesTheRoadFreeAndItsAgentGoes) {
     auto* first = Start(Program(u"KestroJot"_s));
     ASSERT_TRUE(WaitLong([this] { return AgentAnswers(); }, 10000));
-    EXPECT_TRUE(QFile::exists(Path(u"home/KestroData/墨鹊理财/专业版例子.jotdb"_s)));
+    EXPECT_TRUE(QFile::exists(Path(u"Home/KestroData/墨鹊理财/专业版例子.jotdb"_s)));
     ::kill(static_cast<pid_t>(first->processId()), SIGKILL);
     EXPECT_TRUE(WaitLong([this] { return !AgentAnswers(); }, 8000));
     auto* next = Start(Program(u"KestroJot"_s));
@@ -148,8 +223,7 @@ TEST_F(Processes, AKilledCopyLeavesTheRoadFreeAndItsAgentGoes) {
 }
 
 TEST_F(Processes, TheAgentTakesOverAStaleChannelAndAnswersItsCodes) {
-    ChannelServer channel;
-    BecomeFirstCopy(channel);
+    BecomeFirstCopy();
     auto* killed = Start(Program(u"JotAgent"_s));
     ASSERT_TRUE(WaitLong([this] { return AgentAnswers(); }, 8000));
     ::kill(static_cast<pid_t>(killed->processId()), SIGKILL);
@@ -170,7 +244,7 @@ TEST_F(Processes, TheAgentTakesOverAStaleChannelAndAnswersItsCodes) {
 
 TEST_F(Processes, AnUnwritableProgramFolderGetsItsSettingsInTheDataFolder) {
     const fs::path program = Path(u"program"_s).toStdString();
-    const fs::path home = Path(u"home"_s).toStdString();
+    const fs::path home = Path(u"Home"_s).toStdString();
     fs::create_directories(home / "data");
     fs::permissions(program / "Set.ini",
                     fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
@@ -180,28 +254,64 @@ TEST_F(Processes, AnUnwritableProgramFolderGetsItsSettingsInTheDataFolder) {
         constexpr uid_t kNobody = 65534;
         for (const auto& folder : {home, home / "data", fs::path(Path(u"run"_s).toStdString())})
             ASSERT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
-        fs::permissions(program.parent_path(), fs::perms(0755));
+        // A folder above that cannot be listed, with capitals in the path below it.
+        fs::permissions(program.parent_path(), fs::perms(0711));
         process = Start(u"setpriv"_s, {u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s,
                                        Program(u"KestroJot"_s)});
     } else {
         process = Start(Program(u"KestroJot"_s));
     }
-    const QString copy = Path(u"home/data/KestroJot/Set.ini"_s);
-    const QString sample = Path(u"home/KestroData/墨鹊理财/专业版例子.jotdb"_s);
+    const QString copy = Path(u"Home/data/KestroJot/Set.ini"_s);
+    const QString sample = Path(u"Home/KestroData/墨鹊理财/专业版例子.jotdb"_s);
     EXPECT_TRUE(WaitLong([&] { return QFile::exists(sample) && QFile::exists(copy); }, 10000));
+    State().gDataDir = Path(u"Home/data/KestroJot"_s);
+    cConnection settings;
+    const auto chosen = [&] {
+        settings.Open(copy);
+        return Rows(settings, u"select Value1 from tSetting2 where Key1='SampleHash'"_s).size() == 1;
+    };
+    EXPECT_TRUE(WaitLong(chosen, 5000));
+    QTest::qWait(500);
     EXPECT_EQ(process->state(), QProcess::Running);
+    EXPECT_EQ(QString::fromUtf8(process->readAllStandardError()), QString());
+    process->terminate();
+    EXPECT_TRUE(WaitLong([&] { return process->state() == QProcess::NotRunning; }, 5000));
     fs::permissions(program, fs::perms(0755));
 }
 
-TEST_F(Processes, VersionAndHelpNeedNoDisplay) {
-    for (const QString& option : {u"--version"_s, u"--help"_s}) {
+TEST_F(Processes, TheCommandLineIsAnsweredWithoutADisplay) {
+    struct Case {
+        QStringList arguments;
+        int code;
+        QString out, error;  ///< beginnings
+    };
+    const Case cases[] = {
+        {{u"--version"_s}, 0, u"KestroJot 2016.2"_s, {}},
+        {{u"-v"_s}, 0, u"KestroJot 2016.2"_s, {}},
+        {{u"--help"_s}, 0, u"Usage: KestroJot [BOOK]"_s, {}},
+        {{u"-h"_s}, 0, u"Usage: KestroJot [BOOK]"_s, {}},
+        {{u"--frob"_s}, 2, {}, u"KestroJot: unknown option --frob\n"_s},
+        {{u"-x"_s, u"a.jotdb"_s}, 2, {}, u"KestroJot: unknown option -x\n"_s},
+        {{u"a.jotdb"_s, u"b.jotdb"_s}, 2, {}, u"KestroJot: one book at most\n"_s},
+        {{}, 1, {}, u"KestroJot: no display can be opened\n"_s},
+        {{u"--"_s, u"-x.jotdb"_s}, 1, {}, u"KestroJot: no display can be opened\n"_s},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(qPrintable(c.arguments.join(u' ')));
         QProcess process;
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"no such platform"_s);
+        environment.remove(u"QT_QPA_PLATFORM"_s);
+        environment.remove(u"WAYLAND_DISPLAY"_s);
+        environment.insert(u"DISPLAY"_s, u":77"_s);  // where nothing listens
         process.setProcessEnvironment(environment);
-        process.start(Program(u"KestroJot"_s), {option});
+        process.start(Program(u"KestroJot"_s), c.arguments);
         ASSERT_TRUE(process.waitForFinished(5000));
-        EXPECT_EQ(process.exitCode(), 0);
-        EXPECT_TRUE(QString::fromUtf8(process.readAllStandardOutput()).contains(u"KestroJot"_s));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), c.code);
+        const QString out = QString::fromUtf8(process.readAllStandardOutput());
+        const QString error = QString::fromUtf8(process.readAllStandardError());
+        EXPECT_TRUE(c.out.isEmpty() ? out.isEmpty() : out.startsWith(c.out)) << qPrintable(out);
+        EXPECT_TRUE(c.error.isEmpty() ? error.isEmpty() : error.startsWith(c.error)) << qPrintable(error);
+        EXPECT_TRUE(c.code != 1 || error.count(u'\n') == 1) << qPrintable(error);
     }
 }

@@ -3,11 +3,13 @@
 #include "store/book_box.h"
 #include "store/book_images.h"
 #include "store/errors.h"
+#include "store/outside.h"
 #include "store/places.h"
 #include "store/session.h"
 #include "store/settings_file.h"
 #include "tests/support/fixture.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -60,27 +62,129 @@ const QString kGeneral =
 
 }  // namespace
 
-TEST_F(SettingsTest, TheSampleIsRenewedOnAFirstRunOnly) {
+TEST_F(SettingsTest, AFirstRunRenewsTheSampleThatNobodyChanged) {
+    const QByteArray old = "an older sample";
     struct Case {
-        QString change;  ///< done to the settings before the start
-        bool first;
-        QString marker;
+        const char* what;
+        QString marker;       ///< of the first run; empty: the row is gone
+        QByteArray standing;  ///< the sample in the box; empty: none
+        bool kept;            ///< its hash is the one that was kept
+        bool trash;           ///< there is one
+        bool journal;
+        bool renewed;
     };
     const Case cases[] = {
-        {u"select 1"_s, true, u"0"_s},  // as it ships
-        {u"select 1"_s, false, u"0"_s},
-        {u"update tSetting2 set Value1='1' where Key1='FirstRun'"_s, true, u"0"_s},
-        {u"update tSetting2 set Value1='2' where Key1='FirstRun'"_s, false, u"2"_s},
-        {u"delete from tSetting2 where Key1='FirstRun'"_s, true, u"0"_s},
-        {u"select 1"_s, false, u"0"_s},
+        {"none", u"1"_s, {}, false, true, false, true},
+        {"untouched", u"1"_s, old, true, true, false, true},
+        {"untouched, no marker", {}, old, true, true, false, true},
+        {"not the first run", u"0"_s, old, true, true, false, false},
+        {"another marker", u"2"_s, old, true, true, false, false},
+        {"the user's", u"1"_s, "with entries", false, true, false, false},
+        {"the user's, no marker", {}, "with entries", false, true, false, false},
+        {"changes in a journal", u"1"_s, old, true, true, true, false},
+        {"no trash", u"1"_s, old, true, false, false, false},
     };
+    const QString journal = Sample() + u"-journal"_s;
     for (const auto& c : cases) {
-        Change(c.change);
-        WriteSample("edited");
+        SCOPED_TRACE(c.what);
+        QFile::remove(Sample());
+        QFile::remove(journal);
+        if (!c.standing.isEmpty()) WriteSample(c.standing);
+        if (c.journal) QFile::copy(Sample(), journal);
+        Change(u"delete from tSetting2 where Key1 in ('FirstRun','SampleHash')"_s);
+        if (!c.marker.isEmpty())
+            Change(u"insert into tSetting2 values ('FirstRun',"_s + Quote(c.marker) + u')');
+        const auto hash = QCryptographicHash::hash(old, QCryptographicHash::Sha256).toHex();
+        if (c.kept)
+            Change(u"insert into tSetting2 values ('SampleHash',"_s + Quote(QString::fromLatin1(hash)) +
+                   u')');
+        Outside().trash = [&](const QString& path) { return c.trash && QFile::remove(path); };
         Load();
-        EXPECT_EQ(SampleBytes(), c.first ? SampleBookImage() : QByteArray("edited")) << qPrintable(c.change);
-        EXPECT_EQ(Stored(u"select Value1 from tSetting2 where Key1='FirstRun'"_s), QStringList{c.marker});
+        EXPECT_EQ(SampleBytes(), c.renewed ? SampleBookImage() : c.standing);
+        EXPECT_EQ(Stored(u"select Value1 from tSetting2 where Key1='FirstRun'"_s),
+                  QStringList{c.marker == u"2" ? c.marker : u"0"_s});
     }
+    QFile::remove(journal);
+    QFile::remove(Sample());
+    Change(u"update tSetting2 set Value1='1' where Key1='FirstRun'"_s);
+    QDir(State().gDefaultBox).removeRecursively();
+    boxes.Expect(u"例子账本写入失败：\n【"_s + Sample());
+    Load();
+}
+
+// One user's book, password and messages are none of the next one's business.
+TEST_F(SettingsTest, ACopyTakesTheDefaultsAndNoUsersValues) {
+    Change(
+        u"update tSetting set nGroup=4,sWebName='root',sWebPass='secret',sDBPath='/root/box',"
+        u"sPreOpenDBFile='/root/box/a.jotdb',lHandle='77';"
+        u"insert into tAd (Title1,bWakeOk) values ('for root',0);"
+        u"update tSetting2 set Value1='0' where Key1='FirstRun';"
+        u"insert into tSetting2 values ('Window','1,2,3'); update tSetting2 set Value1='month' where Key1='LoadDate'"_s);
+    const QString all =
+        u"select nGroup,sWebName||sWebPass||sDBPath||sPreOpenDBFile,lHandle,(select count(*) from tAd),"
+        u"(select group_concat(Key1) from tSetting2) from tSetting"_s;
+    const QString copy = Path(u"data/Set.ini"_s);
+    QDir().mkpath(Path(u"data"_s));
+    const auto load = [&] {
+        State().gSettingsPath = copy;
+        Load();
+    };
+    load();
+    EXPECT_EQ(Rows(State().gSetDB, all), QStringList{u"4||0|0|LoadDate,Version,FirstRun,SampleHash"_s});
+    EXPECT_EQ(State().settings.nGroup, 4);
+    EXPECT_EQ(State().settings.LoadDate, u"month"_s);
+    EXPECT_EQ(QFile::permissions(copy) & (QFile::ReadGroup | QFile::ReadOther), 0);
+
+    // The user's own values and sample outlive a packaged file that was touched, and a new version.
+    SaveSetting(u"/home/a.jotdb"_s, kSaveLastBook);
+    QFile::remove(Sample());
+    WriteSample("with entries");
+    Change(u"update tSetting set nGroup=3"_s);
+    const QStringList marker{u"0"_s};
+    for (const auto& version : {QStringLiteral(KESTRO_VERSION), u"1999.1"_s}) {
+        State().gSetDB.Execute(u"update tSetting2 set Value1="_s + Quote(version) +
+                               u" where Key1='Version'"_s);
+        load();
+        EXPECT_EQ(State().settings.sPreOpenDBFile, u"/home/a.jotdb"_s);
+        EXPECT_EQ(State().settings.nGroup, 4);
+        EXPECT_EQ(SampleBytes(), QByteArray("with entries"));
+        EXPECT_EQ(Rows(State().gSetDB, u"select Value1 from tSetting2 where Key1='FirstRun'"_s), marker);
+    }
+
+    State().settings = {};
+    State().gSettingsPath = Path(u"no such folder/Set.ini"_s);
+    Load();
+    EXPECT_EQ(State().settings.nGroup, 3);
+    EXPECT_EQ(State().settings.sWebPass, QString());
+    EXPECT_FALSE(Succeeds([] { SaveSetting({}, kSaveAll); }));
+}
+
+TEST_F(SettingsTest, AnOlderFileGetsWhatItLacksAndKeepsItsRows) {
+    Change(
+        u"drop table tSetting; create table tSetting (nGroup integer, sWebName text); insert into tSetting "
+        u"values"
+        u" (4,'n'); drop table tAd; create table tAd (Id1 integer, Title1 text, bWakeOk integer);"
+        u"insert into tAd values (null,'a',0), (7,'b',0), (3,'c',1), (7,'d',0), (8,'e',1)"_s);
+    Load();
+    EXPECT_EQ(State().settings.nGroup, 4);
+    EXPECT_EQ(State().settings.nHtmPageSize, 50);
+    EXPECT_EQ(State().settings.nShowAgentIco, 1);
+    EXPECT_EQ(Stored(u"select sWebName,lHandle,bWebOk from tSetting"_s), QStringList{u"n|0|0"_s});
+    EXPECT_EQ(Stored(u"select Id1,Title1,bWakeOk from tAd order by Id1"_s),
+              (QStringList{u"3|c|1"_s, u"7|b|0"_s, u"8|e|1"_s, u"9|a|0"_s, u"10|d|0"_s}));
+    State().gSetDB.Execute(u"insert into tAd (Title1,Note1) values ('f','x')"_s);
+    EXPECT_EQ(Stored(u"select Id1 from tAd where Title1='f'"_s), QStringList{u"11"_s});
+}
+
+TEST_F(SettingsTest, AFileThatCannotBeWrittenIsReadAllTheSame) {
+    Change(u"update tSetting set nGroup=4; alter table tSetting drop column bWebOk"_s);
+    cConnection::Seams().beforeStatement = [](const QString& sql) {
+        const QString words = sql.trimmed();
+        if (!words.startsWith(u"select"_s) && !words.startsWith(u"pragma"_s)) FailStatement(u"磁盘已满"_s, sql);
+    };
+    Load();
+    EXPECT_EQ(State().settings.nGroup, 4);
+    EXPECT_EQ(OpenAdCount(), 0);
 }
 
 TEST_F(SettingsTest, EveryValueIsReadAndAMissingRowLeavesTheDefaults) {

@@ -25,6 +25,12 @@ const sqlite3_io_methods* Counted(const sqlite3_io_methods* real) {
     return &at->second;
 }
 
+// The second flush of a commit's folder: the first, of a new journal, is part of that journal's own flush.
+int CountedDelete(sqlite3_vfs*, const char* name, int flushFolder) {
+    syncs += flushFolder ? 1 : 0;
+    return realVfs->xDelete(realVfs, name, flushFolder);
+}
+
 int CountedOpen(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
     const int code = realVfs->xOpen(realVfs, name, file, flags, outFlags);
     if (code == SQLITE_OK && file->pMethods) file->pMethods = Counted(file->pMethods);
@@ -41,6 +47,7 @@ const char* CountingVfs() {
     vfs.zName = "counting";
     vfs.pNext = nullptr;
     vfs.xOpen = CountedOpen;
+    vfs.xDelete = CountedDelete;
     sqlite3_vfs_register(&vfs, 0);
     return vfs.zName;
 }
