@@ -25,7 +25,7 @@ void ShowAbout() {
     auto* version = new KestroLabel(u"2016.2"_s, LabelKind::hint, about.Body());
     auto* lnkURL = new KestroLink(u"产品主页"_s, about.Body());
     auto* lnkCorp = new KestroLink(u"关于我们"_s, about.Body());
-    lnkURL->onClick = [] { Outside().open(kHomePage); };
+    lnkURL->onClick = [] { OpenAddress(kHomePage); };
     lnkCorp->onClick = [] { Outside().open(kMakerPage); };
     auto* words = new QVBoxLayout;
     words->setSpacing(6);

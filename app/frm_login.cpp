@@ -9,6 +9,7 @@
 #include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"
 #include "store/book_box.h"
+#include "store/book_check.h"
 #include "store/book_format.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
@@ -42,7 +43,7 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     Timer1.callOnTimeout([this] { txtPass->setFocus(Qt::OtherFocusReason); });
     Menus::SetOnMenu([](const QString&, const QString& key) {
         if (key == u"about" && Commands().about) Commands().about();
-        if (key == u"help") Outside().open(kHelpPage);
+        if (key == u"help") OpenAddress(kHelpPage);
     });
     LoadBooks();
 }
@@ -91,7 +92,7 @@ void frmLogin::ShowBook(int index) {
 
 void frmLogin::OpenChosen() {
     State().gDB.Close();
-    State().gDB.Open(CurrentBook().Path);
+    ReopenDB();
 }
 
 void frmLogin::ChooseBookItem(const QString& key) {
@@ -104,30 +105,16 @@ void frmLogin::ChooseBookItem(const QString& key) {
 }
 
 void frmLogin::OpenBookFile(QString path) {
-    path = path.toLower();
     if (path.isEmpty())
         path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s,
-                          State().settings.sDBPath)
-                   .toLower();
+                          State().settings.sDBPath);
     if (path.isEmpty()) return;
-    if (!FileExists(path)) {
-        ShowMsg(u"文件【"_s + path + u"】不存在！"_s, u"确定"_s, kMsgFail);
-        return;
-    }
-    if (path.right(kBookExtension) != u".jotdb") {
-        ShowMsg(u"文件【"_s + path + u"】不是账本文件！"_s, u"确定"_s, kMsgFail);
-        return;
-    }
-    if (path == CurrentBook().Path) return;
-    if (!Succeeds([&] { cConnection().Open(path); })) {
-        ShowMsg(u"打开账本文件【"_s + path + u"】错误！"_s, u"确定"_s, kMsgFail);
-        return;
-    }
-    if (FindBook(path) >= 0) return;
-    const int index = AddOutsideBook(path);
-    comBook->AddItem(State().gBooks[static_cast<size_t>(index)].Name, QString::number(index), u"book"_s);
-    ShowBook(index);
-    ChooseBookItem(QString::number(index));
+    const auto taken = TakeBookFile(path);
+    if (taken.door != BookDoor::added) return;
+    const QString key = QString::number(taken.index);
+    comBook->AddItem(State().gBooks[static_cast<size_t>(taken.index)].Name, key, u"book"_s);
+    ShowBook(taken.index);
+    ChooseBookItem(key);
 }
 
 bool frmLogin::CheckPassword() {
@@ -139,8 +126,7 @@ bool frmLogin::CheckPassword() {
 
 void frmLogin::BtnEnterClicked() {
     if (comBook->text().isEmpty()) return;
-    EnsureBookInfo(State().gCurBook);
-    if (!CheckBookVersion(-1)) return;
+    if (!CheckBook(-1)) return;
     if (!State().gDB.IsOpen()) OpenChosen();
     if (!CheckPassword()) {
         txtPass->setText({});
@@ -166,7 +152,8 @@ void frmLogin::Leave(bool tellAgent) {
 }
 
 void frmLogin::BtnPathClicked() {
-    const QString folder = ChooseFolder(u"选择目录"_s, State().settings.sDBPath).toLower();
+    const QString chosen = ChooseFolder(u"选择目录"_s, State().settings.sDBPath);
+    const QString folder = chosen.toLower();
     if (folder.isEmpty()) return;
     if (IsForbiddenBox(folder, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) {
         ShowMsg(
@@ -176,9 +163,9 @@ void frmLogin::BtnPathClicked() {
             u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
         return;
     }
-    if (!RealPath(folder).rivals.isEmpty()) {
-        ShowMsg(u"有只差大小写的同名文件夹，无法指定为账本盒：\n"_s + RealPath(folder).rivals.join(u'\n'),
-                u"确定"_s, kMsgFail);
+    if (const auto found = SpelledPath(chosen); !found.rivals.isEmpty()) {
+        ShowMsg(u"有只差大小写的同名文件夹，无法指定为账本盒：\n"_s + found.rivals.join(u'\n'), u"确定"_s,
+                kMsgFail);
         return;
     }
     MoveBookBox(folder);

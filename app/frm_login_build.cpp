@@ -8,7 +8,6 @@
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
-#include "shell/main_menus.h"
 #include "shell/skin.h"
 #include "store/dialogs.h"
 
@@ -28,7 +27,6 @@ constexpr int kBox = 34;
 
 void frmLogin::Build() {
     setWindowIcon(Skin::WindowIcon());
-    BuildMainMenus();
     Menus::AddMenu(u"login"_s);
     Menus::AddItem(u"login"_s, u"about"_s, u"关于..."_s, u"about"_s);
     Menus::AddItem(u"login"_s, u"help"_s, u"使用帮助"_s, u"help"_s);
@@ -82,8 +80,8 @@ void frmLogin::BuildStrip() {
     btnPath = new KestroButton(ButtonLook::plain, u"选择目录"_s, u"path"_s);
     btnPath->onClick = [this] { BtnPathClicked(); };
     auto* grid = new QGridLayout(strip_);
-    grid->setContentsMargins(Skin::Space::kDialog - 1, 14, Skin::Space::kDialog - 1, Skin::Space::kDialog);
-    grid->setHorizontalSpacing(Skin::Space::kPartner);
+    grid->setContentsMargins(Skin::kDialogMargin - 1, 14, Skin::kDialogMargin - 1, Skin::kDialogMargin);
+    grid->setHorizontalSpacing(Skin::kPartnerGap);
     grid->setVerticalSpacing(6);
     grid->addWidget(lblPath, 0, 0);
     grid->addWidget(editNote, 1, 0);
@@ -99,7 +97,7 @@ void frmLogin::LayOut() {
     form->setSpacing(4);
     form->addWidget(lblBookName);
     auto* book = new QHBoxLayout;
-    book->setSpacing(Skin::Space::kPartner);
+    book->setSpacing(Skin::kPartnerGap);
     book->addWidget(comBook, 1);
     book->addWidget(btnNew);
     form->addLayout(book);
@@ -110,7 +108,7 @@ void frmLogin::LayOut() {
     form->addWidget(lblAuto);
     form->addSpacing(8);
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(Skin::Space::kPartner);
+    buttons->setSpacing(Skin::kPartnerGap);
     buttons->addWidget(btnEnter, 25);
     buttons->addWidget(btnCancel, 11);
     form->addLayout(buttons);

@@ -90,9 +90,9 @@ void RegisterWindows() {
     InstallJobYield();
     InstallMessageBox();
     RegisterCommands();
-    RegisterPage(0, [](QWidget* parent) { return new frmAccount(parent); });
-    RegisterPage(1, [](QWidget* parent) { return new frmSubAcc(parent); });
-    RegisterPage(5, [](QWidget* parent) { return new frmSetting(parent); });
+    RegisterPage(kTabAccount, [](QWidget* parent) { return new frmAccount(parent); });
+    RegisterPage(kTabSubAcc, [](QWidget* parent) { return new frmSubAcc(parent); });
+    RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);

@@ -3,14 +3,12 @@
 #include "chart/chart_panel.h"
 #include "shell/controls/kestro_scroll_menu.h"
 
+#include <QVBoxLayout>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMargin = 12;
-constexpr int kStrip = 196;
-constexpr int kStripIcons = 44;
-constexpr int kNarrowPage = 760;
 const QString kSection = u"title0"_s;
 
 QString StripTip() {
@@ -21,9 +19,8 @@ QString StripTip() {
 
 }  // namespace
 
-frmSetting::frmSetting(QWidget* parent) : Page(parent) {
-    auto* strip = KestroScrollMenu1 = new KestroScrollMenu(this);
-    strip->setObjectName(u"KestroScrollMenu1"_s);
+frmSetting::frmSetting(QWidget* parent) : StripPage(parent) {
+    auto* strip = KestroScrollMenu1;
     strip->AddSection(kSection, u"设置管理"_s);
     const auto add = [&](const QString& key, const QString& caption, const QString& icon, bool there) {
         ScrollMenuItem item;
@@ -40,11 +37,14 @@ frmSetting::frmSetting(QWidget* parent) : Page(parent) {
     add(u"book"_s, u"账本管理"_s, u"book"_s, false);
     strip->onClick = [this](const QString&, const QString& item) { OpenSub(item); };
     strip->onTip = [](const QString&, const QString&) { return StripTip(); };
-    kinds_ = new ChartPanel(u"tKind"_s, true, this);
-    accounts_ = new ChartPanel(u"tSubAcc"_s, true, this);
+    kinds_ = new ChartPanel(Chart::kinds, true, this);
+    accounts_ = new ChartPanel(Chart::accounts, true, this);
     kinds_->setObjectName(u"kinds"_s);
     accounts_->setObjectName(u"accounts"_s);
-    accounts_->hide();
+    for (auto* panel : {kinds_, accounts_}) {
+        panel->hide();
+        Room()->addWidget(panel, 1);
+    }
     OpenSub(u"kind"_s);
 }
 
@@ -59,31 +59,38 @@ void frmSetting::OpenSub(const QString& key) {
     KestroScrollMenu1->Select(kSection, key);
     kinds_->setVisible(panel == kinds_);
     accounts_->setVisible(panel == accounts_);
-    setFocusProxy(panel);
     panel->Reload();
 }
 
+void frmSetting::Shown() {
+    Current()->Shown();
+}
+
+void frmSetting::TabClicked() {
+    OpenSub(u"kind"_s);
+}
+
+void frmSetting::TakeFocus() {
+    Current()->TakeFocus();
+}
+
+bool frmSetting::Can(Act act) const {
+    return Current()->Can(act);
+}
+
+void frmSetting::Do(Act act) {
+    Current()->Do(act);
+}
+
 void frmSetting::ReLoadKindAcc(const QString& key) {
-    if (key == page_ && Panel(key)) Panel(key)->Reload();
+    if (key == page_) Current()->Reload();
 }
 
-void frmSetting::DoKindAcc(const QString& table, const QString& code, const QString& action) {
-    const QString key = table.toLower() == u"tkind" ? u"kind"_s : u"account"_s;
-    OpenSub(key);
-    auto* panel = Panel(key);
-    if (!code.isEmpty()) panel->Select(code);
-    panel->setFocus();
-    if (action == u"New") panel->New();
-    if (action == u"Edit") panel->Edit();
-    if (action == u"Del") panel->Del();
-}
-
-void frmSetting::DoMenu(const QString& menu, const QString& key) {
-    auto* panel = Panel(page_);
-    if (menu != u"key" || !panel) return;
-    if (key == u"new") panel->New();
-    if (key == u"edit") panel->Edit();
-    if (key == u"reload") panel->Reload();
+void frmSetting::DoKindAcc(Chart chart, const QString& code, Act act) {
+    OpenSub(chart == Chart::kinds ? u"kind"_s : u"account"_s);
+    if (!code.isEmpty()) Current()->Select(code);
+    TakeFocus();
+    Do(act);
 }
 
 void frmSetting::pRESETGROUP() {
@@ -93,15 +100,4 @@ void frmSetting::pRESETGROUP() {
 
 void frmSetting::pTRANSACCOUNT() {
     OpenSub(page_);
-}
-
-void frmSetting::resizeEvent(QResizeEvent* event) {
-    Page::resizeEvent(event);
-    const bool narrow = width() < kNarrowPage;
-    const int strip = narrow ? kStripIcons : kStrip;
-    KestroScrollMenu1->SetCollapsed(narrow);
-    KestroScrollMenu1->setGeometry(0, 0, strip, height());
-    const QRect room(strip + kMargin, 0, width() - strip - 2 * kMargin, height() - 8);
-    kinds_->setGeometry(room);
-    accounts_->setGeometry(room);
 }

@@ -1,31 +1,30 @@
 #pragma once
 // frmSetting: the settings page. Strip with its sub-pages, of which kinds and accounts stand.
 
-#include "shell/page.h"
-#include "store/notices.h"
+#include "shell/parts/strip_page.h"
 
 class ChartPanel;
-class KestroScrollMenu;
 
-class frmSetting : public Page {
+class frmSetting : public StripPage {
  public:
     explicit frmSetting(QWidget* parent);
 
-    void DoMenu(const QString& menu, const QString& key) override;
+    void Shown() override;
+    void TabClicked() override;
+    void TakeFocus() override;
+    bool Can(Act act) const override;
+    void Do(Act act) override;
     void pRESETGROUP() override;
     void pTRANSACCOUNT() override;
     /// "kind" or "account"; other sub-pages are not there.
     void OpenSub(const QString& key) override;
     void ReLoadKindAcc(const QString& key) override;
-    void DoKindAcc(const QString& table, const QString& code, const QString& action) override;
-
- protected:
-    void resizeEvent(QResizeEvent* event) override;
+    void DoKindAcc(Chart chart, const QString& code, Act act) override;
 
  private:
     ChartPanel* Panel(const QString& key) const;
+    ChartPanel* Current() const { return Panel(page_); }
 
-    KestroScrollMenu* KestroScrollMenu1;
     ChartPanel* kinds_;
     ChartPanel* accounts_;
     QString page_;

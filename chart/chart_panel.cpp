@@ -1,24 +1,22 @@
 #include "chart/chart_panel.h"
 
+#include "chart/codes.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
+#include "shell/parts/toolbar.h"
+#include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/messages.h"
 #include "store/money.h"
-#include "store/notices.h"
 
-#include <cmath>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kToolbarY = 8;
-constexpr int kButtonHeight = 32;
-constexpr int kTipY = 46;
-constexpr int kListY = 74;
-constexpr int kGap = 8;
+constexpr int kRowGap = 6;
 
 enum Column { kNo, kName, kHide, kOpening, kAdded, kReduced, kBalance, kNote };
 
@@ -30,33 +28,75 @@ RowLook LookOf(const QString& code) {
 
 }  // namespace
 
-ChartPanel::ChartPanel(const QString& table, bool withButtons, QWidget* parent)
-    : QWidget(parent), table_(table) {
-    if (withButtons) BuildButtons();
+ChartPanel::ChartPanel(Chart chart, bool withButtons, QWidget* parent)
+    : QWidget(parent), chart_(chart), fresh_(this, [this] {
+          const QString current = KestroList1_->CurrentKey();
+          Reload();
+          Select(current);
+      }) {
+    auto* room = new QVBoxLayout(this);
+    room->setContentsMargins({});
+    room->setSpacing(kRowGap);
+    if (withButtons) BuildToolbar(room);
     BuildList();
+    room->addWidget(KestroList1_, 1);
+    notices_.push_back(Notices().entriesChanged.Subscribe([this] { fresh_.MarkStale(); }));
+    notices_.push_back(Notices().chartChanged.Subscribe([this](Chart) { fresh_.MarkStale(); }));
 }
 
-bool ChartPanel::IsKinds() const {
-    return table_ == u"tKind";
+void ChartPanel::Shown() {
+    fresh_.Shown();
 }
 
-void ChartPanel::BuildButtons() {
-    const auto add = [this](ButtonLook look, const QString& caption, const QString& icon,
-                            std::function<void()> act) {
-        auto* button = new KestroButton(look, caption, icon, this);
-        button->onClick = std::move(act);
-        button->setEnabled(static_cast<bool>(button->onClick));
-        buttons_.push_back(button);
-        return button;
-    };
-    add(ButtonLook::primary, u"新增"_s, u"new"_s, [this] { New(); })->setObjectName(u"btnNew"_s);
-    add(ButtonLook::toolbar, u"修改"_s, u"edit"_s, [this] { Edit(); })->setObjectName(u"btnEdit"_s);
-    add(ButtonLook::toolbar, u"删除"_s, u"del"_s, [this] { Del(); })->setObjectName(u"btnDel"_s);
-    add(ButtonLook::toolbar, u"导出"_s, u"export"_s, {})->SetArrow(true);
-    add(ButtonLook::toolbar, u"刷新"_s, u"reload"_s, [this] { Reload(); })->setObjectName(u"btnReload"_s);
-    lblTip_ = new KestroLabel(
-        u"当前账本的"_s + (IsKinds() ? u"分类"_s : u"账户"_s) + u"列表（单击左侧导航条会刷新）"_s,
-        LabelKind::caption, this);
+void ChartPanel::TakeFocus() {
+    KestroList1_->setFocus();
+}
+
+bool ChartPanel::Can(Act act) const {
+    switch (act) {
+        case Act::add:
+        case Act::reload:
+            return true;
+        case Act::edit:
+        case Act::remove:
+            return KestroList1_->CurrentRow() >= 0;
+        default:
+            return false;
+    }
+}
+
+void ChartPanel::Do(Act act) {
+    switch (act) {
+        case Act::add:
+            return New();
+        case Act::edit:
+            return Edit();
+        case Act::remove:
+            return Del();
+        case Act::reload:
+            return Reload();
+        default:
+            return;
+    }
+}
+
+void ChartPanel::BuildToolbar(QVBoxLayout* room) {
+    auto* toolbar = new Toolbar(this);
+    const std::pair<Act, QString> acts[] = {{Act::add, u"btnNew"_s},
+                                            {Act::edit, u"btnEdit"_s},
+                                            {Act::remove, u"btnDel"_s},
+                                            {Act::exportHtml, u"btnExport"_s},
+                                            {Act::reload, u"btnReload"_s}};
+    for (const auto& [act, name] : acts) {
+        auto* button = toolbar->Add(act, name, [this, act = act] { Do(act); });
+        if (act != Act::exportHtml) continue;
+        Toolbar::GiveMenu(button, u"export"_s);
+        button->setEnabled(false);
+    }
+    lblTip_ = new KestroLabel(u"当前账本的"_s + TableOf(chart_).word + u"列表（单击左侧导航条会刷新）"_s,
+                              LabelKind::caption, this);
+    room->addWidget(toolbar);
+    room->addWidget(lblTip_);
 }
 
 void ChartPanel::BuildList() {
@@ -72,7 +112,6 @@ void ChartPanel::BuildList() {
     list->DefineColumn({u"note"_s, u"备注"_s, 160, 60, u"string"_s, ListColor::dim, false, {}});
     list->onDoubleClick = [this](int, int) { Edit(); };
     list->onDelete = [this] { Del(); };
-    setFocusProxy(list);
     ResetGroup();
 }
 
@@ -81,26 +120,13 @@ void ChartPanel::ResetGroup() {
         KestroList1_->SetMoneyGroup(column, State().settings.nGroup);
 }
 
-void ChartPanel::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    int x = 0;
-    for (auto* button : buttons_) {
-        const int width = button->sizeHint().width();
-        button->setGeometry(x, kToolbarY, width, kButtonHeight);
-        x += width + kGap;
-    }
-    if (lblTip_) lblTip_->setGeometry(0, kTipY, width(), 24);
-    const int top = buttons_.empty() ? 0 : kListY;
-    KestroList1_->setGeometry(0, top, width(), height() - top);
-}
-
 void ChartPanel::Reload() {
-    const auto lines = ReadChart(State().gDB, table_);
-    KestroList1_->BeginFill();
+    const auto lines = ReadChart(State().gDB, chart_);
+    const ListFill fill(*KestroList1_);
     KestroList1_->Clear();
     for (const auto& line : lines)
         KestroList1_->AddRow(line.cells, line.code, QString::number(line.id), LookOf(line.code));
-    KestroList1_->EndFill();
+    fresh_.MarkFresh();
 }
 
 void ChartPanel::Select(const QString& code) {
@@ -134,16 +160,15 @@ TypedRow ChartPanel::Typed() {
 }
 
 void ChartPanel::Run(const QString& code, const std::function<void()>& change) {
+    const FreshView::Own own(fresh_);
     PendingError failed;
     if (Succeeds(change, &failed)) return;
-    // Statements before the failing one stay applied, so all windows show what the book now holds.
+    // Part of a change may stand before the statement that fails.
     Succeeds([&] {
         Reload();
         Select(code);
-        Tell();
     });
-    LastError() = failed;
-    ReportError({});
+    TellFailure(failed);
 }
 
 void ChartPanel::New() {
@@ -152,10 +177,9 @@ void ChartPanel::New() {
                                  : u"账户编号名称(编号+空格，如：0102 华东区上海)"_s;
     if (!Ask(kinds ? u"新增分类"_s : u"新增账户"_s, prompt, nullptr)) return;
     Run({}, [this] {
-        const auto added = NewRow(State().gDB, table_, Typed());
+        const auto added = NewRow(State().gDB, chart_, Typed());
         if (!added) return;
         Append(added->id, added->record);
-        Tell();
     });
 }
 
@@ -178,7 +202,7 @@ void ChartPanel::Edit() {
         ShowMsg(u"选定的分类记录无效(ID1=-1)! "_s);
         return;
     }
-    auto record = ReadChartRecord(State().gDB, id, table_);
+    auto record = ReadChartRecord(State().gDB, id, chart_);
     if (!record) return;
     const bool kinds = IsKinds();
     const QString title = kinds && record->code == kReservedKind ? u"系统预留分类，不可修改"_s
@@ -191,10 +215,9 @@ void ChartPanel::Edit() {
     // An amount that the box could not show to its last place is not changed by leaving it alone.
     if (!InputDialog().moneyTyped) typed.opening = record->oldOpening;
     Run(KestroList1_->RowKey(row), [&] {
-        const auto changed = ChangeRow(State().gDB, table_, *record, typed);
+        const auto changed = ChangeRow(State().gDB, chart_, *record, typed);
         if (!changed) return;
         ShowChanged(row, *changed);
-        Tell();
     });
 }
 
@@ -212,10 +235,10 @@ void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
 void ChartPanel::Del() {
     const int row = KestroList1_->CurrentRow();
     if (row < 0) {
-        ShowMsg(NoneChosen(table_));
+        ShowMsg(NoneChosen(chart_));
         return;
     }
-    const auto stored = ReadChartRecord(State().gDB, KestroList1_->RowSubKey(row).toLongLong(), table_);
+    const auto stored = ReadChartRecord(State().gDB, KestroList1_->RowSubKey(row).toLongLong(), chart_);
     if (!stored || stored->code != KestroList1_->RowKey(row)) {
         // The row has gone or has another code since the list was read.
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
@@ -226,11 +249,5 @@ void ChartPanel::Del() {
         KestroList1_->SetCurrentRow(-1);
     };
     const QString code = KestroList1_->RowKey(row);
-    Run(code, [&] {
-        if (DeleteRowAsked(State().gDB, code, table_, removeLine)) Tell();
-    });
-}
-
-void ChartPanel::Tell() const {
-    Notices().chartChanged.Emit(table_);
+    Run(code, [&] { DeleteRowAsked(State().gDB, chart_, code, removeLine); });
 }

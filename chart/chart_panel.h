@@ -3,47 +3,54 @@
 // Hosted by the settings page and by the account page.
 
 #include "chart/maintenance.h"
-#include "store/dialogs.h"
+#include "shell/actions.h"
+#include "shell/parts/fresh_view.h"
+#include "store/notices.h"
 
 #include <QWidget>
 
-class KestroButton;
+#include <vector>
+
 class KestroLabel;
 class KestroList;
+class QVBoxLayout;
 
 class ChartPanel : public QWidget {
  public:
-    /// table: tKind or tSubAcc. withButtons: the panel shows its own toolbar; otherwise its host calls.
-    ChartPanel(const QString& table, bool withButtons, QWidget* parent);
+    /// withButtons: the panel shows its own toolbar; otherwise its host calls.
+    ChartPanel(Chart chart, bool withButtons, QWidget* parent);
 
+    /// The panel has come to the front: loads what has gone stale.
+    void Shown();
+    void TakeFocus();
+    bool Can(Act act) const;
+    void Do(Act act);
     /// Reads the chart again.
     void Reload();
     /// Selects the row of a code from the top; nothing when there is none.
     void Select(const QString& code);
+    void ResetGroup();
+
+ private:
+    void BuildToolbar(QVBoxLayout* room);
+    void BuildList();
+    bool IsKinds() const { return chart_ == Chart::kinds; }
     void New();
     void Edit();
     void Del();
-    void ResetGroup();
-
- protected:
-    void resizeEvent(QResizeEvent* event) override;
-
- private:
-    void BuildButtons();
-    void BuildList();
-    bool IsKinds() const;
     /// Shows frmInput over its record; true when it was confirmed.
     bool Ask(const QString& title, const QString& prompt, const ChartRecord* start);
-    /// Carries out a change of the row of a code; a failing statement is told after the lists are fresh.
+    /// Carries out a change of the row of a code, which shows itself; a failing one is told after the list is
+    /// fresh.
     void Run(const QString& code, const std::function<void()>& change);
     void Append(qint64 id, const ChartRecord& record);
     void ShowChanged(int row, const ChartRecord& record);
     /// What stands in the input box's record.
     static TypedRow Typed();
-    void Tell() const;
 
-    QString table_;
-    std::vector<KestroButton*> buttons_;
+    Chart chart_;
     KestroLabel* lblTip_ = nullptr;
     KestroList* KestroList1_;
+    FreshView fresh_;
+    std::vector<NoticeToken> notices_;
 };

@@ -17,21 +17,21 @@
 using namespace Qt::StringLiterals;
 
 frmTree::frmTree(QWidget* parent)
-    : KestroDialog(DialogKind::common, {}, parent), sTable_(record_.key.toLower()) {
-    SetCaption(sTable_ == u"tkind" ? u"多级分类树"_s : u"多级账户树"_s);
+    : KestroDialog(DialogKind::common, {}, parent), chart_(ChartOf(record_.key).value_or(Chart::kinds)) {
+    SetCaption(chart_ == Chart::kinds ? u"多级分类树"_s : u"多级账户树"_s);
     record_.done = 0;
     KestroTree1_ = new KestroTree(Body());
     KestroTree1_->setAccessibleName(windowTitle());
     auto* room = new QVBoxLayout(Body());
-    room->setContentsMargins(Skin::Space::kPage, 4, Skin::Space::kPage, Skin::Space::kPage);
+    room->setContentsMargins(Skin::kPageMargin, 4, Skin::kPageMargin, Skin::kPageMargin);
     room->addWidget(KestroTree1_);
 
     btnExpand_ = new KestroButton(ButtonLook::plain, u"展开"_s, u"tree"_s, Footer());
     btnCancel_ = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Footer());
     btnEnter_ = new KestroButton(ButtonLook::primary, u"确定"_s, {}, Footer());
     auto* row = new QHBoxLayout(Footer());
-    row->setContentsMargins(Skin::Space::kPage, 0, Skin::Space::kPage, 0);
-    row->setSpacing(Skin::Space::kPartner);
+    row->setContentsMargins(Skin::kPageMargin, 0, Skin::kPageMargin, 0);
+    row->setSpacing(Skin::kPartnerGap);
     row->addWidget(btnExpand_);
     row->addStretch();
     row->addWidget(btnCancel_);
@@ -58,7 +58,7 @@ frmTree::frmTree(QWidget* parent)
 
 void frmTree::LoadNode(const QString& key, const QString& name, int parentIndex) {
     const int node = KestroTree1_->AddNode(parentIndex, key + name, key);
-    for (const auto& child : ChildCodes(State().gDB, sTable_, key))
+    for (const auto& child : ChildCodes(State().gDB, chart_, key))
         LoadNode(child.code, child.name, node);
 }
 

@@ -2,6 +2,7 @@
 // frmTree: the chart of kinds or accounts as a tree, to pick one code from.
 
 #include "shell/controls/kestro_dialog.h"
+#include "store/chart.h"
 #include "store/dialogs.h"
 
 #include <QPoint>
@@ -24,7 +25,7 @@ class frmTree : public KestroDialog {
 
     TreeDialog record_;
     PopupScope popup_;
-    QString sTable_;
+    Chart chart_;
     bool bExpanded_ = false;
     KestroTree* KestroTree1_;
     KestroButton* btnEnter_;

@@ -2,8 +2,9 @@
 
 #include "chart/codes.h"
 #include "store/book_format.h"
-#include "store/entry_rows.h"
+#include "store/entry_effect.h"
 #include "store/money.h"
+#include "store/picture_index.h"
 
 #include <cmath>
 
@@ -24,6 +25,20 @@ AccountRow OpeningRow(cConnection& book, double amount) {
     row.Time1 = kTime;
     row.sPic = u"0"_s;
     return row;
+}
+
+qint64 EntryOfRecord(cConnection& book, qint64 record) {
+    const auto row = FindRow(book, u"tSubAccItem"_s, record);
+    return row ? row->Int(u"AccId") : -1;
+}
+
+// The rows of an opening entry that have moved balances.
+PostedIds MovedRows(cConnection& book, Chart chart, qint64 link, PostedIds ids) {
+    const auto main = FindRow(book, u"tAccount"_s, ids.main);
+    if (chart == Chart::kinds || (main && main->Text(u"Type1") == kReservedKind)) ids.main = -1;
+    if (chart == Chart::accounts && ids.record1 == link) ids.record1 = -1;
+    if (chart == Chart::accounts && ids.record2 == link) ids.record2 = -1;
+    return ids;
 }
 
 }  // namespace
@@ -63,4 +78,23 @@ AccountOpening AddAccountOpeningEntry(cConnection& book, double amount, const QS
     record.Time1 = kTime;
     InsertSubAccItemRow(book, record);
     return {row.Id1, record.Id1};
+}
+
+qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QString& code,
+                       const QString& name) {
+    return chart == Chart::kinds ? AddKindOpeningEntry(book, amount, code, name)
+                                 : AddAccountOpeningEntry(book, amount, code, name).record;
+}
+
+void RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link) {
+    const qint64 entry = chart == Chart::kinds ? link : EntryOfRecord(book, link);
+    if (const auto ids = TiesOf(book, entry)) {
+        MoveBalances(book, MovedRows(book, chart, link, *ids), Effect::takeBack);
+        DeletePictures(book, u"tAccount"_s, entry);
+        for (const qint64 row : {ids->main, ids->second})
+            DeleteRow(book, u"tAccount"_s, row);
+        for (const qint64 record : {ids->record1, ids->record2})
+            DeleteRow(book, u"tSubAccItem"_s, record);
+    }
+    DeleteRow(book, TableOf(chart).rows, link);
 }

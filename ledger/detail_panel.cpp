@@ -4,8 +4,17 @@
 #include "store/text.h"
 
 #include <QPainter>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kTitle = 30;
+constexpr int kHeading = 24;
+constexpr int kRow = 24;
+constexpr int kRows = 6;
+constexpr int kFrame = 4;
+}  // namespace
 
 ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new KestroList(this)) {
     list_->SetCompact(true);
@@ -14,6 +23,9 @@ ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new
     list_->DefineColumn({u"item"_s, u"项目"_s, 76, 60, u"string"_s, ListColor::dim, false, {}});
     list_->DefineColumn({u"name"_s, u"编号名称"_s, 200, 40, u"string"_s, ListColor::none, true, {}});
     list_->DefineColumn({u"money"_s, u"金额(元)"_s, 84, 70, u"money"_s, ListColor::signedMoney, false, {}});
+    auto* room = new QVBoxLayout(this);
+    room->setContentsMargins(0, TitleHeight(), 0, 0);
+    room->addWidget(list_);
 }
 
 void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,
@@ -28,9 +40,22 @@ void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,
     update();
 }
 
-void ListPage::DetailPanel::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    list_->setGeometry(0, kTitle, width(), height() - kTitle);
+int ListPage::DetailPanel::TitleHeight() const {
+    return Skin::Px(kTitle);
+}
+
+int ListPage::DetailPanel::HeightBelow() const {
+    return TitleHeight() + Skin::Px(kHeading + kRows * kRow) + kFrame;
+}
+
+void ListPage::DetailPanel::Place(bool aside) {
+    placed_ = true;
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    if (aside)
+        setFixedWidth(kWidth);
+    else
+        setFixedHeight(HeightBelow());
 }
 
 void ListPage::DetailPanel::paintEvent(QPaintEvent*) {
@@ -39,7 +64,7 @@ void ListPage::DetailPanel::paintEvent(QPaintEvent*) {
     p.setFont(Skin::Font(Type::body));
     p.setPen(Skin::Color(Tok::text2));
     const QRect line = rect().adjusted(8, 0, -8, 0);
-    const QRect head(line.x(), 0, line.width(), kTitle);
+    const QRect head(line.x(), 0, line.width(), TitleHeight());
     p.drawText(head, Qt::AlignVCenter | Qt::AlignLeft, heading_);
     const int used = p.fontMetrics().horizontalAdvance(heading_);
     p.setFont(Skin::Font(Type::bodyBold));

@@ -1,5 +1,5 @@
 #pragma once
-// The panel under the list: what one line holds, as six rows of label, code and name, amount.
+// The panel of what one line holds: six rows of label, code and name, amount.
 
 #include "ledger/list_page.h"
 
@@ -7,23 +7,27 @@
 
 #include <vector>
 
-class KestroLabel;
-
 class ListPage::DetailPanel : public QWidget {
  public:
-    static constexpr int kTitle = 30;
-    static constexpr int kHeight = kTitle + 24 + 6 * 24 + 4;  ///< title, heading, six rows, frame
+    static constexpr int kWidth = 280;  ///< beside the list
 
     explicit DetailPanel(QWidget* parent);
     KestroList* List() const { return list_; }
     void Fill(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
+    /// The room it takes below the list.
+    int HeightBelow() const;
+    /// Fixes its width beside the list, or its height below it.
+    void Place(bool aside);
+    bool IsPlaced() const { return placed_; }
 
  protected:
-    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
  private:
+    int TitleHeight() const;
+
     QString heading_;
     QString title_;
     KestroList* list_;
+    bool placed_ = false;
 };

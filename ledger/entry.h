@@ -1,6 +1,8 @@
 #pragma once
 // What one entry holds as typed: the values between the entry window and the book.
 
+#include "store/chart.h"
+
 #include <QString>
 
 #include <array>
@@ -47,5 +49,7 @@ struct EntryValues {
     bool account2On = false;  ///< chkOther1
 };
 
-/// The chart that a slot picks from: tKind or tSubAcc.
-QString TableOfSlot(int slot);
+/// The chart that a slot picks from.
+constexpr Chart ChartOfSlot(size_t slot) {
+    return slot < kAccount1 ? Chart::kinds : Chart::accounts;
+}

@@ -73,10 +73,6 @@ EntryComplaint CheckAccounts(EntryValues& e) {
 
 }  // namespace
 
-QString TableOfSlot(int slot) {
-    return slot < kAccount1 ? u"tKind"_s : u"tSubAcc"_s;
-}
-
 EntryComplaint CheckEntry(EntryValues& entry) {
     if (auto head = CheckHead(entry); !head.Good()) return head;
     if (auto kinds = CheckKinds(entry); !kinds.Good()) return kinds;

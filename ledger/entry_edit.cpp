@@ -1,10 +1,10 @@
 #include "ledger/entry_edit.h"
 
 #include "ledger/entry_check.h"
-#include "store/book_format.h"
-#include "store/entry_rows.h"
+#include "ledger/posting.h"
 #include "store/messages.h"
 #include "store/money.h"
+#include "store/notices.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,31 +12,6 @@ namespace {
 
 const QString kEntries = u"tAccount"_s;
 const QString kRecords = u"tSubAccItem"_s;
-
-void SetTie(cConnection& book, const QString& column, qint64 value, qint64 row) {
-    if (!book.RowOf(kEntries, row)) return;
-    book.Execute(u"update tAccount set "_s + column + u"= "_s + QString::number(value) + u" where "_s +
-                 book.WhereIds(kEntries, {row}));
-}
-
-void DeleteRow(cConnection& book, const QString& table, qint64 id) {
-    if (book.RowOf(table, id))
-        book.Execute(u"delete from "_s + table + u" where "_s + book.WhereIds(table, {id}));
-}
-
-qint64 AddKindRow(cConnection& book, const EntryValues& e, size_t slot) {
-    AccountRow row = KindRow(e, slot);
-    row.Id1 = NewId(book, u"taccount"_s);
-    InsertAccountRow(book, row);
-    return row.Id1;
-}
-
-qint64 AddAccountRow(cConnection& book, const EntryValues& e, size_t slot, qint64 main) {
-    SubAccItemRow row = RecordRow(e, slot, main);
-    row.Id1 = NewId(book, u"tsubaccitem"_s);
-    InsertSubAccItemRow(book, row);
-    return row.Id1;
-}
 
 void ChangeSecondKind(cConnection& book, const EntryValues& e, PostedIds& ids) {
     const bool exists = ids.second != -1;
@@ -47,7 +22,7 @@ void ChangeSecondKind(cConnection& book, const EntryValues& e, PostedIds& ids) {
         SetTie(book, u"IID"_s, -1, ids.main);
         ids.second = -1;
     } else if (e.kind2On) {
-        ids.second = AddKindRow(book, e, kKind2);
+        ids.second = AddKindRow(book, KindRow(e, kKind2));
         SetTie(book, u"IID"_s, ids.second, ids.main);
         SetTie(book, u"IID"_s, ids.main, ids.second);
     }
@@ -58,14 +33,14 @@ void ChangeAccount(cConnection& book, const EntryValues& e, size_t slot, bool wa
                    qint64& record, const QString& column) {
     const bool exists = record != -1;
     if (exists && wanted) {
-        RewriteSubAccItemRow(book, record, RecordRow(e, slot, ids.main));
+        RewriteSubAccItemRow(book, record, RecordRow(e, slot));
     } else if (exists) {
         DeleteRow(book, kRecords, record);
         SetTie(book, column, -1, ids.main);
         SetTie(book, column, -1, ids.second);
         record = -1;
     } else if (wanted) {
-        record = AddAccountRow(book, e, slot, ids.main);
+        record = AddRecordRow(book, RecordRow(e, slot), ids.main);
         SetTie(book, column, record, ids.main);
         SetTie(book, column, record, ids.second);
     }
@@ -77,13 +52,14 @@ bool RewriteEntry(cConnection& book, const EntryValues& e, qint64 main) {
     const auto ties = TiesOf(book, main);
     if (!ties) return false;
     PostedIds ids = *ties;
-    MoveBalances(book, ids, u"-"_s);
+    MoveBalances(book, ids, Effect::takeBack);
     RewriteAccountRow(book, ids.main, KindRow(e, kKind1));
     ChangeSecondKind(book, e, ids);
     ChangeAccount(book, e, kAccount1, e.toAccount, ids, ids.record1, u"IIID"_s);
     ChangeAccount(book, e, kAccount2, e.toAccount && e.account2On, ids, ids.record2, u"IIID1"_s);
-    MoveBalances(book, ids, u"+"_s);
+    MoveBalances(book, ids, Effect::apply);
     save.Commit();
+    Notices().entriesChanged.Emit();
     return true;
 }
 

@@ -10,7 +10,6 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
-#include <initializer_list>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
@@ -33,14 +32,6 @@ QString IconGroup(const cReader& row) {
     return group == u"000" ? QString() : group;
 }
 
-// Texts one behind the other, decoded together.
-QString Joined(std::initializer_list<QByteArrayView> pieces) {
-    QVarLengthArray<char, 160> bytes;
-    for (const auto piece : pieces)
-        bytes.append(piece.data(), piece.size());
-    return QString::fromUtf8(bytes.data(), bytes.size());
-}
-
 EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const QString& rmb) {
     const bool add = row.Int(kSign) == 1;
     EntryLine line;
@@ -56,12 +47,6 @@ EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const 
     line.cells.push_back(row.Text(kTitle));
     line.cells.push_back(IconGroup(row));
     return line;
-}
-
-double SumWhere(cConnection& book, const EntryQuery& query, const QString& sign) {
-    auto row =
-        book.Read(u"select sum(Value1) as SumAll"_s + query.from + query.where + u" and nSign="_s + sign);
-    return row.Next() ? row.Number(0) : 0;
 }
 
 QString SignedAmount(const cRecordset& row) {
@@ -82,16 +67,15 @@ void FillRecord(cConnection& book, QStringList& line, qint64 id) {
 
 }  // namespace
 
-QString DateCondition(const EntryFilter& f) {
-    const auto plain = [](QString label) { return label.replace(u'\n', u'-'); };
-    const QString d1 = plain(f.date1);
-    const QString d2 = plain(f.date2);
-    const bool has1 = !d1.isEmpty() && d1 != u"日期1";
-    const bool has2 = !d2.isEmpty() && d2 != u"日期2";
-    if (has1 && has2) return u" and (date1 >="_s + Quote(d1) + u" and date1<= "_s + Quote(d2) + u')';
-    if (has1) return u" and Date1>="_s + Quote(d1);
-    if (has2) return u" and Date1<="_s + Quote(d2);
-    return {};
+QString Joined(std::initializer_list<QByteArrayView> pieces) {
+    QVarLengthArray<char, 160> bytes;
+    for (const auto piece : pieces)
+        bytes.append(piece.data(), piece.size());
+    return QString::fromUtf8(bytes.data(), bytes.size());
+}
+
+QString MatterCondition(const QString& text) {
+    return text.trimmed().isEmpty() ? QString() : u" and Title1 like "_s + Quote(u'%' + text + u'%');
 }
 
 QString SumText(double x) {
@@ -103,22 +87,14 @@ QString EntryQuery::Sql() const {
 }
 
 EntryQuery BuildEntryQuery(const EntryFilter& f) {
-    EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder, f.kind == u"all"};
+    EntryQuery query{kColumns, u" from tAccount  where 1 "_s, {}, kOrder};
+    query.all = f.kind == u"all";
+    query.sums = !query.all;
     if (f.marked) query.where += u" and Mark1=1"_s;
-    if (!f.text.trimmed().isEmpty())
-        query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    query.where += MatterCondition(f.text);
     query.where += query.all ? u" and bIsMain=1"_s : u" and "_s + AtOrBelow(u"Type1"_s, f.kind);
-    query.where += DateCondition(f);
+    query.where += PeriodCondition(f.period);
     return query;
-}
-
-QString CheckedCondition(const QStringList& ids) {
-    return ids.isEmpty() ? u" and id1=-1"_s : u" and id1 in("_s + ids.join(u',') + u')';
-}
-
-int CountLines(cConnection& book, const EntryQuery& query) {
-    auto row = book.Read(u"select count(id1) as SumCount"_s + query.from + query.where);
-    return row.Next() ? static_cast<int>(row.Int(0)) : 0;
 }
 
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
@@ -161,7 +137,12 @@ std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number) {
 }
 
 EntrySums ReadSums(cConnection& book, const EntryQuery& query) {
-    return {SumWhere(book, query, u"1"_s), SumWhere(book, query, u"-1"_s), CountLines(book, query)};
+    const QString sums = query.sums ? u",sum(case when nSign=1 then Value1 end) as SumIn,"
+                                      u"sum(case when nSign=-1 then Value1 end) as SumOut"_s
+                                    : u",0,0"_s;
+    auto row = book.Read(u"select count(id1) as SumCount"_s + sums + query.from + query.where);
+    if (!row.Next()) return {};
+    return {row.Number(1), row.Number(2), static_cast<int>(row.Int(0))};
 }
 
 SumTexts ShowSumTexts(const EntrySums& sums, bool all) {

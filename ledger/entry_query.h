@@ -3,24 +3,29 @@
 
 #include "store/connection.h"
 #include "store/job.h"
+#include "store/period.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
 constexpr int kLinesPerPage = 10000;
 
-/// The filter controls of the page. Dates are the texts of the date buttons, in one line or two.
+/// The filter controls of the page.
 struct EntryFilter {
     QString kind = QStringLiteral("all");  ///< "all" or a code
     QString text;
-    QString date1 = QStringLiteral("日期1");
-    QString date2 = QStringLiteral("日期2");
+    Period period;
     bool marked = false;
 };
+
+/// Column indices of both lists; that of records has no marks.
+enum EntryColumn { kColNo, kColDate, kColKind, kColAdd, kColReduce, kColRmb, kColThing, kColMark };
 
 /// A list query in its members; nothing is ever cut out of the whole text.
 struct EntryQuery {
@@ -28,15 +33,10 @@ struct EntryQuery {
     QString from;   ///< the table and the start of the where part
     QString where;  ///< what stands behind "where 1 "
     QString order;
-    bool all = true;  ///< one line an entry; false: the rows of one kind with a running balance
+    bool all = true;   ///< one line an entry; false: the rows of one code with a running balance
+    bool sums = true;  ///< increase and decrease of the whole filter are shown; otherwise its count alone
     QString Sql() const;
 };
-
-/// The condition that keeps the checked lines alone, for printing; no line at all when none is checked.
-QString CheckedCondition(const QStringList& ids);
-
-/// The condition of the two date limits, empty when both are unset.
-QString DateCondition(const EntryFilter& filter);
 
 EntryQuery BuildEntryQuery(const EntryFilter& filter);
 
@@ -48,7 +48,12 @@ struct EntryLine {
     QString signedAmount;  ///< Value1 times nSign, of a single line alone
 };
 
-int CountLines(cConnection& book, const EntryQuery& query);
+/// Matter texts that contain text, which goes into the pattern as typed; blanks alone are no condition.
+QString MatterCondition(const QString& text);
+
+/// Stored texts one behind the other, decoded together.
+QString Joined(std::initializer_list<QByteArrayView> pieces);
+
 /// Hands the lines of a page (from 0) to take, in order. Ends early when the job was stopped; true when all
 /// of the page was read.
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
@@ -60,7 +65,8 @@ QString AmountHeading(const EntryQuery& query);
 /// The line of one row as it is appended after saving: the line number is number, column 5 is empty.
 std::optional<EntryLine> ReadOneLine(cConnection& book, qint64 id, int number);
 
-/// Sums of the whole filter.
+/// Figures of the whole filter, from one statement. Increase and decrease stay 0 where the query wants no
+/// sums.
 struct EntrySums {
     double in = 0, out = 0;
     int count = 0;

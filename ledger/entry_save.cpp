@@ -22,7 +22,7 @@ void DropUnclaimedPictures(cConnection& book) {
 }
 
 bool CheckLeaf(cConnection& book, size_t slot, const QString& code) {
-    if (IsLeafCode(book, code, TableOfSlot(static_cast<int>(slot)))) return true;
+    if (IsLeafCode(book, code, ChartOfSlot(slot))) return true;
     ShowMsg(slot < kAccount1 ? u"错误：该分类不是最后一级，请重新选择!"_s
                              : u"错误：该账户不是最后一级，请重新选择!"_s,
             u"确定"_s, kMsgFail);
@@ -32,6 +32,6 @@ bool CheckLeaf(cConnection& book, size_t slot, const QString& code) {
 bool PickCode(cConnection& book, EntryValues& entry, size_t slot, const QString& code) {
     if (!CheckLeaf(book, slot, code)) return false;
     entry.code[slot] = code;
-    entry.name[slot] = NameByCode(book, code, TableOfSlot(static_cast<int>(slot)));
+    entry.name[slot] = NameByCode(book, code, ChartOfSlot(slot));
     return true;
 }

@@ -1,51 +1,107 @@
 #include "ledger/frm_account.h"
 
-#include "ledger/entry_columns.h"
 #include "ledger/templates.h"
 #include "shell/book_switch.h"
-#include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
-#include "shell/controls/kestro_label.h"
-#include "shell/controls/kestro_text.h"
-#include "store/dates.h"
+#include "shell/controls/kestro_list.h"
 #include "store/dialogs.h"
 #include "store/messages.h"
-
-#include <QKeyEvent>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-frmAccount::frmAccount(QWidget* parent) : ListPage(parent, EntryPageWords()) {
-    query_ = BuildEntryQuery({});
-    Connect();
-    ConnectStrip();
-    LoadComkindData();
-    ReloadScroll();
-    ReloadScrollBooks();
-    const auto period = QuickPeriodLabels(State().settings.LoadDate);
-    SetPeriod(period.first, period.second);
+namespace {
+
+ListPageWords Words() {
+    ListPageWords words;
+    words.chart = Chart::kinds;
+    words.treeTip = u"在分类树中选择"_s;
+    words.searchPrompt = u"搜索事情标题"_s;
+    words.newTip = u"新增记账"_s;
+    words.editTip = u"修改记账"_s;
+    words.delTip = u"删除选中的一条记账"_s;
+    words.printTip = u"打印当前列表所有记账"_s;
+    words.exportTip = u"1.导出当前列表记录.\n2.若记录超出１万条，请单击页数下拉框逐一导出!"_s;
+    words.kindIcon = u"kind"_s;
+    words.columns = EntryColumns();
+    return words;
 }
 
-void frmAccount::Connect() {
-    btnNew->onClick = [this] { NewEntry(); };
-    btnEdit->onClick = [this] { EditCurrent(); };
+}  // namespace
+
+std::vector<ListColumn> EntryColumns() {
+    return {
+        {u"null"_s, u"NO"_s, 60, 20, u"number"_s, ListColor::dim, false, {}},
+        {u"date"_s, u"记账日期"_s, 110, 100, u"date"_s, ListColor::dim, false, {}},
+        {u"kind"_s, u"事情分类"_s, 180, 100, u"string"_s, ListColor::none, false, {}},
+        {u"add"_s, u"增加"_s, 65, 60, u"money"_s, ListColor::add, false, {}},
+        {u"reduce"_s, u"减少"_s, 65, 60, u"money"_s, ListColor::reduce, false, {}},
+        {u"rmb"_s, u"金   额"_s, 80, 60, u"money"_s, ListColor::none, false,
+         u"余额在【事情分类】为【全部】的情况下不显示，因为无意义!"_s},
+        {u"thing"_s, u"事情"_s, 200, 140, u"string"_s, ListColor::none, true, {}},
+        {u"mark"_s, u"提示"_s, 60, 60, u"icons"_s, ListColor::none, false,
+         u"此列三个图标的含义：\n红旗：代表【重要】\n图片：代表有【图片】\n书本：代表同时记到【账户】"_s},
+    };
+}
+
+frmAccount::frmAccount(QWidget* parent) : ListPage(parent, Words()) {
+    query_ = BuildEntryQuery({});
     chkFlag->setToolTip(
         u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
     chkFlag->onChange = [this](bool) { ReloadData(); };
-    KestroList1->onRightClick = [this](int, const QPoint& at) { ShowMenu(at); };
-    KestroList1->onDoubleClick = [this](int, int) { EditCurrent(); };
-    KestroList1->onKey = [this](QKeyEvent* event) { return ListKey(event); };
     notices_.push_back(Notices().booksChanged.Subscribe([this] { ReloadScrollBooks(); }));
-    notices_.push_back(Notices().entrySaved.Subscribe([this](qint64 id) { AppendEntry(id); }));
-    notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
-        if (table.toLower() != u"tkind") return;
-        LoadComkindData();
-        ReloadScroll();
-        ReloadInPlace();
-    }));
+    ConnectStrip();
+    ReloadChoosers();
+    ReloadScrollBooks();
+    SetPeriod(PeriodOfKey(State().settings.LoadDate));
+}
+
+void frmAccount::ReloadChoosers() {
+    LoadComkindData();
+    ReloadScroll();
+}
+
+bool frmAccount::Can(Act act) const {
+    switch (act) {
+        case Act::add:
+        case Act::newEntry:
+            return HasDialog(kDlgEntry);
+        case Act::remember:
+            return HasLine();
+        case Act::fold:
+        case Act::unfold:
+        case Act::kindMoney:
+            return true;
+        case Act::kindAdd:
+        case Act::kindEdit:
+        case Act::kindDelete:
+            return HasPageFactory(kTabSetting);
+        default:
+            return ListPage::Can(act);
+    }
+}
+
+void frmAccount::Do(Act act) {
+    switch (act) {
+        case Act::add:
+        case Act::newEntry:
+            return NewEntry();
+        case Act::remember:
+            return AddToTemplates();
+        case Act::fold:
+        case Act::unfold:
+            return FoldStrip(act == Act::fold);
+        case Act::kindMoney:
+            return ShowKindMoney();
+        case Act::kindAdd:
+        case Act::kindEdit:
+        case Act::kindDelete:
+            return GoToKind(act);
+        default:
+            return ListPage::Do(act);
+    }
 }
 
 EntryQuery frmAccount::BuildQuery(const EntryFilter& filter) const {
@@ -56,19 +112,11 @@ void frmAccount::ReadRows(int page, Job& job, const std::function<void(EntryLine
     ReadLines(State().gDB, query_, page, job, take);
 }
 
-void frmAccount::ShowSums() {
-    const auto sums = ShowSumTexts(ReadSums(State().gDB, query_), query_.all);
-    ShowSumLabels(sums.count, sums.value);
-    sumsTag_ = sums.tag;
-    ShowFigures(sums);
-}
-
 void frmAccount::pTRANSACCOUNT() {
     KestroList1->Clear();
     sKind = u"all"_s;
     ResetFilters();
-    LoadComkindData();
-    ReloadScroll();
+    ReloadChoosers();
     ReloadScrollBooks();
     ReloadData();
 }
@@ -77,8 +125,15 @@ void frmAccount::NewEntry() {
     ResetDlg(kDlgEntry);
     EntryDialog entry;
     entry.isNew = 1;
-    if (!OpenModal(kDlgEntry) || !EntryDialog().done) return;
-    AppendEntry(EntryDialog().id);
+    {
+        const FreshView::Own own(fresh_);
+        if (!OpenModal(kDlgEntry)) return;
+    }
+    if (!entry.done) return;
+    const qint64 id = entry.id;
+    ShowOwnChange([this, id] { AppendEntry(id); });
+    const int row = query_.all ? -1 : KestroList1->FindRow(QString::number(id));
+    if (row >= 0) MakeCurrent(row);
 }
 
 // Lines may have been deleted above, so the next number is not the count of lines.
@@ -90,18 +145,14 @@ int frmAccount::NextNumber() const {
 }
 
 void frmAccount::AppendEntry(qint64 id) {
-    ShowSums();
     if (id == -1) return;
-    const int rows = KestroList1->RowCount();
     auto line = ReadOneLine(State().gDB, id, NextNumber());
     if (!line) {
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
         return;
     }
     KestroList1->AddRow(std::move(line->cells), line->key, line->subKey);
-    KestroList1->SetCurrentRow(rows);
-    KestroList1->ScrollToRow(rows);
-    ShowDetail();
+    MakeCurrent(KestroList1->RowCount() - 1);
 }
 
 qint64 frmAccount::EntryOf(int row) const {
@@ -120,14 +171,6 @@ void frmAccount::ChooseCode(const QString& code) {
     ReloadData();
 }
 
-void frmAccount::ShowMenu(QPoint at) {
-    const bool chosen = KestroList1->CurrentRow() >= 0;
-    Menus::SetEnabled(u"edit"_s, u"new"_s, true);
-    for (const QString& key : {u"edit"_s, u"del"_s, u"template"_s})
-        Menus::SetEnabled(u"edit"_s, key, chosen);
-    Menus::Popup(u"edit"_s, at);
-}
-
 void frmAccount::AddToTemplates() {
     const int row = KestroList1->CurrentRow();
     if (row < 0) {
@@ -137,41 +180,16 @@ void frmAccount::AddToTemplates() {
     AddTemplate(State().gDB, EntryOf(row));
 }
 
-void frmAccount::DoMenu(const QString& menu, const QString& key) {
-    if (menu == u"searchdate") return ReloadData();
-    if (menu == u"key") return DoKey(key);
-    if (menu == u"edit" && key == u"new") return NewEntry();
-    if (menu == u"edit" && key == u"edit") return EditCurrent();
-    if (menu == u"edit" && key == u"del") return DeleteCurrent();
-    if (menu == u"edit" && key == u"template") return AddToTemplates();
-    if (menu == u"scroll") return FoldStrip(key == u"zip");
-    if (menu == u"scrollkind") return DoKindMenu(key);
-}
-
-void frmAccount::DoKindMenu(const QString& key) {
-    if (key == u"scrollmoney") return ShowKindMoney();
+void frmAccount::GoToKind(Act act) {
     const auto* kind = ChosenKind();
-    if (key != u"scrollnew" && !kind) {
+    if (act != Act::kindAdd && !kind) {
         ShowMsg(u"【未选定】任何分类项!"_s);
         return;
     }
     const QString code = kind ? kind->code : QString();
-    const QString action = key == u"scrollnew" ? u"New"_s : key == u"scrolledit" ? u"Edit"_s : u"Del"_s;
-    Host().show(5);
-    if (auto* settings = PageOfCode(kPageSetting)) settings->DoKindAcc(u"tKind"_s, code, action);
-}
-
-void frmAccount::DoKey(const QString& name) {
-    if (name == u"new") NewEntry();
-    if (name == u"edit") EditCurrent();
-    if (name == u"reload") ReloadData();
-    if (name == u"find") txtSearch->setFocus(Qt::ShortcutFocusReason);
-}
-
-bool frmAccount::ListKey(QKeyEvent* event) {
-    if (event->key() != Qt::Key_N || event->modifiers() != Qt::ControlModifier) return false;
-    NewEntry();
-    return true;
+    const Act there = act == Act::kindAdd ? Act::add : act == Act::kindEdit ? Act::edit : Act::remove;
+    Host().show(kTabSetting);
+    if (auto* settings = PageOfCode(kPageSetting)) settings->DoKindAcc(Chart::kinds, code, there);
 }
 
 void frmAccount::MyTrack_DragDropFiles(int count, const QString& names) {
@@ -180,9 +198,4 @@ void frmAccount::MyTrack_DragDropFiles(int count, const QString& names) {
         return;
     }
     OpenDBFile(names);
-}
-
-QString frmAccount::BuildPrintInfo(bool bChecked) const {
-    const QString checked = bChecked ? CheckedCondition(KestroList1->CheckedKeys()) : QString();
-    return u"tAccount/1/【"_s + comKind->text() + u"】账务列表/"_s + query_.where + checked + u"/1"_s;
 }

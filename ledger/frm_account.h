@@ -3,32 +3,31 @@
 // books and kinds.
 
 #include "chart/codes.h"
-#include "ledger/entry_query.h"
 #include "ledger/list_page.h"
-#include "shell/menus.h"
+
+/// The columns of the entry list.
+std::vector<ListColumn> EntryColumns();
 
 class frmAccount : public ListPage {
  public:
     explicit frmAccount(QWidget* parent);
 
-    void DoMenu(const QString& menu, const QString& key) override;
+    bool Can(Act act) const override;
+    void Do(Act act) override;
     void pTRANSACCOUNT() override;
     void SelectBook(int index) override;
     void MyTrack_DragDropFiles(int count, const QString& names) override;
 
-    /// The print job's text: table, mode, title, condition, mark.
-    QString BuildPrintInfo(bool bChecked) const;
-
  protected:
     EntryQuery BuildQuery(const EntryFilter& filter) const override;
     void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) override;
-    void ShowSums() override;
+    void ShowFigures(const EntrySums& sums) override;
     qint64 EntryOf(int row) const override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
     void ChooseCode(const QString& code) override;
+    void ReloadChoosers() override;
 
  private:
-    void Connect();
     void ConnectStrip();
     void LoadComkindData();
     void ReloadScroll();
@@ -36,23 +35,20 @@ class frmAccount : public ListPage {
     void ChooseKind(const QString& code);
     void ShowChosenKind(const QString& code);
     void SelectKindInStrip();
-    void ShowFigures(const SumTexts& sums);
     void FoldStrip(bool folded);
     const ChartRow* ChosenKind() const;
     void NewEntry();
     void AppendEntry(qint64 id);
-    void ShowMenu(QPoint at);
     int NextNumber() const;
     void AddToTemplates();
     void ShowKindMoney();
-    void DoKindMenu(const QString& key);
-    void DoKey(const QString& name);
-    bool ListKey(QKeyEvent* event);
+    void GoToKind(Act act);
     QString BookTip(const QString& key) const;
     QString StripTip(const QString& section, const QString& item) const;
     void StripClicked(const QString& section, const QString& item);
     void StripDoubleClicked(const QString& section, const QString& item);
 
     QString stripSection_;  ///< the section whose menu is open
+    QString stripKind_;     ///< the kind whose menu is open; empty: the chosen one
     std::vector<ChartRow> kinds_;
 };

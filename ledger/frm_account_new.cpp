@@ -88,7 +88,7 @@ void frmAccountNew::ConnectAccounts() {
 
 void frmAccountNew::FillLists() {
     for (size_t slot = 0; slot < combos_.size(); ++slot)
-        for (const auto& row : ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot))))
+        for (const auto& row : ShownCodes(State().gDB, ChartOfSlot(slot)))
             combos_[slot]->AddItem(row.code + row.name, row.code, slot < kAccount1 ? u"items"_s : u"book"_s);
 }
 
@@ -251,7 +251,7 @@ void frmAccountNew::Chosen(size_t slot, const QString& key) {
 void frmAccountNew::OpenTree(size_t slot) {
     ResetDlg(kDlgTree);
     TreeDialog tree;
-    tree.key = TableOfSlot(static_cast<int>(slot));
+    tree.key = TableOf(ChartOfSlot(slot)).table;
     auto* box = combos_[slot];
     OpenModal(kDlgTree, box->mapToGlobal(box->rect().bottomLeft()));
     if (!tree.done || tree.key.isEmpty() || !CheckLeaf(State().gDB, slot, tree.key)) return;
@@ -261,9 +261,7 @@ void frmAccountNew::OpenTree(size_t slot) {
 
 // The path sums a whole branch, so it is read only when the pointer asks for it.
 QString frmAccountNew::CodeTip(size_t slot) const {
-    return sKey[slot].isEmpty()
-               ? QString()
-               : CodePathText(State().gDB, TableOfSlot(static_cast<int>(slot)), sKey[slot], true);
+    return sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
 }
 
 void frmAccountNew::ToggleAccounts() {

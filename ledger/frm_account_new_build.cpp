@@ -54,7 +54,7 @@ class FormRows {
         grid_->setContentsMargins(margins);
         grid_->setSpacing(0);
         const int captions = std::max(captionWidth, metrics.horizontalAdvance(widest) + 1);
-        grid_->setColumnMinimumWidth(0, captions + Skin::Space::kPartner - kRing);
+        grid_->setColumnMinimumWidth(0, captions + Skin::kPartnerGap - kRing);
         grid_->setColumnMinimumWidth(1, kRing);
         grid_->setColumnStretch(2, 1);
     }
@@ -79,11 +79,11 @@ class FormRows {
     int next_ = 0;
 };
 
-FormRows EntryRows(QWidget* owner, const QMargins& margins) {
+FormRows EntryForm(QWidget* owner, const QMargins& margins) {
     return {owner, margins, kLabel, u"分类一:"_s};
 }
 
-FormRows AccountRows(QWidget* owner) {
+FormRows AccountForm(QWidget* owner) {
     return {owner, {kRing, 0, 0, 0}, kAccountLabel, u"名称:"_s};
 }
 
@@ -114,14 +114,14 @@ KestroText* frmAccountNew::MakeText(TextMode mode, const QString& name) {
 QWidget* frmAccountNew::BuildEntry() {
     auto* side = new QWidget;
     auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(Skin::Space::kDialog - kGroupEdge, 16, kFieldsEnd - kGroupEdge, 12);
+    column->setContentsMargins(Skin::kDialogMargin - kGroupEdge, 16, kFieldsEnd - kGroupEdge, 12);
     column->setSpacing(0);
     column->addWidget(BuildForm());
     column->addSpacing(8);
     kind2_ = BuildSecondKind();
     column->addWidget(kind2_);
     auto* remark = new QWidget;
-    auto rows = EntryRows(remark, {kGroupEdge, 0, kGroupEdge, 0});
+    auto rows = EntryForm(remark, {kGroupEdge, 0, kGroupEdge, 0});
     editNote = new KestroEditBox;
     editNote->setAccessibleName(u"备注"_s);
     auto* caption = Caption(u"备注:"_s);
@@ -134,18 +134,18 @@ QWidget* frmAccountNew::BuildEntry() {
 
 QWidget* frmAccountNew::BuildForm() {
     auto* form = new QWidget;
-    auto rows = EntryRows(form, {kGroupEdge, 0, kGroupEdge, 0});
+    auto rows = EntryForm(form, {kGroupEdge, 0, kGroupEdge, 0});
     txtThing = MakeText(TextMode::normal, u"事情"_s);
     rows.Row(Caption(u"事情:"_s), txtThing);
-    rows.Gap(Skin::Space::kField);
+    rows.Gap(Skin::kFieldGap);
     rows.Row(Caption(u"日期:"_s), BuildMoment());
-    rows.Gap(Skin::Space::kField);
+    rows.Gap(Skin::kFieldGap);
     txtMoney = MakeText(TextMode::amount, u"金额"_s);
     txtMoney->SetBig(true);
     txtMoney->SetPrompt(u"限2位小数"_s);
     txtMoney->SetEndButton(u"calculator"_s, u"计算器"_s, false);
     rows.Row(Caption(u"金额:"_s), txtMoney);
-    rows.Gap(Skin::Space::kField);
+    rows.Gap(Skin::kFieldGap);
     rows.Row(Caption(u"分类一:"_s), MakeCombox(kKind1));
     rows.Gap(5);
     rows.RingRow(Caption(u"导致:"_s), options_[kKind1]);
@@ -183,7 +183,7 @@ QLayout* frmAccountNew::BuildMoment() {
 
 QWidget* frmAccountNew::BuildSecondKind() {
     auto* group = new KindGroup;
-    auto rows = EntryRows(group, {kGroupEdge, 14, kGroupEdge, 8 + KindGroup::kGap});
+    auto rows = EntryForm(group, {kGroupEdge, 14, kGroupEdge, 8 + KindGroup::kGap});
     rows.Row(Caption(u"分类二:"_s), MakeCombox(kKind2));
     rows.Gap(5);
     rows.RingRow(Caption(u"导致:"_s), options_[kKind2]);
@@ -200,7 +200,7 @@ QWidget* frmAccountNew::BuildAccounts() {
     picture->setFixedSize(16, 16);
     auto* title = new QHBoxLayout;
     title->setContentsMargins(kRing, 0, 0, 0);
-    title->setSpacing(Skin::Space::kPartner);
+    title->setSpacing(Skin::kPartnerGap);
     title->addWidget(picture);
     title->addWidget(new KestroLabel(u"账户一"_s, LabelKind::title), 1);
     column->addLayout(title);
@@ -223,9 +223,9 @@ QWidget* frmAccountNew::BuildAccounts() {
 
 QWidget* frmAccountNew::BuildAccount(size_t i) {
     auto* block = new QWidget;
-    auto rows = AccountRows(block);
+    auto rows = AccountForm(block);
     rows.Row(Caption(u"名称:"_s), MakeCombox(kAccount1 + i));
-    rows.Gap(Skin::Space::kPartner);
+    rows.Gap(Skin::kPartnerGap);
     accValues_[i] = MakeText(TextMode::amount, SignCaption(kAccount1 + i) + u"金额"_s);
     clones_[i] = new PngButton(u"clone"_s, u"复制记账金额"_s, nullptr, Skin::Px(kRow));
     clones_[i]->SetFramed(true);
@@ -265,14 +265,14 @@ void frmAccountNew::BuildFooter() {
     btnCancel->SetLeastWidth(80);
     btnEnter->SetLeastWidth(92);
     auto* foot = new QHBoxLayout(Footer());
-    foot->setContentsMargins(Skin::Space::kDialog - kRing, 0, 0, 0);
-    foot->setSpacing(Skin::Space::kPartner);
+    foot->setContentsMargins(Skin::kDialogMargin - kRing, 0, 0, 0);
+    foot->setSpacing(Skin::kPartnerGap);
     foot->addWidget(chkMark);
     foot->addWidget(btnCamera);
     foot->addStretch();
     foot->addWidget(btnCancel);
     foot->addWidget(btnEnter);
-    foot->addSpacing(kFieldsEnd - Skin::Space::kPartner);
+    foot->addSpacing(kFieldsEnd - Skin::kPartnerGap);
     foot->addWidget(accountFoot_ = new AccountGround(true, nullptr));
     KestroCalculator1 = new KestroCalculator(this);
     KestroCalendar1 = new KestroCalendar(this);

@@ -6,10 +6,13 @@
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
+#include "shell/menus.h"
 #include "shell/skin.h"
 #include "store/messages.h"
 #include "store/money.h"
 #include "store/state.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -46,7 +49,7 @@ void frmAccount::ConnectStrip() {
     strip->onContextMenu = [this](const QString& section, const QString& item, const QPoint& at) {
         stripSection_ = section;
         const bool kind = section == kKinds && !item.isEmpty();
-        if (kind) KestroScrollMenu1->Select(section, item);
+        stripKind_ = kind ? item : QString();
         Menus::Popup(kind ? u"scrollkind"_s : u"scroll"_s, at);
     };
 }
@@ -55,7 +58,7 @@ void frmAccount::LoadComkindData() {
     const QString chosen = sKind;
     comKind->Clear();
     comKind->AddItem(u"全部事情"_s, u"all"_s, u"items"_s);
-    for (const auto& kind : ShownCodes(State().gDB, u"tKind"_s))
+    for (const auto& kind : ShownCodes(State().gDB, Chart::kinds))
         comKind->AddItem(kind.code + kind.name, kind.code, u"items"_s);
     ShowChosenKind(chosen);
 }
@@ -64,7 +67,7 @@ void frmAccount::ShowChosenKind(const QString& code) {
     sKind = code;
     if (code != u"all" && comKind->SetCurrentKey(code)) return;
     // A hidden kind is not on the list and may be followed all the same.
-    const QString name = code == u"all" ? QString() : NameByCode(State().gDB, code, u"tKind"_s);
+    const QString name = code == u"all" ? QString() : NameByCode(State().gDB, code, Chart::kinds);
     if (!name.isEmpty()) return comKind->SetText(code + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
@@ -73,10 +76,10 @@ void frmAccount::ShowChosenKind(const QString& code) {
 
 void frmAccount::ReloadScroll() {
     auto* strip = KestroScrollMenu1;
-    kinds_ = ShownRows(State().gDB, u"tKind"_s);
+    kinds_ = ShownRows(State().gDB, Chart::kinds);
     strip->BeginFill();
     strip->Clear(kKinds);
-    strip->SetCaption(kKinds, u"记账分类("_s + QString::number(ChartCount(State().gDB, u"tKind"_s)) + u')');
+    strip->SetCaption(kKinds, u"记账分类("_s + QString::number(ChartCount(State().gDB, Chart::kinds)) + u')');
     for (const auto& kind : kinds_) {
         ScrollMenuItem item;
         item.key = kind.code;
@@ -152,7 +155,7 @@ QString frmAccount::StripTip(const QString& section, const QString& item) const 
         return item == u"money" || item == u"summoney"
                    ? u"双击将增加、减少、余额数据复制到 Windows 粘贴板！"_s
                    : QString();
-    return CodePathText(State().gDB, u"tKind"_s, item, false);
+    return CodePathText(State().gDB, Chart::kinds, item, false);
 }
 
 void frmAccount::ShowKindMoney() {
@@ -161,7 +164,7 @@ void frmAccount::ShowKindMoney() {
         ShowMsg(u"未选定任何【分类】!"_s);
         return;
     }
-    const auto money = StoredMoney(State().gDB, u"tKind"_s, row->id);
+    const auto money = StoredMoney(State().gDB, Chart::kinds, row->id);
     if (!money) {
         ShowMsg(u"【检索分类】意外错误!"_s, u"确定"_s, kMsgFail);
         return;
@@ -171,15 +174,21 @@ void frmAccount::ShowKindMoney() {
             u"确定"_s, kMsgInfo);
 }
 
+// The kind under the pointer when its menu opened, otherwise the one that is followed.
 const ChartRow* frmAccount::ChosenKind() const {
-    if (KestroScrollMenu1->SelectedSection() != kKinds) return nullptr;
-    const auto found = std::find_if(kinds_.begin(), kinds_.end(), [this](const ChartRow& kind) {
-        return kind.code == KestroScrollMenu1->SelectedKey();
-    });
+    const bool followed = KestroScrollMenu1->SelectedSection() == kKinds;
+    const QString code = !stripKind_.isEmpty() ? stripKind_
+                         : followed            ? KestroScrollMenu1->SelectedKey()
+                                               : QString();
+    const auto found =
+        std::find_if(kinds_.begin(), kinds_.end(), [&](const ChartRow& kind) { return kind.code == code; });
     return found == kinds_.end() ? nullptr : &*found;
 }
 
-void frmAccount::ShowFigures(const SumTexts& sums) {
+void frmAccount::ShowFigures(const EntrySums& figures) {
+    const auto sums = ShowSumTexts(figures, query_.all);
+    ShowSumLabels(sums.count, sums.value);
+    sumsTag_ = sums.tag;
     // "增加 1,200" stands as a word at the left and its number at the right.
     const auto put = [&](const QString& key, const QString& text) {
         const auto blank = text.indexOf(u' ');

@@ -2,64 +2,82 @@
 
 #include "chart/chart_panel.h"
 #include "chart/codes.h"
-#include "ledger/entry_columns.h"
 #include "ledger/record_query.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_combox.h"
-#include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_scroll_menu.h"
-#include "shell/controls/kestro_text.h"
-#include "store/dates.h"
+#include "shell/parts/toolbar.h"
+#include "store/state.h"
 
 using namespace Qt::StringLiterals;
 
-frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, RecordPageWords()) {
+namespace {
+
+ListPageWords Words() {
+    ListPageWords words;
+    words.chart = Chart::accounts;
+    words.lines = LineKind::records;
+    words.treeTip = u"在账户树中选择"_s;
+    words.searchPrompt = u"搜索事情标题"_s;
+    words.kindIcon = u"book"_s;
+    words.hasFlag = false;
+    words.columns = {
+        {u"null"_s, u"NO"_s, 50, 20, u"number"_s, ListColor::dim, false, {}},
+        {u"date"_s, u"记账日期"_s, 110, 100, u"date"_s, ListColor::dim, false, {}},
+        {u"kind"_s, u"账户名称"_s, 180, 120, u"string"_s, ListColor::none, false, {}},
+        {u"add"_s, u"增加"_s, 70, 60, u"money"_s, ListColor::add, false, {}},
+        {u"reduce"_s, u"减少"_s, 70, 60, u"money"_s, ListColor::reduce, false, {}},
+        {u"rmb"_s, u"金   额"_s, 75, 50, u"money"_s, ListColor::none, false, {}},
+        {u"thing"_s, u"事情"_s, 200, 140, u"string"_s, ListColor::none, true, {}},
+    };
+    return words;
+}
+
+}  // namespace
+
+frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, Words()) {
     query_ = BuildRecordQuery({});
-    btnNoNew = new KestroButton(ButtonLook::toolbar, u"禁增"_s, u"nonew"_s, this);
-    btnNoNew->setObjectName(u"btnNoNew"_s);
+    btnNoNew = toolbar_->Insert(0, u"禁增"_s, u"nonew"_s, u"btnNoNew"_s, {});
     btnNoNew->setToolTip(u"『禁增』账户记录，在【记账时】选择账户，将会【自动记入】账户！"_s);
-    chartPanel_ = new ChartPanel(u"tSubAcc"_s, false, this);
+    chartPanel_ = new ChartPanel(Chart::accounts, false, this);
     chartPanel_->setObjectName(u"accounts"_s);
     chartPanel_->hide();
-    KestroScrollMenu1->AddSection(u"title1"_s, u"账户"_s);
-    KestroScrollMenu1->AddItem(u"title1"_s,
-                               {.key = u"list"_s, .caption = u"账户记录"_s, .icon = u"account"_s});
-    KestroScrollMenu1->AddItem(u"title1"_s, {.key = u"tongji"_s, .caption = u"账户管理"_s, .icon = u"set"_s});
-    Connect();
-    LoadComkindData();
-    const auto period = QuickPeriodLabels(State().settings.LoadDate);
-    SetPeriod(period.first, period.second);
+    auto* strip = KestroScrollMenu1;
+    strip->AddSection(u"title1"_s, u"账户"_s);
+    strip->AddItem(u"title1"_s, {.key = u"list"_s, .caption = u"账户记录"_s, .icon = u"account"_s});
+    strip->AddItem(u"title1"_s, {.key = u"tongji"_s, .caption = u"账户管理"_s, .icon = u"set"_s});
+    strip->onClick = [this](const QString&, const QString& item) { SwitchMode(item); };
+    ReloadChoosers();
+    SetPeriod(PeriodOfKey(State().settings.LoadDate));
     SwitchMode(u"list"_s);
 }
 
-void frmSubAcc::Connect() {
-    KestroScrollMenu1->onClick = [this](const QString&, const QString& item) { SwitchMode(item); };
-    btnNew->onClick = [this] { chartPanel_->New(); };
-    btnEdit->onClick = [this] { InList() ? EditCurrent() : chartPanel_->Edit(); };
-    btnDel->onClick = [this] { InList() ? DeleteCurrent() : chartPanel_->Del(); };
-    KestroList1->onDoubleClick = [this](int, int) { EditCurrent(); };
-    KestroList1->onRightClick = [this](int, const QPoint& at) {
-        const bool chosen = KestroList1->CurrentRow() >= 0;
-        Menus::SetEnabled(u"edit"_s, u"new"_s, false);
-        Menus::SetEnabled(u"edit"_s, u"template"_s, false);
-        Menus::SetEnabled(u"edit"_s, u"edit"_s, chosen);
-        Menus::SetEnabled(u"edit"_s, u"del"_s, chosen);
-        Menus::Popup(u"edit"_s, at);
-    };
-    notices_.push_back(Notices().chartChanged.Subscribe([this](const QString& table) {
-        if (table.toLower() != u"tsubacc") return;
-        LoadComkindData();
-        ReloadInPlace();
-    }));
+void frmSubAcc::Shown() {
+    ListPage::Shown();
+    if (!InList()) chartPanel_->Shown();
 }
 
-void frmSubAcc::LoadComkindData() {
+void frmSubAcc::TakeFocus() {
+    if (InList()) return ListPage::TakeFocus();
+    chartPanel_->TakeFocus();
+}
+
+bool frmSubAcc::Can(Act act) const {
+    return InList() ? ListPage::Can(act) : chartPanel_->Can(act);
+}
+
+void frmSubAcc::Do(Act act) {
+    if (InList()) return ListPage::Do(act);
+    chartPanel_->Do(act);
+}
+
+void frmSubAcc::ReloadChoosers() {
     comKind->Clear();
     comKind->AddItem(u"全部"_s, u"all"_s, u"book"_s);
-    for (const auto& account : ShownCodes(State().gDB, u"tSubAcc"_s))
+    for (const auto& account : ShownCodes(State().gDB, Chart::accounts))
         comKind->AddItem(account.code + account.name, account.code, u"book"_s);
     if (comKind->SetCurrentKey(sKind)) return;
-    const QString name = NameByCode(State().gDB, sKind, u"tSubAcc"_s);
+    const QString name = NameByCode(State().gDB, sKind, Chart::accounts);
     if (!name.isEmpty()) return comKind->SetText(sKind + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
@@ -67,7 +85,8 @@ void frmSubAcc::LoadComkindData() {
 
 void frmSubAcc::ChooseCode(const QString& code) {
     sKind = code;
-    if (!comKind->SetCurrentKey(code)) comKind->SetText(code + NameByCode(State().gDB, code, u"tSubAcc"_s));
+    if (!comKind->SetCurrentKey(code))
+        comKind->SetText(code + NameByCode(State().gDB, code, Chart::accounts));
     ReloadData();
 }
 
@@ -79,7 +98,6 @@ void frmSubAcc::SwitchMode(const QString& mode) {
     KestroScrollMenu1->Select(u"title1"_s, mode);
     btnNew->setVisible(!InList());
     btnNoNew->setVisible(InList());
-    tools_.front() = InList() ? btnNoNew : btnNew;
     btnDel->SetArrow(InList());
     btnNew->setToolTip(u"新增账户"_s);
     btnDel->setToolTip(InList() ? u"删除账户记录"_s : u"删除账户：已在记账记录中使用的账户无法删除"_s);
@@ -97,8 +115,8 @@ void frmSubAcc::ReadRows(int page, Job& job, const std::function<void(EntryLine&
     ReadRecordLines(State().gDB, query_, page, job, take);
 }
 
-void frmSubAcc::ShowSums() {
-    const auto sums = RecordSumTexts(ReadSums(State().gDB, query_));
+void frmSubAcc::ShowFigures(const EntrySums& figures) {
+    const auto sums = RecordSumTexts(figures);
     ShowSumLabels(sums.count, sums.value);
     sumsTag_ = sums.tag;
 }
@@ -111,38 +129,13 @@ bool frmSubAcc::CheckLine(int row) {
     return CheckRecord(State().gDB, KestroList1->RowKey(row).toLongLong());
 }
 
+// A change may have taken the account away, and the record with it.
 std::optional<EntryLine> frmSubAcc::ReadLineAgain(int row, qint64) {
-    if (!CheckLine(row)) return {};  // the change took the account away
     return ReadOneRecord(State().gDB, KestroList1->RowKey(row).toLongLong(),
                          KestroList1->Cell(row, kColNo).toInt());
-}
-
-void frmSubAcc::DoBtnMenuDelAll() {
-    if (InList()) ListPage::DoBtnMenuDelAll();
-}
-
-void frmSubAcc::DoMenu(const QString& menu, const QString& key) {
-    if (menu == u"searchdate") return ReloadData();
-    if (menu == u"edit" && key == u"edit") return EditCurrent();
-    if (menu == u"edit" && key == u"del") return DeleteCurrent();
-    if (menu != u"key") return;
-    if (key == u"new" && !InList()) chartPanel_->New();
-    if (key == u"edit") btnEdit->click();
-    if (key == u"reload") InList() ? ReloadData() : chartPanel_->Reload();
-    if (key == u"find" && InList()) txtSearch->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmSubAcc::pRESETGROUP() {
     ListPage::pRESETGROUP();
     if (chartPanel_) chartPanel_->ResetGroup();
-}
-
-QString frmSubAcc::BuildPrintInfo(bool bChecked) const {
-    const QString checked = bChecked ? CheckedCondition(KestroList1->CheckedKeys()) : QString();
-    return u"tSubAccItem/1/【"_s + comKind->text() + u"】账户记录列表/"_s + query_.where + checked + u"/1"_s;
-}
-
-void frmSubAcc::showEvent(QShowEvent* event) {
-    ListPage::showEvent(event);
-    if (!InList()) chartPanel_->Reload();
 }

@@ -1,9 +1,7 @@
 #pragma once
 // frmSubAcc: the page of account records, and the account chart in its other view.
 
-#include "ledger/entry_query.h"
 #include "ledger/list_page.h"
-#include "shell/menus.h"
 
 class ChartPanel;
 
@@ -11,24 +9,23 @@ class frmSubAcc : public ListPage {
  public:
     explicit frmSubAcc(QWidget* parent);
 
-    void DoMenu(const QString& menu, const QString& key) override;
+    void Shown() override;
+    void TakeFocus() override;
+    bool Can(Act act) const override;
+    void Do(Act act) override;
     void pRESETGROUP() override;
-    void DoBtnMenuDelAll() override;
-    QString BuildPrintInfo(bool bChecked) const;
 
  protected:
     EntryQuery BuildQuery(const EntryFilter& filter) const override;
     void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) override;
-    void ShowSums() override;
+    void ShowFigures(const EntrySums& sums) override;
     qint64 EntryOf(int row) const override;
     bool CheckLine(int row) override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
     void ChooseCode(const QString& code) override;
-    void showEvent(QShowEvent* event) override;
+    void ReloadChoosers() override;
 
  private:
-    void Connect();
-    void LoadComkindData();
     /// "list" or "tongji".
     void SwitchMode(const QString& mode);
     bool InList() const { return sMode == u"list"; }

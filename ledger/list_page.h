@@ -5,9 +5,8 @@
 #include "ledger/entry_delete.h"
 #include "ledger/entry_query.h"
 #include "shell/controls/kestro_list.h"
-#include "shell/menus.h"
-#include "shell/page.h"
-#include "store/job.h"
+#include "shell/parts/fresh_view.h"
+#include "shell/parts/strip_page.h"
 #include "store/notices.h"
 
 #include <QTimer>
@@ -16,76 +15,78 @@
 #include <optional>
 
 class KestroButton;
-class KestroCalendar;
 class KestroCheck;
 class KestroCombox;
 class KestroLabel;
-class KestroPGress;
-class KestroScrollMenu;
 class KestroText;
+class PageJobBar;
+class PeriodButtons;
+class Toolbar;
 
 struct ListPageWords {
-    int pageCode = 0;
-    QString chart;  ///< the table of the filter's codes
+    Chart chart = Chart::kinds;  ///< what the filter's codes belong to
+    LineKind lines = LineKind::entries;
     QString treeTip;
     QString searchPrompt;
     QString newTip, editTip, delTip, printTip, exportTip;
     QString kindIcon;
     std::vector<ListColumn> columns;
     bool hasFlag = true;
-    DeleteWords deleteWords;
 };
 
-class ListPage : public Page {
+class ListPage : public StripPage {
  public:
     ListPage(QWidget* parent, const ListPageWords& words);
     ~ListPage() override;
 
-    void DoBtnMenuDelAll() override;
+    void Shown() override;
+    void TakeFocus() override;
+    bool Can(Act act) const override;
+    void Do(Act act) override;
     void pRESETGROUP() override;
-    void pRetunPrintInfo(int code, int a, int b, int c) override;
-    void SetPeriod(const QString& first, const QString& second) override;
+    void SetPeriod(const Period& period) override;
     void SetDisplayMode(int mode) override;
 
  protected:
     // What a page answers for its list.
     virtual EntryQuery BuildQuery(const EntryFilter& filter) const = 0;
     virtual void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) = 0;
-    virtual void ShowSums() = 0;
-    /// The tAccount row behind a line, by which it is changed and deleted.
+    virtual void ShowFigures(const EntrySums& sums) = 0;
+    /// The tAccount row behind a line, by which it is changed.
     virtual qint64 EntryOf(int row) const = 0;
-    /// False, after its message, when the line can no longer be changed.
+    /// False, after its message, when the line stands for nothing any more.
     virtual bool CheckLine(int /*row*/) { return true; }
-    /// The line anew after a change; id is what the entry window handed back.
+    /// The line anew after a change; id is what the entry window handed back. nullopt: the line has to go.
     virtual std::optional<EntryLine> ReadLineAgain(int row, qint64 id) = 0;
     /// Follows a code of the page's chart.
     virtual void ChooseCode(const QString& code) = 0;
+    /// Fills what is chosen from anew: the chooser of codes, the strip. May go back to all.
+    virtual void ReloadChoosers() = 0;
 
     /// Builds the query from the filter controls and loads its first page. Nothing while a job runs.
     void ReloadData();
-    /// The same after a change elsewhere: goes back to the line that was current. Nothing while a job runs.
+    /// The filter that was run once more: page, current line, marks, sort and place stay. Nothing while a job
+    /// runs.
     void ReloadInPlace();
+    void ShowSums();
     void ShowDetail();
-    /// Opens the entry of the current line and shows the line anew.
-    void EditCurrent();
+    /// Shows a change that this page has made: by show, or by loading anew where the lines hold a running
+    /// balance.
+    void ShowOwnChange(const std::function<void()>& show);
     void CopySums();
-    void OpenTree();
+    void ResetFilters();
     /// Shows the list with its filters, or other in their place.
     void ShowOther(QWidget* other);
-    /// Runs the query of the page: with a page limit when bPaged, otherwise its first page with the chooser
-    /// filled anew.
-    void LoadList(bool bPaged);
+    void ShowSumLabels(const QString& count, const QString& value);
+    void EditCurrent();
     /// Deletes the current line's entry after the question.
     void DeleteCurrent();
-    void ResetFilters();
-    void ShowSumLabels(const QString& count, const QString& value);
-    /// Puts the detail rows under the title line.
-    void FillDetail(const QString& heading, const QString& title, const std::vector<QStringList>& rows);
+    bool HasLine() const { return KestroList1->CurrentRow() >= 0; }
+    void MakeCurrent(int row);
 
     void resizeEvent(QResizeEvent* event) override;
 
-    std::vector<KestroButton*> tools_;  ///< the toolbar from left to right
-    KestroScrollMenu* KestroScrollMenu1;
+    Toolbar* toolbar_;
     KestroButton* btnNew;
     KestroButton* btnEdit;
     KestroButton* btnDel;
@@ -93,51 +94,56 @@ class ListPage : public Page {
     KestroButton* btnExport;
     KestroText* txtSearch;
     KestroCombox* comKind;
-    KestroCombox* comPage;
-    KestroButton* btnDate0;
-    KestroButton* btnDate1;
+    PeriodButtons* period_;
     KestroCheck* chkFlag;
+    KestroCombox* comPage;
     KestroList* KestroList1;
     KestroList* KestroList2;
     KestroLabel* lblCount;
     KestroLabel* lblValue;
-    KestroPGress* KestroPGress1;
-    KestroCalendar* KestroCalendar1;
+    PageJobBar* KestroPGress1;
 
     EntryQuery query_;
     QString sKind = QStringLiteral("all");
     QString sumsTag_;
     std::vector<NoticeToken> notices_;
     QString sPage = QStringLiteral("0");
-    bool nCalendarFor = false;  ///< false: the first date button
-    QTimer TimerLoadData;
+    FreshView fresh_;
 
  private:
-    void NameControls();
+    class DetailPanel;
+    /// Count and sums of the query as they were last asked, good while nothing has changed.
+    struct KnownFigures {
+        QString sql;
+        qint64 serial = 0, version = 0;
+        EntrySums sums;
+    };
+
     void BuildToolbar(const ListPageWords& words);
     void BuildFilters(const ListPageWords& words);
     void BuildLists(const ListPageWords& words);
+    void LayOut();
     void Arrange();
-    void ArrangeToolbar(int x, int width);
-    void ArrangeFilters(int x, int width);
-    void ArrangeLists(const QRect& room);
-    void ConnectShared(const ListPageWords& words);
+    void Connect(const ListPageWords& words);
+    void OpenTree();
     void RewriteLine(int row, EntryLine line);
-    void ShowControls();
+    void DeleteChecked();
+    void RemoveDeleted();
     void FirstLoad();
-    void FillPages(int count);
-    void OpenCalendar(bool second);
-    void PickDate(QDate date);
-    JobBar Bar();
-    void RemoveDeleted(const std::vector<int>& rows, const std::vector<qint64>& ids);
+    /// Runs the query for the page in sPage.
+    void LoadPage();
+    void FillPages(int count, int page);
+    const EntrySums& Figures();
 
-    DeleteWords deleteWords_;
-    QString chart_;
-    class DetailPanel;
+    Chart chart_;
+    LineKind lines_;
+    EntryFilter filter_;  ///< as it was run
+    std::optional<KnownFigures> figures_;
     DetailPanel* panel_;
+    QWidget* filters_;
+    QWidget* listRoom_;
     QWidget* other_ = nullptr;
-    bool hasPages_ = false;
-    bool hasFlag_ = true;
+    QTimer TimerLoadData;
     bool loaded_ = false;
     int displayMode_ = 1;
 };

@@ -25,15 +25,15 @@ struct Places {
     int id, entry, title, code, name, value, sign, date, time;
 };
 
-EntryLine LineOf(const cReader& row, const Places& at, qint64 number, const QString& blanks,
+EntryLine LineOf(const cReader& row, const Places& at, qint64 number, QByteArrayView blanks,
                  const QString& money, const QString& rmb) {
     const bool add = row.Int(at.sign) == 1;
     EntryLine line;
     line.key = row.Text(at.id);
     line.subKey = row.Text(at.entry);
     line.cells = {QString::number(number),
-                  row.Text(at.date) + blanks + row.Text(at.time),
-                  row.Text(at.code) + row.Text(at.name),
+                  Joined({row.Bytes(at.date), blanks, row.Bytes(at.time)}),
+                  Joined({row.Bytes(at.code), row.Bytes(at.name)}),
                   add ? money : QString(),
                   add ? QString() : money,
                   rmb,
@@ -44,12 +44,11 @@ EntryLine LineOf(const cReader& row, const Places& at, qint64 number, const QStr
 }  // namespace
 
 EntryQuery BuildRecordQuery(const EntryFilter& f) {
-    EntryQuery query{
-        u"select *"_s, u" from tSubAccItem where 1 "_s, {}, u" order by date1,time1"_s, f.kind == u"all"};
-    if (!f.text.trimmed().isEmpty())
-        query.where += u" and Title1 like "_s + Quote(u'%' + f.text.trimmed() + u'%');
+    EntryQuery query{u"select *"_s, u" from tSubAccItem where 1 "_s, {}, u" order by date1,time1"_s};
+    query.all = f.kind == u"all";
+    query.where += MatterCondition(f.text);
     if (!query.all) query.where += u" and "_s + AtOrBelow(u"SubAccKey"_s, f.kind);
-    query.where += DateCondition(f);
+    query.where += PeriodCondition(f.period);
     return query;
 }
 
@@ -67,7 +66,7 @@ bool ReadRecordLines(cConnection& book, const EntryQuery& query, int page, Job& 
         const QString money = MoneyText(value);
         const bool same = query.all && sign == 1;
         const double shown = query.all ? value * static_cast<double>(sign) : balance;
-        take(LineOf(rows, at, first + n, u" "_s, money, same ? money : MoneyText(shown)));
+        take(LineOf(rows, at, first + n, " ", money, same ? money : MoneyText(shown)));
         job.Step(n);
         if (job.Stopped()) return false;
     }
@@ -80,7 +79,7 @@ std::optional<EntryLine> ReadOneRecord(cConnection& book, qint64 id, int number)
     auto rows = book.Read(u"select * from tSubAccItem where rowid="_s + QString::number(*row));
     if (!rows.Next()) return {};
     const Places at(rows);
-    auto line = LineOf(rows, at, number, u"  "_s, MoneyText(rows.Number(at.value)), {});
+    auto line = LineOf(rows, at, number, "  ", MoneyText(rows.Number(at.value)), {});
     line.signedAmount = MoneyText(rows.Number(at.value) * static_cast<double>(rows.Int(at.sign)));
     return line;
 }

@@ -3,14 +3,14 @@
 #include "shell/file_dialog.h"
 #include "shell/page.h"
 #include "store/book_box.h"
+#include "store/book_check.h"
 #include "store/book_format.h"
-#include "store/dates.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
 #include "store/notices.h"
-#include "store/paths.h"
+#include "store/period.h"
 #include "store/session.h"
 
 using namespace Qt::StringLiterals;
@@ -19,40 +19,6 @@ namespace {
 
 void Refuse(const QString& text, int icon = kMsgFail) {
     ShowMsg(text, u"确定"_s, icon);
-}
-
-bool CanOpen(const QString& path) {
-    return Succeeds([&] {
-        cConnection probe;
-        probe.Open(path);
-    });
-}
-
-// The book's path as asked for, or empty after a refusal.
-QString CheckedPath(QString path) {
-    path = path.toLower();
-    if (path.isEmpty())
-        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s,
-                          State().settings.sDBPath)
-                   .toLower();
-    if (path.isEmpty()) return {};
-    if (!FileExists(path)) {
-        Refuse(u"文件【"_s + path + u"】不存在！"_s);
-        return {};
-    }
-    if (path.right(kBookExtension) != u".jotdb") {
-        Refuse(u"文件【"_s + path + u"】不是账本文件！"_s);
-        return {};
-    }
-    if (path == CurrentBook().Path) {
-        Refuse(u"当前打开的正是该账本：\n【"_s + path + u"】"_s, kMsgWarn);
-        return {};
-    }
-    if (!CanOpen(path)) {
-        Refuse(u"打开账本文件【"_s + path + u"】错误！"_s);
-        return {};
-    }
-    return path;
 }
 
 bool IsKnownBook(const QString& indexText, int* index) {
@@ -65,24 +31,25 @@ bool IsKnownBook(const QString& indexText, int* index) {
 
 void OpenDBFile(QString path) {
     if (IsBusy()) return;
-    path = CheckedPath(path);
+    if (path.isEmpty())
+        path = ChooseFile(u"选择墨鹊账本文件"_s, u"墨鹊账本文件|*.jotdb\n所有文件|*.*"_s,
+                          State().settings.sDBPath);
     if (path.isEmpty()) return;
-    if (Host().show) Host().show(0);
-    int index = FindBook(path);
-    if (index < 0) {
-        index = AddOutsideBook(path);
-        Notices().booksChanged.Emit();
-    }
-    if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(index);
-    SwitchBook(QString::number(index));
+    const auto taken = TakeBookFile(path);
+    if (taken.door == BookDoor::refused) return;
+    if (taken.door == BookDoor::isOpen)
+        return Refuse(u"当前打开的正是该账本：\n【"_s + path.toLower() + u"】"_s, kMsgWarn);
+    if (Host().show) Host().show(kTabAccount);
+    if (taken.door == BookDoor::added) Notices().booksChanged.Emit();
+    if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(taken.index);
+    SwitchBook(QString::number(taken.index));
     if (auto* page = PageOfCode(kPageAccount)) page->SelectBook(State().gCurBook);
 }
 
 void SwitchBook(const QString& indexText) {
     if (IsBusy()) return;
     const int index = indexText.toInt();
-    EnsureBookInfo(index);
-    if (!CheckBookVersion(index)) return;
+    if (!CheckBook(index)) return;
     switch (AskBookPass(indexText, false)) {
         case kPassCancelled:
         case kPassSameBook:
@@ -109,11 +76,11 @@ int AskBookPass(const QString& indexText, bool force) {
     input.mode = 0;
     OpenModal(kDlgInput);
     if (!input.done) return kPassCancelled;
-    if (!FileExists(book.Path)) return kPassFailed;
+    if (!FileOf(book).exists) return kPassFailed;
     int answer = kPassFailed;
     Succeeds([&] {
         cConnection probe;
-        probe.Open(book.Path);
+        OpenFileOf(book, probe, {});
         const auto check = CheckPass(probe, input.text);
         if (check != PassCheck::missing) answer = check == PassCheck::right ? kPassRight : kPassWrong;
     });
@@ -126,8 +93,7 @@ bool ReloadPages(int newBook) {
     PendingError failed;
     if (!Succeeds([] { ReopenDB(); }, &failed)) {
         State().gCurBook = oldBook;
-        LastError() = failed;
-        ReportError({});
+        TellFailure(failed);
         return false;
     }
     // Each by itself: a part that fails must not leave another showing the old book.
@@ -140,17 +106,13 @@ bool ReloadPages(int newBook) {
 }
 
 void QuickPeriod(int pageCode, const QString& key, bool search) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc &&
-        pageCode != kPageStats)
-        return;
     auto* page = PageOfCode(pageCode);
-    if (!page) return;
-    const auto labels = QuickPeriodLabels(key);
-    page->SetPeriod(labels.first, labels.second);
-    if (search && pageCode != kPageNote) page->DoMenu(u"searchdate"_s, {});
+    if (!page || !page->Can(Act::period)) return;
+    page->SetPeriod(PeriodOfKey(key));
+    if (search) page->Do(Act::runPeriod);
 }
 
 void DeleteChecked(int pageCode) {
-    if (pageCode != kPageNote && pageCode != kPageAccount && pageCode != kPageSubAcc) return;
-    if (auto* page = PageOfCode(pageCode)) page->DoBtnMenuDelAll();
+    auto* page = PageOfCode(pageCode);
+    if (page && page->Can(Act::deleteChecked)) page->Do(Act::deleteChecked);
 }

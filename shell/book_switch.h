@@ -18,7 +18,8 @@ int AskBookPass(const QString& indexText, bool force);
 /// old book still open, when it cannot be opened.
 bool ReloadPages(int newBook);
 
-/// Fills the date labels of a page from a quick period's key; search: the page then runs its search.
+/// Sets the dates of a page from a quick period's key; search: the page then shows what they ask for, if it
+/// does so.
 void QuickPeriod(int pageCode, const QString& key, bool search);
 
 /// Deletes the checked rows of the page with this code.

@@ -15,8 +15,8 @@ struct FrameCommands {
     std::function<void()> webCheck;
     std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings
     std::function<void()> openReminders;
-    std::function<void()> exportList;  ///< set when lists can be exported
-    std::function<void()> printList;   ///< set when lists can be printed
+    std::function<void()> newBook;                            ///< to where a new book is made
+    std::function<void(const QString& percent)> zoomPreview;  ///< of the print preview, while it stands
 };
 
 FrameCommands& Commands();

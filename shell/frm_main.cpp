@@ -5,7 +5,7 @@
 #include "shell/commands.h"
 #include "shell/controls/kestro_calculator.h"
 #include "shell/controls/kestro_tool_tip.h"
-#include "shell/main_menus.h"
+#include "shell/frame_actions.h"
 #include "shell/menus.h"
 #include "shell/skin.h"
 #include "store/errors.h"
@@ -41,7 +41,7 @@ frmMain::frmMain() {
     MyTrak.hwnd = this;
     MyTrak.ReceMsg = [this](const QString& text, int code, int extra) { MyTrak_ReceMsg(text, code, extra); };
     MyTrak.DragDropFiles = [this](const QString& names, int count) {
-        if (auto* page = GetWinhWnd(0)) page->MyTrack_DragDropFiles(count, names);
+        if (auto* page = GetWinhWnd(kTabAccount)) page->MyTrack_DragDropFiles(count, names);
     };
     TrackAdd(MyTrak);
     RunEvent([] {
@@ -53,14 +53,13 @@ frmMain::frmMain() {
     Timer1.setInterval(kTickMs);
     Timer1.callOnTimeout([this] { RunEvent([this] { Timer1_Timer(); }); });
     Timer1.start();
-    BuildMainMenus();
-    RouteMainMenus(*this);
+    BuildMenus(*this);
     BuildHeader();
     BuildStatusBar();
-    BuildShortcuts();
+    BindShortcuts(*this);
     FillHost();
     RefreshBook();
-    SetFormTab(0);
+    SetFormTab(kTabAccount);
     SetLogoNumber();
     if (Commands().tellAgent) Commands().tellAgent(2);
 }
@@ -84,11 +83,12 @@ void frmMain::BuildHeader() {
     onTab = [this](int tab) {
         KestroToolTip::Hide();
         SetFormTab(tab);
-        if (tab == 5 && Commands().openSettings) Commands().openSettings(u"kind"_s);
+        if (auto* page = GetWinhWnd(tab)) page->TabClicked();
     };
     onDisplayMode = [this](int mode) {
         SetDisplayMode(mode);
-        if (auto* page = GetWinhWnd(0)) page->SetDisplayMode(mode);
+        for (auto* page : pages_)
+            if (page) page->SetDisplayMode(mode);
     };
     onHeaderButton = [this](const QString& name) { HeaderButton(name); };
     onLogo = [this] {
@@ -104,19 +104,22 @@ void frmMain::BuildHeader() {
 }
 
 void frmMain::HeaderButton(const QString& name) {
-    auto* button = HeaderWidget(name);
-    if (name == u"menu") Menus::Popup(u"File"_s, button->mapToGlobal(button->rect().bottomLeft()));
-    if (name == u"web") Outside().open(kHomePage);
-    if (name != u"calculator") return;
+    if (name == u"menu") return OpenMenu();
+    if (name == u"web") return OpenAddress(kHomePage);
     if (Outside().calculator && Outside().calculator()) return;
-    KestroCalculator1->Open(button, State().settings.nGroup);
+    KestroCalculator1->Open(HeaderWidget(name), State().settings.nGroup);
+}
+
+void frmMain::OpenMenu() {
+    const auto* button = HeaderWidget(u"menu"_s);
+    Menus::Popup(u"File"_s, button->mapToGlobal(button->rect().bottomLeft()));
 }
 
 void frmMain::FillHost() {
     Host().page = [this](int tab) { return GetWinhWnd(tab); };
     Host().show = [this](int tab) { SetFormTab(tab); };
     Host().dropOtherPages = [this] {
-        if (tab_ != 0) SetFormTab(0);
+        if (tab_ != kTabAccount) SetFormTab(kTabAccount);
         for (size_t tab = 1; tab < pages_.size(); ++tab) {
             delete pages_[tab];
             pages_[tab] = nullptr;
@@ -131,12 +134,11 @@ void frmMain::FillHost() {
 void frmMain::SetFormTab(int index) {
     if (index < 0 || index >= kTabs || index == tab_ || !HasPageFactory(index)) return;
     ShowPage(index, true);
-    if (tab_ >= 0) {
-        ShowPage(tab_, false);
-        GetWinhWnd(index)->setFocus();
-    }
+    if (tab_ >= 0) ShowPage(tab_, false);
     tab_ = index;
     SelectTab(index);
+    GetWinhWnd(index)->TakeFocus();
+    GetWinhWnd(index)->Shown();
 }
 
 Page* frmMain::LoadPage(int index) {
@@ -151,7 +153,7 @@ Page* frmMain::LoadPage(int index) {
 void frmMain::ShowPage(int index, bool show) {
     Page* page = show ? LoadPage(index) : GetWinhWnd(index);
     if (!page) return;
-    if (show) State().gPage = kTabCodes[index];
+    if (show) State().gPage = CodeOfTab(index);
     if (show) page->setGeometry(Body()->rect());
     page->setVisible(show);
 }
@@ -241,10 +243,6 @@ void frmMain::TakeHandedBook() {
     }
     const QString path = HandedOverPath();
     if (path.isEmpty()) return;
-    if (path == CurrentBook().Path) {
-        ShowMsg(u"当前打开的正是该账本：\n【"_s + path + u"】"_s);
-        return;
-    }
     OpenDBFile(path);
 }
 

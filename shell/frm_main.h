@@ -21,7 +21,12 @@ class frmMain : public KestroForm {
     frmMain();
     ~frmMain() override;
 
+    /// Goes to a tab; its page loads what has gone stale.
     void SetFormTab(int index);
+    /// To the next tab in this direction that has a page.
+    void NextTab(int step);
+    /// Opens the menu of the header.
+    void OpenMenu();
     void ShowPage(int index, bool show);
     /// Makes the page of a tab if it is not there yet.
     Page* LoadPage(int index);
@@ -32,8 +37,6 @@ class frmMain : public KestroForm {
     /// Counts due items anew and shows the number on the logo.
     void SetLogoNumber();
     int LogoNumber() const { return due_; }
-    /// kind 0: the web state is 正常; 1: text is the count of entries not fetched; 2: the web user's name.
-    void SetWebTip(int kind, const QString& text);
     /// Menu key exit. False when a job runs.
     bool FinishApp();
     void ResetHeadIco();
@@ -52,7 +55,6 @@ class frmMain : public KestroForm {
  private:
     void BuildHeader();
     void BuildStatusBar();
-    void BuildShortcuts();
     void FillHost();
     void RefreshBook();
     void ShowBookLabel();
@@ -63,7 +65,6 @@ class frmMain : public KestroForm {
     void Unload();
     void BringToFront();
     void TakeHandedBook();
-    void NextTab(int step);
 
     std::array<Page*, kTabs> pages_{};
     int tab_ = -1;

@@ -1,21 +1,16 @@
 // Status bar and keys of the frame.
 
 #include "shell/addresses.h"
-#include "shell/book_switch.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_pgress.h"
 #include "shell/controls/kestro_status_bar.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/frm_main.h"
 #include "shell/job_yield.h"
-#include "shell/menus.h"
-#include "store/errors.h"
 #include "store/job.h"
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/state.h"
-
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -49,39 +44,10 @@ void frmMain::BuildStatusBar() {
 }
 
 void frmMain::StatusClicked(int panel) {
-    if (panel == kSearchPanel || panel == kWebPanel) Outside().open(kHomePage);
+    if (panel == kSearchPanel || panel == kWebPanel) OpenAddress(kHomePage);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
-}
-
-void frmMain::SetWebTip(int kind, const QString& text) {
-    if (kind == 0) {
-        barTip->SetPanelText(kWebPanel, u"网账：正常"_s);
-        barTip->SetPanelDot(kWebPanel, StatusDot::good);
-    }
-    if (kind == 1) barTip->SetPanelText(kWaitingPanel, u"未收网账："_s + text + u" 笔"_s);
-    if (kind == 2) barTip->SetPanelText(kWebNamePanel, State().settings.sWebName);
 }
 
 void frmMain::ClearSearch() {
     if (txtSearch) txtSearch->setText({});
-}
-
-void frmMain::BuildShortcuts() {
-    const auto key = [this](const QKeySequence& keys, std::function<void()> act) {
-        auto* shortcut = new QShortcut(keys, this);
-        connect(shortcut, &QShortcut::activated, this, [act = std::move(act)] { RunEvent(act); });
-    };
-    for (int tab = 0; tab < kTabs; ++tab)
-        key(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)), [this, tab] { SetFormTab(tab); });
-    key(QKeySequence(u"Ctrl+Tab"_s), [this] { NextTab(1); });
-    key(QKeySequence(u"Ctrl+Shift+Tab"_s), [this] { NextTab(-1); });
-    key(QKeySequence(u"Ctrl+O"_s), [] { OpenDBFile({}); });
-    key(QKeySequence(u"F10"_s), [this] { onHeaderButton(u"menu"_s); });
-    for (const auto& road : {std::pair{u"Ctrl+N"_s, u"new"_s},
-                             {u"Ctrl+E"_s, u"edit"_s},
-                             {u"Ctrl+F"_s, u"find"_s},
-                             {u"F5"_s, u"reload"_s}})
-        key(QKeySequence(road.first), [this, name = road.second] {
-            if (auto* page = GetWinhWnd(tab_)) page->DoMenu(u"key"_s, name);
-        });
 }

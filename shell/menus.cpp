@@ -6,6 +6,7 @@
 #include <QApplication>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct Item {
     QString caption;
     QString icon = {};
     QString hint = {};
+    std::function<bool()> can = {};
     bool enabled = true;
     bool checked = false;
     bool visible = true;
@@ -58,6 +60,10 @@ void Add(const QString& menu, Item&& item) {
     if (Menu* const owner = FindMenu(menu)) owner->items.push_back(std::move(item));
 }
 
+bool IsEnabled(const Item& item) {
+    return item.enabled && (!item.can || item.can());
+}
+
 void Build(KestroMenu& menu, const Menu& told) {
     menu.onChoose = [name = told.name](const QString& key) { Choose(name, key); };
     for (const Item& item : told.items) {
@@ -73,7 +79,7 @@ void Build(KestroMenu& menu, const Menu& told) {
         } else {
             menu.AddItem(item.key, item.caption, item.icon, item.hint);
         }
-        menu.SetItemEnabled(item.key, item.enabled);
+        menu.SetItemEnabled(item.key, IsEnabled(item));
         menu.SetItemChecked(item.key, item.checked);
     }
 }
@@ -93,8 +99,8 @@ bool HasMenu(const QString& name) {
 }
 
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon,
-             const QString& hint) {
-    Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint});
+             const QString& hint, std::function<bool()> can) {
+    Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint, .can = std::move(can)});
 }
 
 void AddSeparator(const QString& menu, const QString& key) {
@@ -137,6 +143,8 @@ void SetOnMenu(Handler handler) {
 
 void Choose(const QString& menu, const QString& item) {
     const QString name = menu.toLower(), key = item.toLower();
+    const Item* const chosen = FindItem(name, key);
+    if (chosen && !IsEnabled(*chosen)) return;
     RunEvent([handler = TheService().onMenu, name, key] {
         if (handler) handler(name, key);
     });

@@ -14,8 +14,9 @@ using Handler = std::function<void(const QString& menu, const QString& item)>;
 /// Adds an empty menu; one of the same name is emptied.
 void AddMenu(const QString& name);
 bool HasMenu(const QString& name);
+/// can is asked each time the menu opens and before the item acts; without it the item can be chosen.
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon = {},
-             const QString& hint = {});
+             const QString& hint = {}, std::function<bool()> can = {});
 void AddSeparator(const QString& menu, const QString& key = {});
 /// An item of menu that opens the menu subMenu beside it; a choice there is reported under subMenu's name.
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption,
@@ -30,7 +31,7 @@ void Popup(const QString& name, const QPoint& globalPos);
 
 /// Replaces the slot that hears every choice; an empty one lets choices pass unheard.
 void SetOnMenu(Handler handler);
-/// Reports a choice as if it had been made in the menu: for shortcuts, and for Popup itself.
+/// Reports a choice as if it had been made in the menu. An item that stands disabled is not reported.
 void Choose(const QString& menu, const QString& item);
 
 /// Empties menus and slot.

@@ -9,6 +9,12 @@ std::array<PageFactory, kTabs>& Factories() {
 }
 }  // namespace
 
+int CodeOfTab(int tab) {
+    constexpr std::array<int, kTabs> codes{kPageAccount, kPageSubAcc, kPageWeb,
+                                           kPageStats,   kPageNote,   kPageSetting};
+    return codes.at(static_cast<size_t>(tab));
+}
+
 void RegisterPage(int tab, PageFactory factory) {
     Factories().at(static_cast<size_t>(tab)) = std::move(factory);
 }
@@ -33,6 +39,6 @@ PageHost& Host() {
 Page* PageOfCode(int code) {
     if (!Host().page) return nullptr;
     for (int tab = 0; tab < kTabs; ++tab)
-        if (kTabCodes[tab] == code) return Host().page(tab);
+        if (CodeOfTab(tab) == code) return Host().page(tab);
     return nullptr;
 }

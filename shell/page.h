@@ -2,12 +2,16 @@
 // What the frame knows of a page, and what pages and menus may ask of the frame. The frame fills the host;
 // app/windows.cpp registers the factories.
 
+#include "shell/actions.h"
+#include "store/chart.h"
+#include "store/period.h"
+
 #include <QString>
 #include <QWidget>
 
 #include <functional>
 
-/// Page codes of gPage and the tabs that show them.
+/// Page codes of gPage.
 enum PageCode {
     kPageAccount = 1,
     kPageNote = 9,
@@ -16,25 +20,29 @@ enum PageCode {
     kPageStats = 14,
     kPageWeb = 16
 };
-constexpr int kTabs = 6;
-constexpr int kTabCodes[kTabs] = {kPageAccount, kPageSubAcc, kPageWeb, kPageStats, kPageNote, kPageSetting};
+
+/// The tabs from left to right.
+enum Tab { kTabAccount, kTabSubAcc, kTabWeb, kTabStats, kTabNote, kTabSetting, kTabs };
 
 /// The shared operations of a page; each does nothing until a page says otherwise.
 class Page : public QWidget {
  public:
     using QWidget::QWidget;
-    /// A menu's choice: menu name and item key, lower case.
-    virtual void DoMenu(const QString& /*menu*/, const QString& /*key*/) {}
-    /// Deletes the checked rows.
-    virtual void DoBtnMenuDelAll() {}
+    /// The page has come to the front, by click, key, menu or jump: what has gone stale is loaded.
+    virtual void Shown() {}
+    /// The user has clicked the tab of the page.
+    virtual void TabClicked() {}
+    /// Puts the keyboard where the page's work begins.
+    virtual void TakeFocus() { setFocus(); }
+    /// Whether an act can be done now. What cannot stands disabled in menus.
+    virtual bool Can(Act /*act*/) const { return false; }
+    virtual void Do(Act /*act*/) {}
     /// nGroup has changed.
     virtual void pRESETGROUP() {}
     /// The open book is another one.
     virtual void pTRANSACCOUNT() {}
-    /// Progress of a print job, see the page that answers it.
-    virtual void pRetunPrintInfo(int /*code*/, int /*a*/, int /*b*/, int /*c*/) {}
-    /// Texts of the two date buttons.
-    virtual void SetPeriod(const QString& /*first*/, const QString& /*second*/) {}
+    /// What the date buttons hold.
+    virtual void SetPeriod(const Period& /*period*/) {}
     /// 0 detail at the right, 1 detail below, 2 list alone.
     virtual void SetDisplayMode(int /*mode*/) {}
     /// Marks a book of gBooks in the page's strip.
@@ -43,8 +51,9 @@ class Page : public QWidget {
     virtual void OpenSub(const QString& /*key*/) {}
     /// Reloads the kind or account list if it is the one that shows.
     virtual void ReLoadKindAcc(const QString& /*key*/) {}
-    /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: New, Edit, Del.
-    virtual void DoKindAcc(const QString& /*table*/, const QString& /*code*/, const QString& /*action*/) {}
+    /// Jumps to the list of a chart, selects the row of a code if it is not empty, then acts: add, edit,
+    /// remove.
+    virtual void DoKindAcc(Chart /*chart*/, const QString& /*code*/, Act /*act*/) {}
     /// Files dropped on the frame; the names are joined by line breaks.
     virtual void MyTrack_DragDropFiles(int /*count*/, const QString& /*names*/) {}
 };
@@ -66,5 +75,7 @@ struct PageHost {
 };
 PageHost& Host();
 
+/// The code in gPage while a tab shows.
+int CodeOfTab(int tab);
 /// The docked page with this code, or null.
 Page* PageOfCode(int code);

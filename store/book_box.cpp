@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,17 +17,17 @@ namespace {
 constexpr int kWaitMs = 2000;
 
 void ReadInfo(BookRecord& book, int waitMs) {
-    if (!FileExists(book.Path)) return;
-    Succeeds([&] {
-        cConnection probe;
-        probe.Open(book.Path, {.readOnly = false, .waitMs = waitMs});
-        if (const auto year = BookKey(probe, u"year"_s)) book.Year = year->toInt();
-        if (const auto version = BookKey(probe, u"dbversion"_s)) book.Version = *version;
-    });
+    cConnection probe;
+    OpenFileOf(book, probe, {.readOnly = false, .waitMs = waitMs});
+    const auto year = BookKey(probe, u"year"_s);
+    const auto version = BookKey(probe, u"dbversion"_s);
+    book.Year = year ? year->toInt() : 0;
+    book.Version = version.value_or(QString());
 }
 
-QString OutsideName(QString path) {
-    return u"->"_s + FileNameOf(path, kBookExtension).toLower();
+BookRecord OutsideBook(const QString& path) {
+    QString name = path;
+    return {path.toLower(), u"->"_s + FileNameOf(name, kBookExtension).toLower(), 0, {}, RealPath(path).path};
 }
 
 }  // namespace
@@ -42,14 +44,15 @@ QString FixBookPath(const QString& path) {
 void ScanFolder(const QString& folder) {
     auto& books = State().gBooks;
     const QString base = folder.endsWith(u'/') ? folder : folder + u'/';
-    const auto names = QDir(RealPath(QDir::cleanPath(folder)).path)
-                           .entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
+    const QString real = RealPath(QDir::cleanPath(folder)).path;
+    KnowFolder(real);
+    const auto names = QDir(real).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
     size_t index = 0;
     for (const auto& name : names) {
         const QString lower = name.toLower();
         if (!lower.endsWith(u".jotdb"_s)) continue;
         if (index >= books.size()) books.emplace_back();
-        books[index++] = {(base + name).toLower(), lower.chopped(kBookExtension), 0, {}};
+        books[index++] = {(base + name).toLower(), lower.chopped(kBookExtension), 0, {}, real + u'/' + name};
     }
 }
 
@@ -57,16 +60,19 @@ void ScanBookBox(const QString& folder) {
     ScanFolder(folder);
     auto& state = State();
     if (state.gCommandLine.isEmpty() || !FileExists(state.gCommandLine)) return;
-    const QString path = state.gCommandLine.trimmed().toLower();
-    state.gCmdBook = FindBook(path);
+    state.gCmdBook = FindBook(state.gCommandLine);
     if (state.gCmdBook >= 0) return;
-    state.gBooks.push_back({path, OutsideName(path), 0, {}});
+    state.gBooks.push_back(OutsideBook(state.gCommandLine));
     state.gCmdBook = static_cast<int>(state.gBooks.size()) - 1;
 }
 
 void ReadBookInfo() {
     for (auto& book : State().gBooks)
-        ReadInfo(book, 0);
+        Succeeds([&] { ReadInfo(book, 0); });
+}
+
+void ReadBookInfo(BookRecord& book) {
+    ReadInfo(book, kWaitMs);
 }
 
 void ChooseBook() {
@@ -79,23 +85,37 @@ void ChooseBook() {
     if (last >= 0) state.gCurBook = last;
 }
 
-void EnsureBookInfo(int index) {
-    auto& books = State().gBooks;
-    if (index < 0 || index >= static_cast<int>(books.size())) return;
-    auto& book = books[static_cast<size_t>(index)];
-    if (book.Version.isEmpty()) ReadInfo(book, kWaitMs);
-}
-
 int FindBook(const QString& path) {
     const auto& books = State().gBooks;
-    for (size_t i = 0; i < books.size(); ++i)
-        if (books[i].Path == path) return static_cast<int>(i);
-    return -1;
+    const auto real = RealPath(path);
+    const auto find = [&](const auto& fits) {
+        const auto found = std::find_if(books.begin(), books.end(), fits);
+        return found == books.end() ? -1 : static_cast<int>(found - books.begin());
+    };
+    if (real.exists) return find([&](const auto& book) { return IsSameFile(FileOf(book).path, real.path); });
+    return find([&](const auto& book) { return book.Path == path.toLower(); });
 }
 
 int AddOutsideBook(const QString& path) {
-    BookRecord book{path, OutsideName(path), 0, {}};
-    ReadInfo(book, kWaitMs);
+    auto book = OutsideBook(path);
+    Succeeds([&] { ReadInfo(book, kWaitMs); });
     State().gBooks.push_back(book);
     return static_cast<int>(State().gBooks.size()) - 1;
+}
+
+FoundPath FileOf(const BookRecord& book) {
+    if (book.File.isEmpty()) return SpelledPath(book.Path);
+    // Once it is gone, another file that differs by case is not the book.
+    return QFileInfo::exists(book.File) ? SpelledPath(book.File) : FoundPath{book.File, false, {}};
+}
+
+void OpenFileOf(const BookRecord& book, cConnection& connection, cConnection::Options options) {
+    const auto file = FileOf(book);
+    if (!file.rivals.isEmpty()) FailStatement(RivalsText(file.rivals), u"open "_s + book.Path);
+    options.exact = true;
+    connection.Open(file.path, options);
+}
+
+QString RivalsText(const QStringList& rivals) {
+    return u"有只差大小写的同名文件，无法打开：\n"_s + rivals.join(u'\n');
 }

@@ -1,15 +1,10 @@
 #include "store/book_format.h"
 
-#include "store/messages.h"
-#include "store/state.h"
-
 #include <QStringList>
 
-using namespace Qt::StringLiterals;
+#include <limits>
 
-namespace {
-const QString kVersion = u"10.0"_s;
-}
+using namespace Qt::StringLiterals;
 
 qint64 NextId(cConnection& book, const QString& table) {
     static const QStringList tables{u"taccount"_s,    u"tkind"_s,     u"tsubacc"_s,
@@ -18,6 +13,7 @@ qint64 NextId(cConnection& book, const QString& table) {
     auto row = book.OpenRecordset(u"select * from tNum where table1="_s + Quote(table));
     if (row.Eof()) return -1;
     const qint64 id = row.Int(u"Max1");
+    if (id == std::numeric_limits<qint64>::max()) FailStatement(u"tNum 中的编号已用完"_s, table);
     row.Set(u"Max1", id + 1);
     row.Update();
     return id;
@@ -39,18 +35,4 @@ PassCheck CheckPass(cConnection& book, const QString& text) {
     const auto pass = BookKey(book, u"pass"_s);
     if (!pass) return PassCheck::missing;
     return *pass == text ? PassCheck::right : PassCheck::wrong;
-}
-
-bool CheckBookVersion(int index) {
-    const auto& books = State().gBooks;
-    const int wanted = index == -1 ? State().gCurBook : index;
-    if (wanted < 0 || wanted >= static_cast<int>(books.size())) {
-        ShowMsg(u"未指定账本 或 指定的【账本文件】不存在!"_s);
-        return false;
-    }
-    const auto& version = books[static_cast<size_t>(wanted)].Version;
-    if (version == kVersion) return true;
-    ShowMsg(u"程序要求账本版本是：【"_s + kVersion + u"】\n当前账本版本是：【"_s + version +
-            u"】\n账本版本不符不能打开! 请与开发商联系!"_s);
-    return false;
 }

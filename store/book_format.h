@@ -1,5 +1,5 @@
 #pragma once
-// The book file: ids, version, password and the keys of tSet.
+// The book file: ids, password and the keys of tSet.
 
 #include "store/connection.h"
 
@@ -11,7 +11,7 @@
 constexpr int kBookExtension = 6;
 
 /// Next free id of one of taccount, tkind, tsubacc, tsubaccitem, tnotebook, tpic; -1 for any other name (the
-/// name is case-sensitive) and for a missing row.
+/// name is case-sensitive) and for a missing row. Throws DbError when the last id has been given out.
 qint64 NextId(cConnection& book, const QString& table);
 /// The same inside a write: an id below 0 is a failure of the statement.
 qint64 NewId(cConnection& book, const QString& table);
@@ -22,7 +22,3 @@ std::optional<QString> BookKey(cConnection& book, const QString& key);
 enum class PassCheck { right, wrong, missing };
 /// Compares text with the book's password by plain equality.
 PassCheck CheckPass(cConnection& book, const QString& text);
-
-/// True when the stored version of the book is the one the program reads. index -1: the current book. Shows
-/// its message otherwise.
-bool CheckBookVersion(int index);

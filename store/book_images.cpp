@@ -28,7 +28,8 @@ bool WriteSampleBook(const QString& path) {
     QFile::remove(real + u"-journal"_s);  // of a book that is gone; it would be played into the new one
     QSaveFile file(real);
     const QByteArray image = SampleBookImage();
-    return file.open(QIODevice::WriteOnly) && file.write(image) == image.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+           file.write(image) == image.size() && file.commit();
 }
 
 void RemoveBookFile(const QString& path) {

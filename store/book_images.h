@@ -8,7 +8,7 @@
 QByteArray SampleBookImage();
 QByteArray EmptyBookImage();
 
-/// Writes the sample book to path unless a file is there. True when it was written.
+/// Writes the sample book to path unless a file is there, for its user alone. True when it was written.
 bool WriteSampleBook(const QString& path);
 
 /// Deletes a book file for good, its journal along with it.

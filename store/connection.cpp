@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <cmath>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +17,13 @@ constexpr int kOwnError = -1;
 
 QString SqlOf(sqlite3_stmt* statement) {
     return QString::fromUtf8(sqlite3_sql(statement));
+}
+
+// A file is data: what its schema would run stays still.
+void DistrustSchema(sqlite3* db) {
+    for (const int option :
+         {SQLITE_DBCONFIG_ENABLE_VIEW, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_TRUSTED_SCHEMA})
+        sqlite3_db_config(db, option, 0, nullptr);
 }
 
 }  // namespace
@@ -39,6 +47,10 @@ DbFault FaultOf(int number) {
             return number > 0 ? DbFault::busy : DbFault::other;
         case SQLITE_READONLY:
             return number > 0 ? DbFault::readOnly : DbFault::other;
+        case SQLITE_ERROR:
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return number > 0 ? DbFault::noBook : DbFault::other;
         default:
             return DbFault::other;
     }
@@ -112,7 +124,7 @@ void cConnection::Open(const QString& path, Options options) {
     auto core = std::make_unique<ConnectionCore>();
     core->path = path;
     core->source = QFileInfo(path).fileName();
-    const auto real = RealPath(path);
+    const auto real = options.exact ? FoundPath{path, QFileInfo::exists(path), {}} : RealPath(path);
     if (!real.rivals.isEmpty())
         throw DbError(kOwnError, core->source, u"有只差大小写的同名文件："_s + real.rivals.join(u"，"_s),
                       u"open "_s + path);
@@ -127,9 +139,11 @@ void cConnection::Open(const QString& path, Options options) {
     sqlite3_extended_result_codes(core->db, 1);
     sqlite3_busy_timeout(core->db, options.waitMs);
     RegisterTextFunctions(core->db);
+    DistrustSchema(core->db);
     core_ = std::move(core);
     try {
-        Execute(u"pragma synchronous=full; select count(*) from sqlite_master"_s);
+        // extra: the folder is flushed as well, or a power cut could bring a deleted journal back.
+        Execute(u"pragma synchronous=extra; select count(*) from sqlite_master"_s);
     } catch (...) {
         Close();
         throw;
@@ -165,6 +179,15 @@ void cConnection::Execute(const QString& sql) {
         while (core.Step(statement.get(), one)) {
         }
         rest += length;
+    }
+}
+
+void cConnection::Execute(const QString& sql, const QString& hint) {
+    try {
+        Execute(sql);
+    } catch (DbError& error) {
+        error.hint = hint;
+        throw;
     }
 }
 
@@ -289,21 +312,26 @@ std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
     }
     auto& order = core.order[name];
     // Most rows stand as far from their id as the one found before.
-    const auto guess = core.RowFrom(order, name, id + order.ahead);
-    if (guess && guess->id == id) return guess->row;
+    qint64 likely = 0;
+    if (!__builtin_add_overflow(id, order.ahead, &likely)) {
+        const auto guess = core.RowFrom(order, name, likely);
+        if (guess && guess->id == id) return guess->row;
+    }
     auto edges = Read(u"select min(rowid), (select max(rowid) from "_s + table + u") from "_s + table);
     if (!edges.Next()) return {};
     qint64 low = edges.Int(0);
     qint64 high = edges.Int(1);
     while (low <= high) {
-        const qint64 middle = low + (high - low) / 2;
+        const qint64 middle = std::midpoint(low, high);
         const auto there = core.RowFrom(order, name, middle);
         if (!there) return {};
         if (there->id == id) {
-            order.ahead = there->row - id;
+            if (__builtin_sub_overflow(there->row, id, &order.ahead)) order.ahead = 0;
             return there->row;
         }
-        if (there->id < id)
+        const bool below = there->id < id;
+        if (below ? there->row >= high : middle <= low) return {};
+        if (below)
             low = there->row + 1;
         else
             high = middle - 1;

@@ -29,6 +29,7 @@ class DbError : public std::exception {
     QString source;
     QString description;
     QString statement;
+    QString hint;  ///< the likely reason, where the failing place knows it
 
  private:
     QByteArray what_;
@@ -38,7 +39,13 @@ class DbError : public std::exception {
 [[noreturn]] void FailStatement(const QString& description, const QString& statement);
 
 /// What the number of a DbError says about the file.
-enum class DbFault { other, busy, readOnly, moved };
+enum class DbFault {
+    other,
+    busy,
+    readOnly,
+    moved,
+    noBook  ///< no database at all, a damaged one, or one without the tables asked for
+};
 DbFault FaultOf(int number);
 
 /// 'text' with its quotes doubled: the only way for an outside value into a statement.
@@ -118,7 +125,8 @@ class cConnection {
  public:
     struct Options {
         bool readOnly = false;
-        int waitMs = 2000;  ///< how long to wait for another program's lock
+        int waitMs = 2000;   ///< how long to wait for another program's lock
+        bool exact = false;  ///< the path stands in its real spelling; no other is looked for
     };
 
     cConnection();
@@ -136,6 +144,8 @@ class cConnection {
 
     /// Runs every statement of the text.
     void Execute(const QString& sql);
+    /// The same; a failure carries the hint.
+    void Execute(const QString& sql, const QString& hint);
     cRecordset OpenRecordset(const QString& sql);
     cReader Read(const QString& sql);
 
@@ -175,7 +185,7 @@ class cConnection {
     std::unique_ptr<ConnectionCore> core_;
 };
 
-/// One user action on entries: begins at once, rolls back unless committed.
+/// One user action: begins at once, rolls back unless committed.
 class Transaction {
  public:
     explicit Transaction(cConnection& connection) : connection_(connection) { connection_.Begin(); }

@@ -86,6 +86,17 @@ struct InputDialog {
     int& otherChecked;
 };
 
+/// frmNoteNew.
+struct NoteDialog {
+    explicit NoteDialog(DialogRecord& r = State().gDlg[kDlgNote])
+        : done(r.Flag1), isNew(r.Flag2), isPlatform(r.Flag3), id(r.Num1), mode(r.Text1) {}
+    int& done;
+    int& isNew;
+    int& isPlatform;  ///< a message of the service, not a note of the book
+    int& id;
+    QString& mode;
+};
+
 /// frmTree.
 struct TreeDialog {
     explicit TreeDialog(DialogRecord& r = State().gDlg[kDlgTree])

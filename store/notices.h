@@ -1,7 +1,8 @@
 #pragma once
 // What concerns other windows after a change. A window subscribes for as long as it keeps the token.
 
-#include <QString>
+#include "store/chart.h"
+#include "store/errors.h"
 
 #include <functional>
 #include <map>
@@ -21,10 +22,11 @@ class Notice {
         return {this, [id](Notice* self) { self->handlers_.erase(id); }};
     }
 
+    /// Never throws into the writer: what a handler fails with has its own box.
     void Emit(Args... args) const {
         const auto now = handlers_;  // a handler may end its own subscription
         for (const auto& [id, handler] : now)
-            if (handlers_.contains(id)) handler(args...);
+            if (handlers_.contains(id)) RunEvent([&] { handler(args...); });
     }
 
     void Clear() { handlers_.clear(); }
@@ -34,12 +36,13 @@ class Notice {
     int last_ = 0;
 };
 
-/// All notices of the program. They live as long as the process.
+/// All notices of the program. They live as long as the process. Whoever writes emits, after the last commit
+/// of an action and once for it; a long job tells once at its end, also when it was stopped or has failed.
 struct ProgramNotices {
-    Notice<const QString&> chartChanged;  ///< table name: tKind or tSubAcc
-    Notice<> booksChanged;                ///< gBooks has another list of books
-    Notice<qint64> entrySaved;            ///< id of the main row of an entry made outside the list
-    Notice<> remindersChanged;            ///< the number on the logo may be another
+    Notice<> entriesChanged;     ///< entries, their records and with them the balances of both charts
+    Notice<Chart> chartChanged;  ///< rows of a chart, and entries that carry their codes or opening balances
+    Notice<> booksChanged;       ///< gBooks has another list of books
+    Notice<> remindersChanged;   ///< the number on the logo may be another
 };
 
 ProgramNotices& Notices();

@@ -1,43 +1,102 @@
 #include "store/paths.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr auto kOwnFolder = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
 QChar SeparatorOf(PathStyle style) {
     return style == PathStyle::windows ? u'\\' : u'/';
 }
 
-// Every existing path that equals the levels, ignoring case, below folder.
-QStringList Matches(const QString& folder, const QStringList& levels, qsizetype at) {
+bool Exists(const QString& path) {
+    return QFileInfo::exists(path);
+}
+
+QString Below(const QString& folder, const QString& name) {
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+// The entries of a folder that equal name, ignoring case. A folder that cannot be listed still answers for
+// the exact name.
+QStringList Entries(const QString& folder, const QString& name) {
     QStringList found;
-    const bool last = at + 1 == levels.size();
     const auto entries =
         QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const auto& entry : entries) {
-        if (entry.compare(levels[at], Qt::CaseInsensitive) != 0) continue;
-        const QString here = folder.endsWith(u'/') ? folder + entry : folder + u'/' + entry;
-        if (last)
-            found << here;
-        else if (QFileInfo(here).isDir())
-            found << Matches(here, levels, at + 1);
+    for (const auto& entry : entries)
+        if (entry.compare(name, Qt::CaseInsensitive) == 0) found << Below(folder, entry);
+    const QString exact = Below(folder, name);
+    if (!found.contains(exact) && Exists(exact)) found << exact;
+    return found;
+}
+
+// Every existing path that equals the levels, ignoring case, below folder.
+QStringList Matches(const QString& folder, const QStringList& levels, qsizetype at = 0) {
+    if (at == levels.size()) return {folder};
+    QStringList found;
+    for (const auto& here : Entries(folder, levels[at]))
+        if (at + 1 == levels.size() || QFileInfo(here).isDir()) found << Matches(here, levels, at + 1);
+    return found;
+}
+
+QStringList& KnownFolders() {
+    static QStringList folders;
+    return folders;
+}
+
+QStringList MatchesInKnown(const QString& path) {
+    QStringList found;
+    for (const auto& folder : KnownFolders()) {
+        const bool inside = path.startsWith(folder + u'/', Qt::CaseInsensitive) ||
+                            path.compare(folder, Qt::CaseInsensitive) == 0;
+        if (inside && QFileInfo(folder).isDir())
+            found << Matches(folder, path.mid(folder.size()).split(u'/', Qt::SkipEmptyParts));
     }
     return found;
 }
 
+// Links may lead to one file by several spellings, which are no rivals.
+QStringList Distinct(const QStringList& paths) {
+    QStringList kept;
+    for (const auto& path : paths)
+        if (std::none_of(kept.begin(), kept.end(), [&](const QString& k) { return IsSameFile(k, path); }))
+            kept << path;
+    return kept;
+}
+
 FoundPath Search(const QString& path) {
-    if (QFileInfo::exists(path)) return {path, true, {}};
+    if (Exists(path)) return {path, true, {}};
     const QString clean = QDir::cleanPath(path);
     const auto levels = clean.split(u'/', Qt::SkipEmptyParts);
     if (!QDir::isAbsolutePath(clean) || levels.isEmpty()) return {path, false, {}};
-    const auto found = Matches(u"/"_s, levels, 0);
+    const auto found = Distinct(MatchesInKnown(clean) + Matches(u"/"_s, levels));
     if (found.size() == 1) return {found.first(), true, {}};
     return {path, false, found};
+}
+
+// The beginning of path that is there as a folder, to the letter.
+QString StandingPart(QString path) {
+    while (!path.isEmpty() && !QFileInfo(path).isDir())
+        path = ParentPath(path);
+    return path;
+}
+
+const QStringList& SystemFolders() {
+    static const QStringList folders{u"/usr"_s,  u"/bin"_s, u"/sbin"_s, u"/lib"_s, u"/etc"_s,
+                                     u"/boot"_s, u"/dev"_s, u"/proc"_s, u"/sys"_s, u"/run"_s};
+    return folders;
+}
+
+bool LiesIn(const QString& path, const QString& folder) {
+    return path == folder || path.startsWith(folder + u'/');
 }
 
 }  // namespace
@@ -58,6 +117,33 @@ FoundPath RealPath(const QString& path) {
     const auto parent = Search(folder);
     if (!parent.rivals.isEmpty()) return {path, false, parent.rivals};
     return {parent.path + path.mid(folder.size()), false, {}};
+}
+
+FoundPath SpelledPath(const QString& path) {
+    if (!Exists(path)) return RealPath(path);
+    KnowFolder(QFileInfo(path).isDir() ? path : ParentPath(path));
+    const auto lower = RealPath(path.toLower());
+    if (!lower.rivals.isEmpty()) return lower;
+    if (lower.exists && !IsSameFile(lower.path, path)) return {path, false, {path, lower.path}};
+    return {path, true, {}};
+}
+
+void KnowFolder(const QString& folder) {
+    auto& known = KnownFolders();
+    const QString clean = QDir::cleanPath(folder);
+    if (QDir::isAbsolutePath(clean) && clean != u"/" && !known.contains(clean)) known << clean;
+}
+
+void ForgetFolders() {
+    KnownFolders().clear();
+}
+
+bool IsSameFile(const QString& a, const QString& b) {
+    if (a == b) return Exists(a);
+    const auto first = QFile::encodeName(a).toStdString();
+    const auto second = QFile::encodeName(b).toStdString();
+    std::error_code none;
+    return std::filesystem::equivalent(first, second, none);
 }
 
 bool FileExists(const QString& path) {
@@ -113,35 +199,32 @@ FolderPlan PlanFolders(const QString& path, PathStyle style,
 
 QString MakeFolders(const QString& path) {
     const auto exists = [](const QString& drive) { return QFileInfo::exists(drive + u'/'); };
-    const auto plan = PlanFolders(path, NativeStyle(), exists);
+    auto plan = PlanFolders(path, NativeStyle(), exists);
     if (!plan.error.isEmpty()) return plan.error;
+    const QString standing = NativeStyle() == PathStyle::posix ? StandingPart(path) : QString();
+    if (!standing.isEmpty()) {
+        if (path.mid(standing.size()).split(u'/', Qt::SkipEmptyParts).isEmpty()) return {};
+        plan = PlanFolders(path.mid(standing.size()), PathStyle::posix);
+    }
     for (const auto& level : plan.levels) {
-        const auto real = RealPath(level);
-        if (real.rivals.isEmpty() && (QFileInfo(real.path).isDir() || QDir().mkdir(real.path))) continue;
+        const auto real = RealPath(standing + level);
+        if (real.rivals.isEmpty() && (QFileInfo(real.path).isDir() || QDir().mkdir(real.path, kOwnFolder)))
+            continue;
         return u"意外错误, 可能路径中包含了非法字符 或 当前Windows用户无权限"_s;
     }
     return {};
 }
 
+bool IsSystemFolder(const QString& path) {
+    const auto& folders = SystemFolders();
+    return std::any_of(folders.begin(), folders.end(), [&](const QString& f) { return LiesIn(path, f); });
+}
+
 bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
                     const QString& programFolder) {
     const QString lower = path.toLower();
-    if (style == PathStyle::windows) {
-        const QStringList folders{u"\\Program Files"_s, u"\\Windows"_s, u"\\用户"_s, u"\\Users"_s};
-        return std::any_of(folders.begin(), folders.end(),
-                           [&](const QString& f) { return lower.startsWith((systemDrive + f).toLower()); });
-    }
-    const QStringList folders{u"/usr"_s,
-                              u"/bin"_s,
-                              u"/sbin"_s,
-                              u"/lib"_s,
-                              u"/etc"_s,
-                              u"/boot"_s,
-                              u"/dev"_s,
-                              u"/proc"_s,
-                              u"/sys"_s,
-                              u"/run"_s,
-                              programFolder.toLower()};
+    if (style == PathStyle::posix) return IsSystemFolder(lower) || LiesIn(lower, programFolder.toLower());
+    const QStringList folders{u"\\Program Files"_s, u"\\Windows"_s, u"\\用户"_s, u"\\Users"_s};
     return std::any_of(folders.begin(), folders.end(),
-                       [&](const QString& f) { return lower == f || lower.startsWith(f + u'/'); });
+                       [&](const QString& f) { return lower.startsWith((systemDrive + f).toLower()); });
 }

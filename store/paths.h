@@ -19,6 +19,18 @@ struct FoundPath {
 };
 FoundPath RealPath(const QString& path);
 
+/// A path in the spelling that a dialog, a drop, the command line or a folder's listing gave. Paths are kept
+/// in lower case from then on, so rivals tells when that would lead to another file or folder. Its folder
+/// counts as known from now on.
+FoundPath SpelledPath(const QString& path);
+
+/// Folders of known spelling: what lies in them is found even where a folder above cannot be listed.
+void KnowFolder(const QString& folder);
+void ForgetFolders();
+
+/// True when both exist and are the same on the disk, whatever links lead to them.
+bool IsSameFile(const QString& a, const QString& b);
+
 /// True when path is an existing file, ignoring case, and no folder.
 bool FileExists(const QString& path);
 bool FolderExists(const QString& path);
@@ -36,9 +48,12 @@ struct FolderPlan {
 };
 FolderPlan PlanFolders(const QString& path, PathStyle style,
                        const std::function<bool(const QString&)>& driveExists = {});
-/// Makes a path level by level. Empty on success, otherwise the reason.
+/// Makes a path level by level, each new folder for its user alone. A level that is there keeps its spelling,
+/// blanks at its ends included. Empty on success, otherwise the reason.
 QString MakeFolders(const QString& path);
 
+/// True when path (lower case) lies in a folder of the system outside Windows.
+bool IsSystemFolder(const QString& path);
 /// True when a book box may not lie at path (lower case). home is the Windows system drive.
 bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
                     const QString& programFolder);

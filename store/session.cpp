@@ -1,5 +1,6 @@
 #include "store/session.h"
 
+#include "store/book_box.h"
 #include "store/book_images.h"
 #include "store/dates.h"
 #include "store/messages.h"
@@ -28,7 +29,7 @@ QString DataHome() {
 
 void ReopenDB() {
     cConnection fresh;
-    fresh.Open(CurrentBook().Path);
+    OpenFileOf(CurrentBook(), fresh, {});
     State().gDB = std::move(fresh);
 }
 
@@ -51,9 +52,10 @@ void InitFolders() {
     state.gSettingsPath.clear();
     const QString dataHome = FromEnvironment("APPDATA", DataHome());
     state.gDataDir = dataHome + u"/KestroJot"_s;
-    QDir().mkpath(dataHome);
-    if (!FolderExists(state.gDataDir)) QDir().mkdir(state.gDataDir);
+    MakeFolders(state.gDataDir);
     state.gDefaultBox = FromEnvironment("SystemDrive", QDir::homePath()) + u"/KestroData/墨鹊理财"_s;
+    for (const auto& folder : {QDir::homePath(), state.gDataDir, state.gDefaultBox, ProgramFolder()})
+        KnowFolder(folder);
 }
 
 bool CheckFiles() {

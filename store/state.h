@@ -14,6 +14,7 @@ struct BookRecord {
     QString Name;  ///< lower case, without extension; "->" in front for a book outside the book box
     int Year = 0;
     QString Version;
+    QString File = {};  ///< the spelling by which the book came in; empty: the one that Path leads to
 };
 
 /// Through these records a caller and a dialog talk; store/dialogs.h names the fields of each dialog.

@@ -47,8 +47,8 @@ class KestroCalculator : public KestroPopup {
     Calculation calculation_;
     int group_ = 3;
     bool ownKeys_ = false;
-    bool stays_ = false;    ///< = shows the result and nothing closes
-    bool touched_ = false;  ///< a key of the calculator was pressed
+    bool stays_ = false;        ///< = shows the result and nothing closes
+    bool touched_ = false;      ///< a key of the calculator was pressed
     QPointer<QWidget> before_;  ///< had the focus when the calculator took the keyboard
     int hovered_ = -1;
     int pressed_ = -1;

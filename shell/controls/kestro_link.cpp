@@ -33,8 +33,7 @@ void KestroLink::paintEvent(QPaintEvent*) {
     QRect used;
     p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text(), &used);
     if (underMouse() || hasFocus()) Skin::HLine(p, used.left(), used.right(), used.bottom(), color);
-    if (hasFocus() && byKey_)
-        Skin::FocusRing(p, rect(), 2, true, color);
+    if (hasFocus() && byKey_) Skin::FocusRing(p, rect(), 2, true, color);
 }
 
 void KestroLink::focusInEvent(QFocusEvent* event) {

@@ -310,6 +310,10 @@ int KestroList::SortedColumn() const {
     return model_->sortedColumn;
 }
 
+bool KestroList::SortedAscending() const {
+    return model_->ascending;
+}
+
 void KestroList::SortBy(int column, bool ascending) {
     if (!model_->HasColumn(column)) return;
     model_->Sort(column, ascending);

@@ -116,6 +116,7 @@ class KestroList : public QTableView {
     /// The focus is here and no current row shows it, so the frame does.
     bool FrameMarked() const { return hasFocus() && CurrentRow() < 0; }
     int SortedColumn() const;  ///< -1 while rows stand as they were added
+    bool SortedAscending() const;
     void SortBy(int column, bool ascending);
     /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or EndFill come.
     void SetLoading(bool on);

@@ -138,8 +138,8 @@ void KestroText::PaintDots(QPainter& p) const {
         p.fillRect(from, 7, DotX(selectionEnd()) - from, height() - 14, palette().highlight());
     }
     for (int i = 0; i < text().size(); ++i)
-        Skin::Box(p, QRectF(DotX(i) + (kDotStep - kDot) / 2.0, (height() - kDot) / 2.0, kDot, kDot), kDot / 2.0,
-                  TextColor(), {});
+        Skin::Box(p, QRectF(DotX(i) + (kDotStep - kDot) / 2.0, (height() - kDot) / 2.0, kDot, kDot),
+                  kDot / 2.0, TextColor(), {});
     if (hasFocus() && !isReadOnly())
         Skin::VLine(p, DotX(cursorPosition()), 7, height() - 7, Skin::Color(Tok::text));
     p.restore();

@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSettingsTab = 5;
-
 class SettingPage : public UiFixture {
  protected:
     SettingPage() {
@@ -22,23 +20,24 @@ class SettingPage : public UiFixture {
         RegisterAll();
         frame_ = std::make_unique<frmMain>();
         frame_->show();
-        entries_ = Host().page(0);
+        entries_ = Host().page(kTabAccount);
         EXPECT_TRUE(Wait([this] { return Find<KestroList>(entries_, "KestroList1")->RowCount() == 3; }));
     }
     KestroScrollMenu* Strip() { return Find<KestroScrollMenu>(entries_, "KestroScrollMenu1"); }
     KestroCombox* Kinds() { return Find<KestroCombox>(entries_, "comKind"); }
     KestroList* Chart(const char* panel) {
-        return Find<KestroList>(Find<QWidget>(Host().page(kSettingsTab), panel), "KestroList1");
+        return Find<KestroList>(Find<QWidget>(Host().page(kTabSetting), panel), "KestroList1");
     }
     bool HasKind(const QString& code) {
+        frame_->SetFormTab(kTabAccount);
         Strip()->Select(u"title3"_s, code);
         return Strip()->SelectedKey() == code && Kinds()->SetCurrentKey(code);
     }
     /// The menu of a kind in the strip.
-    void KindMenu(const QString& code, const QString& key) {
-        frame_->SetFormTab(0);
+    void KindMenu(const QString& code, Act act) {
+        frame_->SetFormTab(kTabAccount);
         Strip()->Select(u"title3"_s, code);
-        entries_->DoMenu(u"scrollkind"_s, key);
+        entries_->Do(act);
     }
 
     std::unique_ptr<frmMain> frame_;
@@ -49,38 +48,39 @@ class SettingPage : public UiFixture {
 
 TEST_F(SettingPage, AKindOfTheStripLeadsToItsRowAndBack) {
     OnInputBox({u"0102 工程收入"_s, {}, {}, {}});
-    KindMenu(u"0102"_s, u"scrolledit"_s);
+    KindMenu(u"0102"_s, Act::kindEdit);
     EXPECT_EQ(InputShown().start, u"0102 项目收入"_s);
-    EXPECT_EQ(frame_->CurrentTab(), kSettingsTab);
+    EXPECT_EQ(frame_->CurrentTab(), kTabSetting);
     auto* kinds = Chart("kinds");
     EXPECT_EQ(kinds->CurrentKey(), u"0102"_s);
     frame_->activateWindow();
     EXPECT_TRUE(Wait([&] { return kinds->hasFocus(); }));
+    frame_->SetFormTab(kTabAccount);
     ASSERT_TRUE(Kinds()->SetCurrentKey(u"0102"_s));
     EXPECT_EQ(Kinds()->text(), u"0102工程收入"_s);
 
     OnInputBox({u"0103 租金"_s, {}, {}, {}});
-    KindMenu(u"0201"_s, u"scrollnew"_s);
+    KindMenu(u"0201"_s, Act::kindAdd);
     EXPECT_EQ(InputShown().title, u"新增分类"_s);
     EXPECT_TRUE(HasKind(u"0103"_s));
 
     boxes.Expect(u"你确定要【删除选定】的分类名称?"_s);
     boxes.Expect(u"已成功删除分类!"_s);
-    KindMenu(u"0103"_s, u"scrolldel"_s);
+    KindMenu(u"0103"_s, Act::kindDelete);
     EXPECT_FALSE(HasKind(u"0103"_s));
     EXPECT_EQ(kinds->FindRow(u"0103"_s), -1);
 }
 
 TEST_F(SettingPage, WithoutAKindOnlyANewOneCanBeMade) {
-    for (const QString& key : {u"scrolledit"_s, u"scrolldel"_s}) {
+    for (const Act act : {Act::kindEdit, Act::kindDelete}) {
         boxes.Expect(u"【未选定】任何分类项!"_s);
-        KindMenu({}, key);
+        KindMenu({}, act);
         EXPECT_EQ(frame_->CurrentTab(), 0);
     }
     boxes.Expect(u"未选定任何【分类】!"_s);
-    KindMenu({}, u"scrollmoney"_s);
+    KindMenu({}, Act::kindMoney);
     boxes.Expect(u"分类名称: 农行\n增加额: 5000 元\n减少额: 2100 元\n余　额: 2900 元"_s);
-    KindMenu(u"030201"_s, u"scrollmoney"_s);
+    KindMenu(u"030201"_s, Act::kindMoney);
 }
 
 TEST_F(SettingPage, EntriesFollowTheCodeOfTheirKind) {
@@ -88,17 +88,19 @@ TEST_F(SettingPage, EntriesFollowTheCodeOfTheirKind) {
     list->SetCurrentRow(1);
     boxes.Expect(u"修改之前的编号已经在记账中使用"_s);
     OnInputBox({u"030209 农行"_s, {}, {}, {}});
-    KindMenu(u"030201"_s, u"scrolledit"_s);
+    KindMenu(u"030201"_s, Act::kindEdit);
+    EXPECT_EQ(list->Cell(2, 2), u"030201农行"_s);  // hidden, and fresh when it shows
+    frame_->SetFormTab(kTabAccount);
     EXPECT_EQ(list->Cell(2, 2), u"030209农行"_s);
     EXPECT_EQ(list->CurrentKey(), u"7"_s);
 }
 
 TEST_F(SettingPage, OnlyTheChartThatShowsIsReadAgain) {
-    frame_->SetFormTab(kSettingsTab);
-    auto* page = Host().page(kSettingsTab);
+    frame_->SetFormTab(kTabSetting);
+    auto* page = Host().page(kTabSetting);
     EXPECT_TRUE(Chart("kinds")->isVisible());
     EXPECT_EQ(Chart("kinds")->RowCount(), 15);
-    page->DoKindAcc(u"tSubAcc"_s, u"0301"_s, {});
+    page->DoKindAcc(Chart::accounts, u"0301"_s, Act::find);
     auto* accounts = Chart("accounts");
     EXPECT_TRUE(accounts->isVisible());
     EXPECT_FALSE(Chart("kinds")->isVisible());

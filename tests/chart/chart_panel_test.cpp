@@ -16,10 +16,10 @@ class ChartPanelTest : public UiFixture {
         OpenSettingsStore();
         OpenSample();
         RegisterAll();
-        heard_ = Notices().chartChanged.Subscribe([this](const QString& table) { told_ << table; });
+        heard_ = Notices().chartChanged.Subscribe([this](Chart chart) { told_.push_back(chart); });
     }
-    ChartPanel& Open(const QString& table) {
-        panel_ = std::make_unique<ChartPanel>(table, true, nullptr);
+    ChartPanel& Open(Chart chart) {
+        panel_ = std::make_unique<ChartPanel>(chart, true, nullptr);
         panel_->Reload();
         list_ = Find<KestroList>(panel_.get(), "KestroList1");
         return *panel_;
@@ -27,13 +27,13 @@ class ChartPanelTest : public UiFixture {
     void Edit(const QString& code, const InputTyped& typed) {
         panel_->Select(code);
         OnInputBox(typed);
-        panel_->Edit();
+        panel_->Do(Act::edit);
     }
     QString Line(const QString& code) { return list_->RowCells(list_->FindRow(code)).mid(1).join(u'|'); }
 
     std::unique_ptr<ChartPanel> panel_;
     KestroList* list_ = nullptr;
-    QStringList told_;
+    std::vector<Chart> told_;
     NoticeToken heard_;
 };
 
@@ -41,7 +41,7 @@ class ChartPanelTest : public UiFixture {
 
 TEST_F(ChartPanelTest, ABoxThatIsOnlyConfirmedChangesNothing) {
     auto& book = State().gDB;
-    Open(u"tKind"_s);
+    Open(Chart::kinds);
     Edit(u"0301"_s, {{}, u"1234.5"_s, u"零钱"_s, true});
     EXPECT_EQ(InputShown().title, u"修改分类名称"_s);
     EXPECT_EQ(InputShown().start, u"0301 现金"_s);
@@ -59,13 +59,13 @@ TEST_F(ChartPanelTest, ABoxThatIsOnlyConfirmedChangesNothing) {
 }
 
 TEST_F(ChartPanelTest, ARowIsFollowedThroughItsNewCodeToItsEnd) {
-    auto& panel = Open(u"tKind"_s);
+    auto& panel = Open(Chart::kinds);
     boxes.Expect(u"请【选定一条】需修改的记录!"_s);
-    panel.Edit();
+    panel.Do(Act::edit);
     boxes.Expect(u"没有【选定】要删除的分类!"_s);
-    panel.Del();
+    panel.Do(Act::remove);
     OnInputBox({u"0103 租金"_s, {}, {}, {}});
-    panel.New();
+    panel.Do(Act::add);
     EXPECT_EQ(list_->CurrentRow(), 15);
     EXPECT_EQ(list_->RowCells(15), (QStringList{u"16"_s, u"      0103租金"_s, QString(), u"0"_s, u"0"_s,
                                                 u"0"_s, u"0"_s, QString()}));
@@ -73,24 +73,30 @@ TEST_F(ChartPanelTest, ARowIsFollowedThroughItsNewCodeToItsEnd) {
     EXPECT_EQ(list_->FindRow(u"0103"_s), -1);
     boxes.Expect(u"你确定要【删除选定】的分类名称?"_s);
     boxes.Expect(u"已成功删除分类!"_s);
-    panel.Del();
+    panel.Do(Act::remove);
     EXPECT_EQ(list_->RowCount(), 15);
     EXPECT_EQ(list_->CurrentRow(), -1);
-    EXPECT_EQ(told_, (QStringList{u"tKind"_s, u"tKind"_s, u"tKind"_s}));
+    EXPECT_EQ(told_, std::vector(3, Chart::kinds));
 }
 
-TEST_F(ChartPanelTest, ASettledFailureShowsWhatWasAppliedAndTellsTheOthers) {
-    Open(u"tSubAcc"_s);
+TEST_F(ChartPanelTest, AnAccountsStandingOpeningKeepsTheRestOrUndoesTheChange) {
+    const QString record = u"select SubAccName1,Value1 from tSubAccItem where SubAccKey='0301'"_s;
+    Open(Chart::accounts);
     Edit(u"0301"_s, {u"0301 软件"_s, u"10"_s, {}, {}});
     EXPECT_EQ(Line(u"0301"_s), u"      0301软件||10|10.00|0.00|10.00|"_s);
     told_.clear();
     boxes.Expect(u"意外错误，错误信息："_s);
-    Edit(u"0301"_s, {u"0301 改名"_s, u"20"_s, {}, true});
-    EXPECT_EQ(Line(u"0301"_s), u"      0301改名|隐藏|10|20|0|20|"_s);
+    Edit(u"0301"_s, {u"0301 改名"_s, {}, {}, true});
+    EXPECT_TRUE(boxes.Last().text.endsWith(u"其他内容已保存，期初余额未变"_s));
+    EXPECT_EQ(Line(u"0301"_s), u"      0301改名|隐藏|10|10|0|10|"_s);
     EXPECT_EQ(list_->CurrentKey(), u"0301"_s);
-    EXPECT_EQ(told_, QStringList{u"tSubAcc"_s});
-    EXPECT_EQ(Rows(State().gDB, u"select SubAccName1,Value1 from tSubAccItem where SubAccKey='0301'"_s),
-              QStringList{u"改名|10"_s});
+    EXPECT_EQ(told_, std::vector{Chart::accounts});
+    boxes.Expect(u"意外错误，错误信息："_s);
+    Edit(u"0301"_s, {u"0301 又改"_s, u"20"_s, {}, {}});
+    EXPECT_TRUE(boxes.Last().text.endsWith(u"请先把期初余额改为 0，再改为新的金额"_s));
+    EXPECT_EQ(Line(u"0301"_s), u"      0301改名|隐藏|10|10|0|10|"_s);
+    EXPECT_EQ(told_, std::vector{Chart::accounts});
+    EXPECT_EQ(Rows(State().gDB, record), QStringList{u"改名|10"_s});
 }
 
 TEST_F(ChartPanelTest, AnOpeningThatTheBoxCannotHoldStaysUntilItIsTyped) {
@@ -103,7 +109,7 @@ TEST_F(ChartPanelTest, AnOpeningThatTheBoxCannotHoldStaysUntilItIsTyped) {
     const QString amounts =
         u"select k.nAdd,k.nReduce,k.Money,a.Value1,a.nSign from tKind k join tAccount a on a.Id1=k.IID"_s;
     const auto before = Rows(book, amounts);
-    Open(u"tKind"_s);
+    Open(Chart::kinds);
     Edit(u"0301"_s, {u"0301 零钱"_s, {}, {}, {}});
     EXPECT_EQ(Rows(book, u"select Name1 from tKind where Sort1='0301'"_s), QStringList{u"零钱"_s});
     EXPECT_EQ(Rows(book, amounts), before);
@@ -113,10 +119,10 @@ TEST_F(ChartPanelTest, AnOpeningThatTheBoxCannotHoldStaysUntilItIsTyped) {
 }
 
 TEST_F(ChartPanelTest, ARowThatHasGoneIsNotDeletedUnderAnothersName) {
-    auto& panel = Open(u"tKind"_s);
+    auto& panel = Open(Chart::kinds);
     panel.Select(u"0102"_s);
     State().gDB.Execute(u"update tKind set Sort1='0109' where Sort1='0102'"_s);
     boxes.Expect(u"意外错误!"_s);
-    panel.Del();
+    panel.Do(Act::remove);
     EXPECT_GE(list_->FindRow(u"0109"_s), 0);
 }

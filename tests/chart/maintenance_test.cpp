@@ -2,14 +2,19 @@
 
 #include "chart/maintenance.h"
 
+#include "chart/chart_checks.h"
+#include "ledger/entry_edit.h"
+#include "store/errors.h"
+#include "store/messages.h"
+#include "store/picture_index.h"
 #include "tests/support/fixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kKinds = u"tKind"_s;
-const QString kAccounts = u"tSubAcc"_s;
+constexpr Chart kKinds = Chart::kinds;
+constexpr Chart kAccounts = Chart::accounts;
 
 class MaintenanceTest : public Fixture {
  protected:
@@ -18,17 +23,19 @@ class MaintenanceTest : public Fixture {
 
     QStringList Dump(const QString& sql) { return Rows(Book(), sql); }
     /// The chart row: code, name, increase, decrease, balance, whether an opening row is linked.
-    QString Row(const QString& table, const QString& code) {
-        return Dump(u"select Sort1,Name1,nAdd,nReduce,Money,IID>0 from "_s + table + u" where Sort1='"_s +
-                    code + u'\'')
+    QString Row(Chart chart, const QString& code) {
+        return Dump(u"select Sort1,Name1,nAdd,nReduce,Money,IID>0 from "_s + TableOf(chart).table +
+                    u" where Sort1='"_s + code + u'\'')
             .join(u';');
     }
     /// Changes the row of a code to what is typed.
-    bool Change(const QString& table, const QString& code, const TypedRow& typed) {
+    bool Change(Chart chart, const QString& code, const TypedRow& typed) {
         const qint64 id =
-            Dump(u"select Id1 from "_s + table + u" where Sort1='"_s + code + u'\'').value(0).toLongLong();
-        const auto stored = ReadChartRecord(Book(), id, table);
-        return stored && ChangeRow(Book(), table, *stored, typed);
+            Dump(u"select Id1 from "_s + TableOf(chart).table + u" where Sort1='"_s + code + u'\'')
+                .value(0)
+                .toLongLong();
+        const auto stored = ReadChartRecord(Book(), id, chart);
+        return stored && ChangeRow(Book(), chart, *stored, typed);
     }
     /// Runs check, which has to show the message (none: empty) and nothing else.
     template <class Check>
@@ -52,7 +59,8 @@ TEST_F(MaintenanceTest, ANewRowIsCheckedInOrder) {
     const QString accountUsed = u"该编号的上一级，已经在记账中使用了。不能在其下新增子账户!"_s;
     const QString kindName = u"同一级内有相同的分类名称!"_s, accountName = u"同一级内有相同的账户名称!"_s;
     struct Case {
-        QString table, text, message;
+        Chart chart;
+        QString text, message;
     };
     const Case cases[] = {
         {kKinds, u"0103 租金"_s, {}},
@@ -84,16 +92,22 @@ TEST_F(MaintenanceTest, ANewRowIsCheckedInOrder) {
         {kAccounts, u"0302 软件开发"_s, accountName},
         {kAccounts, u"04 大宇公司"_s, accountName},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
+        const auto before = Dump(u"select count(*) from "_s + TableOf(c.chart).table);
         Tells(c.message, c.text, [&] {
-            EXPECT_EQ(CheckNewRow(Book(), c.text, c.table).code.isEmpty(), !c.message.isEmpty())
-                << qPrintable(c.text);
+            EXPECT_EQ(NewRow(Book(), c.chart, {c.text, 0, {}, false}).has_value(), c.message.isEmpty());
         });
+        if (!c.message.isEmpty())
+            EXPECT_EQ(Dump(u"select count(*) from "_s + TableOf(c.chart).table), before)
+                << qPrintable(c.text);
+        Book().Execute(u"delete from tKind where ID1 between 17 and 9998; delete from tSubAcc where Id1>7"_s);
+    }
 }
 
 TEST_F(MaintenanceTest, ANewRowBringsItsOpeningEntry) {
     struct Case {
-        QString table, text;
+        Chart chart;
+        QString text;
         double opening;
         QString row;
     };
@@ -107,9 +121,9 @@ TEST_F(MaintenanceTest, ANewRowBringsItsOpeningEntry) {
     };
     SetClock(u"2016-09-05 08:00:00"_s);
     for (const auto& c : cases) {
-        const auto added = NewRow(Book(), c.table, {c.text, c.opening, u"备'注"_s, true});
+        const auto added = NewRow(Book(), c.chart, {c.text, c.opening, u"备'注"_s, true});
         ASSERT_TRUE(added.has_value()) << qPrintable(c.text);
-        EXPECT_EQ(Row(c.table, added->record.code), c.row);
+        EXPECT_EQ(Row(c.chart, added->record.code), c.row);
     }
     EXPECT_EQ(NewRow(Book(), kKinds, {u"  "_s, 1, {}, false}).has_value(), false);
     EXPECT_EQ(
@@ -135,7 +149,8 @@ TEST_F(MaintenanceTest, ACodeChangeIsCheckedInOrderAndAsksWhenEntriesUseIt) {
     const QString there = u"欲修改的编号已经存在，不能修改!"_s;
     const QString notLast = u"该编号已经有下一级，不能修改编号!"_s;
     struct Case {
-        QString table, from, to, message;
+        Chart chart;
+        QString from, to, message;
         bool good;
     };
     const Case cases[] = {
@@ -150,18 +165,24 @@ TEST_F(MaintenanceTest, ACodeChangeIsCheckedInOrderAndAsksWhenEntriesUseIt) {
     };
     for (const auto& c : cases)
         Tells(c.message, c.from + c.to, [&] {
-            EXPECT_EQ(CheckCodeChange(Book(), c.to, c.from, c.table), c.good) << qPrintable(c.from + c.to);
+            Book().Execute(u"savepoint one"_s);
+            const auto check = CheckCodeChange(Book(), c.chart, c.to, c.from);
+            Book().Execute(u"rollback to one; release one"_s);
+            if (!check.complaint.isEmpty()) ShowMsg(check.complaint);
+            if (check.uses > 0) ShowMsg(asked);
+            EXPECT_EQ(check.complaint.isEmpty(), c.good) << qPrintable(c.from + c.to);
         });
     boxes.Expect(asked, 0);
-    EXPECT_FALSE(CheckCodeChange(Book(), u"030209"_s, u"030201"_s, kKinds));
+    EXPECT_FALSE(Change(kKinds, u"030201"_s, {u"030209 农行"_s, 0, {}, false}));
     EXPECT_EQ(boxes.Last().buttons, u"否,是"_s);
-    // Asks tAccount for a column that it has not: an account's code stays what it is, as settled.
-    EXPECT_THROW(CheckCodeChange(Book(), u"0309"_s, u"0301"_s, kAccounts), DbError);
+    // Asks tAccount for a column that it has not: an account's code stays what it is.
+    EXPECT_THROW(CheckCodeChange(Book(), kAccounts, u"0309"_s, u"0301"_s), DbError);
 }
 
 TEST_F(MaintenanceTest, ANameMustBeFreeBelowTheSameParentAtAnyDepth) {
     struct Case {
-        QString table, code, name;
+        Chart chart;
+        QString code, name;
         bool good;
     };
     const Case cases[] = {
@@ -171,9 +192,9 @@ TEST_F(MaintenanceTest, ANameMustBeFreeBelowTheSameParentAtAnyDepth) {
         {kAccounts, u"01"_s, u"软件开发"_s, false}, {kAccounts, u"01"_s, u"x' or '1"_s, true},
     };
     for (const auto& c : cases)
-        Tells(c.good ? QString() : u"同一级内有相同的名称!"_s, c.name, [&] {
-            EXPECT_EQ(CheckNameChange(Book(), c.code, c.name, c.table), c.good) << qPrintable(c.name);
-        });
+        EXPECT_EQ(NameComplaint(Book(), c.chart, {c.code, c.name}),
+                  c.good ? QString() : u"同一级内有相同的名称!"_s)
+            << qPrintable(c.name);
 }
 
 TEST_F(MaintenanceTest, AKindsOpeningMovesItsTotalsAndItsRow) {
@@ -210,9 +231,9 @@ TEST_F(MaintenanceTest, AnAccountsOpeningChangesByWayOfNothing) {
     EXPECT_TRUE(change(100));
     EXPECT_EQ(Row(kAccounts, u"01"_s), u"01|东华公司|5100|0|5100|1"_s);
     EXPECT_EQ(Dump(entry), QStringList{u"00|100|01|100|1"_s});
-    // Writes columns that the chart has not, after the totals: settled.
+    // The statement writes columns that the chart has not: the change is undone.
     EXPECT_THROW(change(-50), DbError);
-    EXPECT_EQ(Row(kAccounts, u"01"_s), u"01|东华公司|5000|50|4950|1"_s);
+    EXPECT_EQ(Row(kAccounts, u"01"_s), u"01|东华公司|5100|0|5100|1"_s);
     EXPECT_EQ(Dump(entry), QStringList{u"00|100|01|100|1"_s});
     EXPECT_TRUE(change(0));
     EXPECT_EQ(Dump(entry), QStringList());
@@ -222,11 +243,12 @@ TEST_F(MaintenanceTest, AnAccountsOpeningChangesByWayOfNothing) {
 }
 
 TEST_F(MaintenanceTest, AnOpeningWhoseRowHasGoneIsWrittenAnew) {
-    for (const auto& table : {kKinds, kAccounts}) {
+    for (const auto chart : {kKinds, kAccounts}) {
+        const QString table = TableOf(chart).table;
         Book().Execute(u"update "_s + table + u" set IID=777 where Sort1='0301'"_s);
         const QString name = Dump(u"select Name1 from "_s + table + u" where Sort1='0301'"_s).value(0);
-        EXPECT_TRUE(Change(table, u"0301"_s, {u"0301 "_s + name, 9, {}, false}));
-        EXPECT_EQ(Row(table, u"0301"_s), u"0301|"_s + name + u"|9|0|9|1"_s);
+        EXPECT_TRUE(Change(chart, u"0301"_s, {u"0301 "_s + name, 9, {}, false}));
+        EXPECT_EQ(Row(chart, u"0301"_s), u"0301|"_s + name + u"|9|0|9|1"_s);
     }
     EXPECT_EQ(Dump(u"select Type1,Value1 from tAccount where Date1='1900-01-01'"_s),
               (QStringList{u"0301|9"_s, u"00|9"_s}));
@@ -242,9 +264,9 @@ TEST_F(MaintenanceTest, ACodeIsFollowedByEntriesAndANameOnlyByTheWeb) {
               QStringList{u"030209|农行卡|1|新|2900"_s});
     EXPECT_EQ(Dump(u"select Id1,Type1,TypeName1 from tAccount where Id1 in (4,5)"_s),
               (QStringList{u"4|030209|农行"_s, u"5|030209|农行"_s}));
-    // Web rows declare whole numbers for codes, so that a leading zero goes.
+    // Web rows hold ids, which a code must not touch; their names follow.
     EXPECT_EQ(Dump(u"select Type1,TypeName1,Type2,TypeName2 from tAccountWeb"_s),
-              (QStringList{u"30209|农行卡|201|办公费用"_s, u"201|办公费用|30209|农行卡"_s}));
+              (QStringList{u"30201|农行卡|201|办公费用"_s, u"201|办公费用|30201|农行卡"_s}));
     EXPECT_EQ(BalanceBreaks(Book()), QStringList());
 }
 
@@ -257,7 +279,8 @@ TEST_F(MaintenanceTest, AnAccountsNewNameReachesEveryRecordOfTheOldName) {
 
 TEST_F(MaintenanceTest, OnlyUnusedRowsAtTheLastLevelMayGo) {
     struct Case {
-        QString table, code, message;
+        Chart chart;
+        QString code, message;
     };
     const Case cases[] = {
         {kKinds, u"00"_s, u"【余额调整】是软件『保留分类』，不可删除！"_s},
@@ -267,23 +290,23 @@ TEST_F(MaintenanceTest, OnlyUnusedRowsAtTheLastLevelMayGo) {
         {kAccounts, u"03"_s, u"该账户不是【最末】一级! 因此不能删除"_s},
     };
     for (const auto& c : cases)
-        Tells(c.message, c.code, [&] { EXPECT_FALSE(DeleteRowAsked(Book(), c.code, c.table, {})); });
+        Tells(c.message, c.code, [&] { EXPECT_FALSE(DeleteRowAsked(Book(), c.chart, c.code, {})); });
     // Use is told before the levels below, and an opening balance is a use.
     Book().Execute(u"insert into tKind (ID1,Name1,Sort1) values (20,'孙','020101')"_s);
-    Tells(cases[1].message, u"used"_s, [&] { EXPECT_FALSE(DeleteRowAsked(Book(), u"0201"_s, kKinds, {})); });
+    Tells(cases[1].message, u"used"_s, [&] { EXPECT_FALSE(DeleteRowAsked(Book(), kKinds, u"0201"_s, {})); });
     ASSERT_TRUE(NewRow(Book(), kAccounts, {u"09 甲"_s, 5, {}, false}));
     Tells(cases[3].message, u"opening"_s,
-          [&] { EXPECT_FALSE(DeleteRowAsked(Book(), u"09"_s, kAccounts, {})); });
+          [&] { EXPECT_FALSE(DeleteRowAsked(Book(), kAccounts, u"09"_s, {})); });
 }
 
 TEST_F(MaintenanceTest, ADeletedKindTakesItsRestAlong) {
-    const auto erase = [&](const QString& code, const QString& table, const QString& question) {
+    const auto erase = [&](const QString& code, Chart chart, const QString& question) {
         boxes.Expect(question, 0);
-        EXPECT_FALSE(DeleteRowAsked(Book(), code, table, {}));
+        EXPECT_FALSE(DeleteRowAsked(Book(), chart, code, {}));
         boxes.Expect(question);
         boxes.Expect(u"已成功删除分类!"_s);
-        EXPECT_TRUE(DeleteRowAsked(Book(), code, table, {}));
-        EXPECT_EQ(Row(table, code), QString());
+        EXPECT_TRUE(DeleteRowAsked(Book(), chart, code, {}));
+        EXPECT_EQ(Row(chart, code), QString());
     };
     Book().Execute(u"insert into tAccount (Id1,Type1,IID,bIsMain) values (50,'0102',9999,1)"_s);
     erase(u"0102"_s, kKinds, u"你确定要【删除选定】的分类名称?"_s);
@@ -323,4 +346,93 @@ TEST_F(MaintenanceTest, TheListShowsFiguresAtTheLastLevelAndCountsNoEntries) {
                      u"10|      0302银行存款||-|-|-|-|"_s, u"11|            030201农行||0|5000|2100|2900|"_s,
                      u"12|            030202工行||0|0|0|0|"_s, u"13|      0303应收款||0|8500|0|8500|"_s,
                      u"16|            070801孤||0|1|0|1|"_s}));
+}
+
+TEST_F(MaintenanceTest, AnOpeningSetToNothingTakesAlongWhatItsEntryWasGiven) {
+    const auto balances = [&] {
+        return Dump(u"select Sort1,nAdd,nReduce,Money from tKind"_s) +
+               Dump(u"select Sort1,nAdd,nReduce,Money from tSubAcc"_s);
+    };
+    const auto before = balances();
+    boxes.AnswerAll(1);
+    const auto openings = [&](double amount) {
+        ASSERT_TRUE(Change(kKinds, u"0301"_s, {u"0301 现金"_s, amount, {}, false}));
+        ASSERT_TRUE(Change(kAccounts, u"0301"_s, {u"0301 软件开发"_s, amount, {}, false}));
+    };
+    openings(100);
+    for (const QString& entry : Dump(u"select Id1 from tAccount where Date1='1900-01-01'"_s)) {
+        auto loaded = LoadEntry(Book(), entry.toLongLong());
+        ASSERT_TRUE(loaded.has_value());
+        auto& e = loaded->values;
+        e.kind2On = true;
+        e.code[kKind2] = u"0201"_s;
+        e.text[kKind2] = u"0201办公费用"_s;
+        e.toAccount = e.account2On = true;
+        for (const size_t slot : {kAccount1, kAccount2}) {
+            if (!e.code[slot].isEmpty()) continue;
+            e.code[slot] = slot == kAccount1 ? u"01"_s : u"02"_s;
+            e.text[slot] = e.code[slot] + u"公司"_s;
+            e.accountValue[slot - kAccount1] = u"7"_s;
+        }
+        ASSERT_TRUE(SaveEditedEntry(Book(), e, loaded->main, loaded->opened).done);
+        Book().Execute(
+            u"insert into tPic (ID1,sFromTable,lFromId,lFromId1) values (%1,'tAccount',%1,-1)"_s.arg(entry));
+    }
+    ForgetPictureOwners();
+    openings(0);
+    EXPECT_EQ(balances(), before);
+    EXPECT_EQ(Dump(u"select count(*) from tAccount"_s) + Dump(u"select count(*) from tSubAccItem"_s) +
+                  Dump(u"select count(*) from tPic"_s),
+              (QStringList{u"5"_s, u"2"_s, u"1"_s}));
+}
+
+TEST_F(MaintenanceTest, AChangeThatFailsAnywhereLeavesTheBookAsItWas) {
+    const auto whole = [&] {
+        QStringList rows;
+        for (const QString& table : {u"tKind"_s, u"tSubAcc"_s, u"tAccount"_s, u"tSubAccItem"_s, u"tNum"_s})
+            rows += Dump(u"select * from "_s + table);
+        return rows;
+    };
+    const auto kind = ReadChartRecord(Book(), 12, kKinds);
+    const std::function<void()> changes[] = {
+        [&] {
+            ChangeRow(Book(), kKinds, *kind, {u"030299 农行卡"_s, 5, u"x"_s, true});
+        },
+        [&] {
+            NewRow(Book(), kAccounts, {u"09 甲"_s, 5, {}, false});
+        },
+        [&] { DeleteRowAsked(Book(), kKinds, u"0102"_s, {}); },
+    };
+    for (const auto& change : changes) {
+        bool done = false;
+        for (int fail = 1; !done; ++fail) {
+            const auto before = whole();
+            int statement = 0;
+            cConnection::Seams().beforeStatement = [&](const QString& sql) {
+                if (++statement == fail) FailStatement(u"磁盘已满"_s, sql);
+            };
+            boxes.AnswerAll(1);
+            done = Succeeds(change);
+            cConnection::Seams().beforeStatement = {};
+            if (!done) ASSERT_EQ(whole(), before) << fail;
+            ASSERT_LT(fail, 100);
+        }
+    }
+    // The other side of the account's opening moves no totals.
+    EXPECT_EQ(BalanceBreaks(Book()), QStringList{u"tKind 00: stored -5 0 -5 more than its rows"_s});
+}
+
+TEST_F(MaintenanceTest, AUseThatCameInBehindTheQuestionRefusesTheChange) {
+    const auto use = [&](const QString& code) {
+        Book().Execute(u"insert into tAccount (Id1,Type1,IID,bIsMain) values (60,'%1',-1,1)"_s.arg(code));
+    };
+    boxes.Expect(u"你确定要【删除选定】的分类名称?"_s, 1, [&] { use(u"0102"_s); });
+    boxes.Expect(u"该分类已在记账中被【引用（使用）过】! 因此不能删除"_s);
+    EXPECT_FALSE(DeleteRowAsked(Book(), kKinds, u"0102"_s, {}));
+    EXPECT_EQ(Row(kKinds, u"0102"_s), u"0102|项目收入|0|0|0|0"_s);
+    Book().Execute(u"update tAccount set Id1=61 where Id1=60"_s);
+    boxes.Expect(u"修改之前的编号已经在记账中使用，且有1条记录"_s, 1, [&] { use(u"0102"_s); });
+    boxes.Expect(u"该编号刚刚又有新的记账使用，请重新修改!"_s);
+    EXPECT_FALSE(Change(kKinds, u"0102"_s, {u"0109 项目收入"_s, 0, {}, false}));
+    EXPECT_EQ(Row(kKinds, u"0102"_s), u"0102|项目收入|0|0|0|0"_s);
 }

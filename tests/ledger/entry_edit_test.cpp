@@ -169,9 +169,9 @@ TEST_F(EntryEditTest, AnAddedSecondRowLeavesTheRecordsWhenTheEntryGoesThroughIt)
     Post(2);
     Edit(10, 3);
     Job job;
-    int count = 0;
-    DeleteEntries(Book(), {11}, job, count);
-    EXPECT_EQ(count, 1);
+    DeleteTally tally;
+    DeleteLines(Book(), LineKind::entries, {11}, job, tally);
+    EXPECT_EQ(tally.count, 1);
     EXPECT_EQ(EntryRows(8) + Records(), QStringList());
     EXPECT_EQ(Balances(), before);
 }
@@ -179,8 +179,8 @@ TEST_F(EntryEditTest, AnAddedSecondRowLeavesTheRecordsWhenTheEntryGoesThroughIt)
 TEST_F(EntryEditTest, NothingIsDeletedWhileAJobRuns) {
     const Job running;
     const auto before = Whole() + Balances();
-    EXPECT_FALSE(DeleteAsked(Book(), 3, EntryDeleteWords()));
-    EXPECT_EQ(DeleteCheckedAsked(Book(), {3}, {}, {}), -1);
+    EXPECT_FALSE(DeleteAsked(Book(), LineKind::entries, 3));
+    EXPECT_EQ(DeleteCheckedAsked(Book(), LineKind::entries, {3}, {}, {}), -1);
     const QString busy = u"有进程在运行，请等待结束后再试..."_s;
     EXPECT_EQ(boxes.Seen(), (QStringList{busy, busy}));
     EXPECT_EQ(Whole() + Balances(), before);
@@ -199,7 +199,7 @@ TEST_F(EntryEditTest, AFailureAmongTheCheckedIsToldAfterTheListIsRight) {
     JobBar shown;
     shown.start = [&](int most) { bar.push_back(most); };
     shown.end = [&] { bar.push_back(-1); };
-    EXPECT_EQ(DeleteCheckedAsked(Book(), ids, shown,
+    EXPECT_EQ(DeleteCheckedAsked(Book(), LineKind::entries, ids, shown,
                                  [&] {
                                      seenAfter = boxes.Seen().size();
                                      FailStatement(u"磁盘不见了"_s, {});
@@ -250,12 +250,12 @@ TEST_F(EntryEditTest, ADeletedEntryLeavesNoTrace) {
 TEST_F(EntryEditTest, AnIdThatIsNoneTakesNoForeignEntryAlong) {
     Post(0);
     const auto before = Rows(Book(), u"select * from tAccount"_s);
-    int count = -1;
+    DeleteTally tally;
     Job job;
-    DeleteEntries(Book(), {-1, 0}, job, count);
-    EXPECT_EQ(count, 0);
-    DeleteEntries(Book(), {-1, 3}, job, count);
-    EXPECT_EQ(count, 2);
+    DeleteLines(Book(), LineKind::entries, {-1, 0}, job, tally);
+    EXPECT_EQ(tally.count, 0);
+    DeleteLines(Book(), LineKind::entries, {-1, 3}, job, tally);
+    EXPECT_EQ(tally.count, 2);
     EXPECT_EQ(Rows(Book(), u"select * from tAccount"_s).size(), before.size() - 2);
 }
 
@@ -266,13 +266,13 @@ TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopOrAFailureKeepsTheRest) {
     ids.push_back(Post(1).main);  // brings its second row along
     const auto remove = [&] {
         Job job;
-        int count = -1;
-        Succeeds([&] { DeleteEntries(Book(), ids, job, count); });
-        return count;
+        DeleteTally tally;
+        Succeeds([&] { DeleteLines(Book(), LineKind::entries, ids, job, tally); });
+        return tally.count;
     };
     Job::StopAfter(50);
     EXPECT_EQ(remove(), 50);
-    EXPECT_EQ(StillThere(Book(), ids).size(), 131U);
+    EXPECT_EQ(StillThere(Book(), LineKind::entries, ids).size(), 131U);
     Job::StopAfter(-1);
     int slices = 0;
     cConnection::Seams().beforeStatement = [&](const QString& sql) {
@@ -280,7 +280,7 @@ TEST_F(EntryEditTest, CheckedEntriesGoInSlicesAndAStopOrAFailureKeepsTheRest) {
     };
     EXPECT_EQ(remove(), 50);
     cConnection::Seams().beforeStatement = {};
-    EXPECT_EQ(StillThere(Book(), ids).size(), 81U);
+    EXPECT_EQ(StillThere(Book(), LineKind::entries, ids).size(), 81U);
     EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
     EXPECT_EQ(remove(), 82);  // a two-kind entry counts as two
     EXPECT_EQ(EntryRows(8), QStringList());

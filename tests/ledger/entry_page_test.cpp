@@ -8,7 +8,6 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
-#include "shell/main_menus.h"
 #include "store/dialogs.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
@@ -25,7 +24,6 @@ class EntryPage : public UiFixture {
         OpenSettingsStore();
         OpenSample();
         RegisterAll();
-        BuildMainMenus();
         State().gPage = kPageAccount;
         Build();
     }
@@ -83,11 +81,11 @@ TEST_F(EntryPage, FiltersByTextFlagAndDates) {
     EXPECT_FALSE(At<QWidget>("comPage")->isVisible());
     QTest::keyClick(search, Qt::Key_Space);
     EXPECT_EQ(search->text(), QString());
-    page_->SetPeriod(u"2016\n09-01"_s, u"2016\n09-02"_s);
-    page_->DoMenu(u"searchdate"_s, {});
+    page_->SetPeriod({QDate(2016, 9, 1), QDate(2016, 9, 2)});
+    page_->Do(Act::runPeriod);
     EXPECT_EQ(Column(6), QStringList{u"赊销选果机控制系统"_s});
     EXPECT_EQ(Count(), u"笔数:1"_s);
-    page_->SetPeriod(u"日期1"_s, u"日期2"_s);
+    page_->SetPeriod({});
     State().gDB.Execute(u"update tAccount set Mark1=1 where Id1=3"_s);
     QTest::mouseClick(At<QWidget>("chkFlag"), Qt::LeftButton, {}, {12, 16});
     EXPECT_EQ(Column(6), QStringList{u"购买办公桌"_s});
@@ -112,7 +110,7 @@ TEST_F(EntryPage, PagesByTenThousandAndStartsTheBalanceAgain) {
     EXPECT_EQ(list_->Cell(0, 5), u"1"_s);
     Job::StopAfter(20);
     boxes.Expect(u"已停止剩余部分导出!"_s);
-    page_->DoMenu(u"searchdate"_s, {});
+    page_->Do(Act::runPeriod);
     EXPECT_EQ(list_->RowCount(), 20);
     EXPECT_FALSE(State().gBusy);
 }
@@ -145,7 +143,7 @@ TEST_F(EntryPage, ANewEntryBecomesTheLastLineWhateverItsDate) {
         EntryDialog().id = 999;
     });
     boxes.Expect(u"意外错误!"_s);
-    QTest::keyClick(list_, Qt::Key_N, Qt::ControlModifier);
+    page_->Do(Act::add);
     EXPECT_EQ(list_->RowCount(), 4);
 }
 
@@ -158,20 +156,15 @@ TEST_F(EntryPage, CopiesTheSumsAndShowsAKindsBalance) {
     EXPECT_EQ(copied, u"笔数：2 笔\n增加：5,000 元\n减少：2,100 元\n差额：2,900 元"_s);
     At<KestroScrollMenu>("KestroScrollMenu1")->Select(u"title3"_s, u"030201"_s);
     boxes.Expect(u"分类名称: 农行\n增加额: 5000 元\n减少额: 2100 元\n余　额: 2900 元"_s);
-    page_->DoMenu(u"scrollkind"_s, u"scrollmoney"_s);
+    page_->Do(Act::kindMoney);
     At<KestroScrollMenu>("KestroScrollMenu1")->Select({}, {});
     boxes.Expect(u"未选定任何【分类】!"_s);
-    page_->DoMenu(u"scrollkind"_s, u"scrollmoney"_s);
+    page_->Do(Act::kindMoney);
 }
 
-TEST_F(EntryPage, TakesOneDroppedBookAndPrintsWhatIsChecked) {
+TEST_F(EntryPage, TakesOneDroppedBook) {
     boxes.Expect(u"不能同时打开多个账本!"_s);
     page_->MyTrack_DragDropFiles(2, u"/a.jotdb\n/b.jotdb"_s);
     boxes.Expect(u"文件【/no such.jotdb】不存在！"_s);
     page_->MyTrack_DragDropFiles(1, u"/No Such.jotdb"_s);
-    EXPECT_EQ(page_->BuildPrintInfo(true), u"tAccount/1/【全部】账务列表/ and bIsMain=1 and id1=-1/1"_s);
-    list_->SetChecked(0, true);
-    list_->SetChecked(2, true);
-    EXPECT_EQ(page_->BuildPrintInfo(true), u"tAccount/1/【全部】账务列表/ and bIsMain=1 and id1 in(3,5)/1"_s);
-    EXPECT_EQ(page_->BuildPrintInfo(false), u"tAccount/1/【全部】账务列表/ and bIsMain=1/1"_s);
 }

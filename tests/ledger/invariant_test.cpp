@@ -45,10 +45,10 @@ TEST_F(InvariantTest, ReversingEverythingReturnsToTheStart) {
     const auto before = Rows(book, totals);
     for (int i = 0; i < 40; ++i) {
         const auto ids = PostEntry(book, RandomEntry());
-        UpdateBalance(book, ids.main, u"tKind"_s, u"-"_s);
-        UpdateBalance(book, ids.second, u"tKind"_s, u"-"_s);
-        UpdateBalance(book, ids.record1, u"tSubAcc"_s, u"-"_s);
-        UpdateBalance(book, ids.record2, u"tSubAcc"_s, u"-"_s);
+        UpdateBalance(book, ids.main, Chart::kinds, Effect::takeBack);
+        UpdateBalance(book, ids.second, Chart::kinds, Effect::takeBack);
+        UpdateBalance(book, ids.record1, Chart::accounts, Effect::takeBack);
+        UpdateBalance(book, ids.record2, Chart::accounts, Effect::takeBack);
     }
     EXPECT_EQ(Rows(book, totals), before);
 }

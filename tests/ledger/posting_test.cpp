@@ -112,13 +112,11 @@ TEST_F(PostingTest, AmountsAndTimesAreStoredAsTexts) {
 TEST_F(PostingTest, ReversingAStoredRowRestoresItsBalance) {
     OpenSample();
     const auto before = Rows(Book(), u"select * from tKind"_s);
-    UpdateBalance(Book(), 4, u"TKIND"_s, u"-"_s);
+    UpdateBalance(Book(), 4, Chart::kinds, Effect::takeBack);
     EXPECT_EQ(Rows(Book(), u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s),
               QStringList{u"5000|0|5000"_s});
-    UpdateBalance(Book(), 4, u"tKind"_s, u"+"_s);
-    for (const qint64 nothing : {-1, 999}) {
-        UpdateBalance(Book(), nothing, u"tKind"_s, u"+"_s);
-        UpdateBalance(Book(), nothing, {}, u"+"_s);
-    }
+    UpdateBalance(Book(), 4, Chart::kinds, Effect::apply);
+    for (const qint64 nothing : {-1, 999})
+        UpdateBalance(Book(), nothing, Chart::kinds, Effect::apply);
     EXPECT_EQ(Rows(Book(), u"select * from tKind"_s), before);
 }

@@ -42,19 +42,19 @@ class RecordQueryTest : public Fixture {
 }  // namespace
 
 TEST_F(RecordQueryTest, EachFilterAddsItsPieceInOrder) {
-    const QString d1 = u"日期1"_s, d2 = u"日期2"_s;
+    const QDate day(2016, 9, 3), first(2016, 1, 1), last(2016, 12, 31);
     struct Case {
         EntryFilter filter;
         QString where;
     };
     const Case cases[] = {
-        {{u"all"_s, u" "_s, d1, d2, true}, {}},
-        {{u"all"_s, u" O'N "_s, d1, d2, false}, u" and Title1 like '%O''N%'"_s},
-        {{u"03"_s, {}, d1, d2, false}, u" and left$(SubAccKey,2)='03'"_s},
-        {{u"all"_s, {}, u"2016\n09-03"_s, d2, false}, u" and Date1>='2016-09-03'"_s},
-        {{u"all"_s, {}, d1, u"2016\n09-03"_s, false}, u" and Date1<='2016-09-03'"_s},
-        {{u"0301"_s, u"x"_s, u"2016\n01-01"_s, u"2016\n12-31"_s, false},
-         u" and Title1 like '%x%' and left$(SubAccKey,4)='0301'"
+        {{u"all"_s, u" "_s, {}, true}, {}},
+        {{u"all"_s, u" O'N "_s, {}, false}, u" and Title1 like '% O''N %'"_s},
+        {{u"03"_s, {}, {}, false}, u" and SubAccKey>='03' and SubAccKey<'04'"_s},
+        {{u"all"_s, {}, {day, {}}, false}, u" and Date1>='2016-09-03'"_s},
+        {{u"all"_s, {}, {{}, day}, false}, u" and Date1<='2016-09-03'"_s},
+        {{u"0301"_s, u"x"_s, {first, last}, false},
+         u" and Title1 like '%x%' and SubAccKey>='0301' and SubAccKey<'0302'"
          u" and (date1 >='2016-01-01' and date1<= '2016-12-31')"_s},
     };
     for (const auto& c : cases)
@@ -73,9 +73,9 @@ TEST_F(RecordQueryTest, AllShowsSignedAmountsAndAnAccountItsRunningBalance) {
     EXPECT_EQ(Lines(account), (QStringList{u"5/20 1|1900-01-01 08:30|01东华公司|50||50|账户期初余额"_s,
                                            u"3/5 2|2016-09-03 14:10|01东华公司|5000||5050|软件定制收入"_s,
                                            u"6/8 3|2016-09-05 09:30|01东华公司||200|4850|还款"_s}));
-    account.date1 = u"2016-09-04"_s;
+    account.period.first = QDate(2016, 9, 4);
     EXPECT_EQ(Lines(account), QStringList{u"6/8 1|2016-09-05 09:30|01东华公司||200|-200|还款"_s});
-    account.date2 = u"2016-09-03"_s;
+    account.period.second = QDate(2016, 9, 3);
     EXPECT_EQ(Lines(account), QStringList());
     EntryFilter subtree;
     subtree.kind = u"03"_s;

@@ -5,7 +5,6 @@
 #include "ledger/frm_account_template.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_text.h"
-#include "shell/main_menus.h"
 #include "store/dialogs.h"
 #include "tests/support/ui_fixture.h"
 
@@ -19,7 +18,6 @@ class TemplateWindow : public UiFixture {
         OpenSettingsStore();
         OpenSample();
         RegisterAll();
-        BuildMainMenus();
         State().gDB.Execute(
             u"insert into tAccountTemplate values (4,'房租'), (5,'O''Neil 的账'), (7,'水电')"_s);
     }
@@ -38,18 +36,19 @@ TEST_F(TemplateWindow, AMatterIsRememberedOnce) {
     auto* list = Find<KestroList>(&page, "KestroList1");
     ASSERT_TRUE(Wait([&] { return list->RowCount() == 3; }));
     State().gDB.Execute(u"update tAccount set Title1='O''Neil 的账 ' where Id1=3"_s);
+    list->SetCurrentRow(-1);
     boxes.Expect(u"未选定记录!"_s);
-    page.DoMenu(u"edit"_s, u"template"_s);
+    page.Do(Act::remember);
     list->SetCurrentRow(0);
     boxes.Expect(u"增加标题成功!"_s);  // other blanks make another template
-    page.DoMenu(u"edit"_s, u"template"_s);
+    page.Do(Act::remember);
     boxes.Expect(u"已经有相同的事情标题!"_s);
-    page.DoMenu(u"edit"_s, u"template"_s);
+    page.Do(Act::remember);
     EXPECT_EQ(Rows(State().gDB, u"select * from tAccountTemplate where ID1>7"_s),
               QStringList{u"8|O'Neil 的账 "_s});
     State().gDB.Execute(u"delete from tAccount where Id1=3"_s);
     boxes.Expect(u"意外错误!"_s);
-    page.DoMenu(u"edit"_s, u"template"_s);
+    page.Do(Act::remember);
 }
 
 TEST_F(TemplateWindow, AChosenOneBecomesTheMatterAndACancelledOneDoesNot) {

@@ -7,6 +7,7 @@
 #include "shell/frm_main.h"
 #include "shell/menus.h"
 #include "store/book_images.h"
+#include "store/dates.h"
 #include "store/dialogs.h"
 #include "store/job.h"
 #include "store/outside.h"
@@ -63,9 +64,12 @@ class Frame : public UiFixture {
 class FakePage : public Page {
  public:
     FakePage(QWidget* parent, QStringList& log) : Page(parent), log_(log) {}
-    void DoMenu(const QString& menu, const QString& key) override { log_ << menu + u'/' + key; }
-    void SetPeriod(const QString& first, const QString& second) override { log_ << first + u'~' + second; }
-    void DoBtnMenuDelAll() override { log_ << u"delall"_s; }
+    bool Can(Act act) const override { return act != Act::edit; }
+    void Do(Act act) override { log_ << QString::number(static_cast<int>(act)); }
+    void SetPeriod(const Period& period) override {
+        log_ << (period.first ? DateText(*period.first) : QString()) + u'~' +
+                    (period.second ? DateText(*period.second) : QString());
+    }
 
  private:
     QStringList& log_;
@@ -101,12 +105,14 @@ TEST_F(Frame, MenusReachTheirActions) {
     Menus::Choose(u"shortdate"_s, u"Yestoday"_s);
     Menus::Choose(u"Export"_s, u"TXT"_s);
     Menus::Choose(u"print"_s, u"printview"_s);
-    Menus::Choose(u"edit"_s, u"edit"_s);  // not for this page
+    Menus::Choose(u"edit"_s, u"edit"_s);  // stands disabled here
     frame_->SetFormTab(4);
     Menus::Choose(u"delete"_s, u"deletesele"_s);
     Menus::Choose(u"shortdate"_s, u"premonth"_s);
-    EXPECT_EQ(log, (QStringList{u"2016\n09-02~2016\n09-02"_s, u"searchdate/"_s, u"export/txt"_s,
-                                u"print/printview"_s, u"delall"_s, u"2016\n08-01~2016\n08-31"_s}));
+    const auto done = [](Act act) { return QString::number(static_cast<int>(act)); };
+    EXPECT_EQ(log, (QStringList{u"2016-09-02~2016-09-02"_s, done(Act::runPeriod), done(Act::exportText),
+                                done(Act::preview), done(Act::deleteChecked), u"2016-08-01~2016-08-31"_s,
+                                done(Act::runPeriod)}));
     int about = 0;
     Commands().about = [&about] { ++about; };
     Menus::Choose(u"file"_s, u"About"_s);
@@ -141,7 +147,7 @@ TEST_F(Frame, OpensAnotherBookAfterItsPassword) {
     password_ = u"geheim"_s;
     OpenDBFile(path);
     EXPECT_EQ(State().gCurBook, 1);
-    EXPECT_EQ(State().gDB.Path(), path.toLower());
+    EXPECT_EQ(State().gDB.Path(), path);
     EXPECT_EQ(List()->RowCount(), 0);
     EXPECT_EQ(Find<KestroScrollMenu>(frame_.get(), "KestroScrollMenu1")->SelectedKey(), u"_1"_s);
     boxes.Expect(u"当前打开的正是该账本：\n【"_s + path.toLower());

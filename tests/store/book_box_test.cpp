@@ -2,6 +2,7 @@
 
 #include "store/book_box.h"
 
+#include "store/book_check.h"
 #include "store/book_format.h"
 #include "store/book_images.h"
 #include "store/errors.h"
@@ -63,7 +64,8 @@ TEST_F(BookBoxTest, OnlyBooksAreListedAndDamagedOnesStopNothing) {
     EXPECT_EQ(Books(), (QStringList{u".hidden 2016 10.0"_s, u"cut 0"_s, u"empty 0"_s, u"foreign 0"_s,
                                     u"mine 2016 10.0"_s}));
     EXPECT_EQ(FindBook(Path(u"Box/Mine.JotDB"_s).toLower()) >= 0, true);
-    EXPECT_EQ(FindBook(Path(u"Box/Mine.JotDB"_s)), -1);
+    EXPECT_EQ(FindBook(Path(u"Box/Mine.JotDB"_s)), FindBook(Path(u"box/mine.jotdb"_s)));
+    EXPECT_EQ(FindBook(Path(u"Box/none.jotdb"_s)), -1);
 }
 
 TEST_F(BookBoxTest, ALockedBookDoesNotDelayTheStart) {

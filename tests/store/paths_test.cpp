@@ -78,6 +78,16 @@ TEST_F(PathsTest, FoldersAreMadeUnderTheSpellingThatIsThere) {
     EXPECT_EQ(MakeFolders(Path(u"bOx/x"_s)), kUnexpected);
 }
 
+TEST_F(PathsTest, NewFoldersAreTheirUsersOwnAndAStandingBlankStays) {
+    ASSERT_TRUE(QDir().mkdir(Path(u"home "_s)));
+    EXPECT_EQ(MakeFolders(Path(u"home /New/墨 /x"_s)), QString());
+    EXPECT_TRUE(QDir(Path(u"home /New/墨/x"_s)).exists());
+    EXPECT_EQ(MakeFolders(Path(u"home "_s)), QString());
+    EXPECT_EQ(QDir(Path({})).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{u"home "_s});
+    const auto others = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    EXPECT_EQ(QFile::permissions(Path(u"home /New"_s)) & others, 0);
+}
+
 TEST_F(PathsTest, NamesAndParentsAreCutFromPaths) {
     struct Case {
         PathStyle style;
@@ -160,4 +170,24 @@ TEST_F(PathsTest, TheExactSpellingComesFirstAndRivalsAreToldApart) {
     EXPECT_FALSE(FileExists(Path(u"box"_s)));
     EXPECT_TRUE(FolderExists(Path(u"BOX"_s)));
     EXPECT_FALSE(FolderExists(Path(u"box/one.jotdb"_s)));
+}
+
+TEST_F(PathsTest, ASpellingThatLowerCaseLeadsElsewhereIsToldWithItsRival) {
+    QDir().mkpath(Path(u"Books"_s));
+    QDir().mkpath(Path(u"books"_s));
+    Touch(u"Books/one.jotdb"_s);
+    Touch(u"books/one.jotdb"_s);
+    Touch(u"Books/Two.jotdb"_s);
+    Touch(u"books/a.jotdb"_s);
+    Touch(u"books/A.jotdb"_s);
+    const auto rivals = [this](const QString& name) { return SpelledPath(Path(name)).rivals.size(); };
+    EXPECT_EQ(rivals(u"Books/Two.jotdb"_s), 0);
+    EXPECT_EQ(rivals(u"Books/TWO.jotdb"_s), 0);  // typed; only one is there
+    EXPECT_EQ(rivals(u"Books/one.jotdb"_s), 2);
+    EXPECT_EQ(rivals(u"books/A.jotdb"_s), 2);
+    EXPECT_EQ(rivals(u"Books"_s), 2);
+    QFile::link(Path(u"Books"_s), Path(u"Linked"_s));
+    EXPECT_TRUE(IsSameFile(Path(u"Linked/Two.jotdb"_s), Path(u"Books/Two.jotdb"_s)));
+    EXPECT_FALSE(IsSameFile(Path(u"Books/one.jotdb"_s), Path(u"books/one.jotdb"_s)));
+    EXPECT_FALSE(IsSameFile(Path(u"none"_s), Path(u"none"_s)));
 }

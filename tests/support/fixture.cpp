@@ -5,6 +5,7 @@
 #include "store/errors.h"
 #include "store/notices.h"
 #include "store/outside.h"
+#include "store/paths.h"
 
 #include <QFile>
 
@@ -22,8 +23,8 @@ Script::~Script() {
         ADD_FAILURE() << "missing box: " << qUtf8Printable(box.text);
 }
 
-void Script::Expect(const QString& text, int answer) {
-    boxes_.push_back({text, answer});
+void Script::Expect(const QString& text, int answer, std::function<void()> meanwhile) {
+    boxes_.push_back({text, answer, std::move(meanwhile)});
 }
 
 int Script::Answer(const MessageRequest& request) {
@@ -36,6 +37,7 @@ int Script::Answer(const MessageRequest& request) {
     }
     const Box box = boxes_.front();
     boxes_.pop_front();
+    if (box.meanwhile) box.meanwhile();
     EXPECT_TRUE(request.text.startsWith(box.text))
         << qUtf8Printable(request.text) << "\nexpected: " << qUtf8Printable(box.text);
     return box.answer;
@@ -61,10 +63,11 @@ Fixture::~Fixture() {
     State() = ProgramState{};
     Outside() = OutsideWorld{};
     ClearDialogs();
+    ForgetFolders();
     LastError() = {};
     Notices().chartChanged.Clear();
     Notices().booksChanged.Clear();
-    Notices().entrySaved.Clear();
+    Notices().entriesChanged.Clear();
     Notices().remindersChanged.Clear();
 }
 

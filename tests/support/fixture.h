@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
@@ -27,7 +28,8 @@ class Script {
     Script();
     ~Script();
     /// text: the beginning of the box's text; answer: number of the button.
-    void Expect(const QString& text, int answer = 1);
+    /// meanwhile: what happens while the box stands.
+    void Expect(const QString& text, int answer = 1, std::function<void()> meanwhile = {});
     /// From now on every box is answered so, and kept in Seen.
     void AnswerAll(int answer) { all_ = answer; }
     const QStringList& Seen() const { return seen_; }
@@ -37,6 +39,7 @@ class Script {
     struct Box {
         QString text;
         int answer;
+        std::function<void()> meanwhile;
     };
     int Answer(const MessageRequest& request);
     std::deque<Box> boxes_;

@@ -71,6 +71,11 @@ TEST_F(DriveTest, BadRequestsAnswerAnErrorAndChangeNothing) {
         "{\"cmd\":\"save\",\"money\":\"1\",\"kind\":\"0102\"}",
         "{\"cmd\":\"save\",\"title\":\"x\",\"kind\":\"0102\"}",
         "{\"cmd\":\"save\",\"title\":\"x\",\"money\":\"1\"}",
+        "{\"cmd\":\"texts\",\"fn\":\"NameByCode\",\"args\":[\"10.0\",\"tSet\"]}",
+        "{\"cmd\":\"texts\",\"fn\":\"IsLeafCode\",\"args\":[\"01\",\"tKind where 0 or\"]}",
+        "{\"cmd\":\"texts\",\"fn\":\"CodePathText\",\"args\":[\"tSet\",\"01\",false]}",
+        "{\"cmd\":\"texts\",\"fn\":\"BranchSums\",\"args\":[\"tAccount\",\"01\"]}",
+        "{\"cmd\":\"save\",\"title\":\"x\",\"money\":\"1\",\"kind\":\"0102\",\"kind2On\":1}",
         "{\"cmd\":\"save\",\"title\":7,\"money\":\"1\",\"kind\":\"0102\"}",
     };
     QByteArray input;
@@ -108,11 +113,24 @@ TEST_F(DriveTest, RefusalsTellTheMessageAndTheFocusAndChangeNothing) {
         {u"account", u"03", u"错误：该账户不是最后一级，请重新选择!", u""},
         {u"account", u"01", u"【账户一金额】不能为空!", u"txtAccValue"},
         {u"answer", u"不正确", u"【事情】：x", u""},
+        // A code that the lists do not offer, with its switch off.
+        {u"kind2", u"77", u"【分类二】不能为空!", u"comKind1"},
+        {u"kind2", u"0303", u"【分类二】不能为空!", u"comKind1"},
+        {u"account", u"77", u"【账户一名称】不能为空!", u"comAccName"},
+        {u"account2", u"77", u"【账户一名称】不能为空!", u"comAccName"},
     };
+    {
+        cConnection book;
+        book.Open(path_);
+        book.Execute(u"update tKind set nHide=1 where Sort1='0303'"_s);
+    }
     const auto before = DumpBook(path_);
     std::vector<QJsonObject> requests;
     for (const auto& c : cases) {
         auto request = Save(u"x"_s, u"1"_s);
+        if (requests.size() + 4 >= std::size(cases))
+            for (const auto& off : {u"kind2On"_s, u"toAccount"_s, u"account2On"_s})
+                request[off] = false;
         request[QString::fromUtf16(c.key)] = QString::fromUtf16(c.value);
         requests.push_back(request);
     }
@@ -164,7 +182,7 @@ TEST_F(DriveTest, AmountsAreTakenAsAnAmountBoxTakesThem) {
                           {u".5", u"0.5"},     {u"１２", u"12"},
                           {u"￥ 7", u"7"},     {u"1，234", u"1234"},
                           {u"0.125", u"0.13"}, {u"-0", u"0"},
-                          {u"+3.10", u"3.1"},  {u"999999999999999", u"999999999999999"}};
+                          {u"+3.10", u"3.1"},  {u"999999999999", u"999999999999"}};
     std::vector<QJsonObject> requests;
     QStringList stored;
     for (const auto& c : cases) {

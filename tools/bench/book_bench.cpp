@@ -1,6 +1,6 @@
 #include "tools/bench/book_bench.h"
 
-#include "ledger/entry_columns.h"
+#include "chart/codes.h"
 #include "ledger/entry_query.h"
 #include "ledger/frm_account.h"
 #include "ledger/posting.h"
@@ -33,8 +33,8 @@ std::string PageSql(const EntryQuery& query) {
 }
 
 EntryValues Entry() {
-    const auto kinds = ShownRows(State().gDB, u"tKind"_s);
-    const auto accounts = ShownRows(State().gDB, u"tSubAcc"_s);
+    const auto kinds = ShownRows(State().gDB, Chart::kinds);
+    const auto accounts = ShownRows(State().gDB, Chart::accounts);
     EntryValues e;
     e.title = u"支付货款"_s;
     e.money = u"350.5"_s;
@@ -80,7 +80,7 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
     const std::string allRows = " and bIsMain=1";
     {
         Stage<KestroList> stage;
-        for (const auto& column : EntryPageWords().columns)
+        for (const auto& column : EntryColumns())
             stage.content->DefineColumn(column);
         table.Add(
             Compared(kPageAction, entries,
@@ -92,7 +92,7 @@ void MeasureReads(SpeedTable& table, const QString& path, int entries, int runs)
         Stage<frmAccount> stage;
         auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
         const auto reload = [&] {
-            stage.content->DoMenu(u"key"_s, u"reload"_s);
+            stage.content->Do(Act::reload);
             list->viewport()->repaint();
         };
         const auto rawReload = [&] {

@@ -228,7 +228,7 @@ void MeasureBulkDeletion(SpeedTable& table, const QString& path, int entries, in
     const Consent consent;
     Stage<frmAccount> stage;
     auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
-    stage.content->DoMenu(u"key"_s, u"reload"_s);
+    stage.content->Do(Act::reload);
     std::vector<double> ours, theirs, silences, beats;
     for (int run = 0; run <= runs; ++run) {
         const auto ids = CheckLines(*list);
@@ -237,7 +237,7 @@ void MeasureBulkDeletion(SpeedTable& table, const QString& path, int entries, in
                             Joined(ids) + ") or IID in (" + Joined(ids) + ')';
         Pulse pulse;
         const double our = Milliseconds([&] {
-            stage.content->DoBtnMenuDelAll();
+            stage.content->Do(Act::deleteChecked);
             list->viewport()->repaint();
         });
         pulse.Beat();

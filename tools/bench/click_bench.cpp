@@ -64,7 +64,7 @@ void PressEnter(QWidget* box) {
 }
 
 void PickSomeKind(QWidget& window) {
-    const auto kinds = ShownRows(State().gDB, u"tKind"_s);
+    const auto kinds = ShownRows(State().gDB, Chart::kinds);
     auto* box = Control<KestroCombox>(window, u"comKind"_s);
     const auto& kind = kinds[kinds.size() / 3];
     box->SetCurrentKey(kind.code);
@@ -79,16 +79,16 @@ class Clicks {
         auto* strip = Control<KestroScrollMenu>(Page(), u"KestroScrollMenu1"_s);
         auto* flag = Control<KestroCheck>(Page(), u"chkFlag"_s);
         auto* search = Control<KestroText>(Page(), u"txtSearch"_s);
-        Painted(u"reload"_s, kClickBound, [&] { Page().DoMenu(u"key"_s, u"reload"_s); });
+        Painted(u"reload"_s, kClickBound, [&] { Page().Do(Act::reload); });
         search->setText(u"货款"_s);
         Painted(u"search"_s, kClickBound, [&] { search->onEnter(); });
         search->setText({});
         Painted(u"a kind in the strip"_s, kClickBound, [&] { strip->onClick(u"title3"_s, kMeasuredKind); });
-        Painted(u"reload of that kind"_s, kClickBound, [&] { Page().DoMenu(u"key"_s, u"reload"_s); });
+        Painted(u"reload of that kind"_s, kClickBound, [&] { Page().Do(Act::reload); });
         Painted(u"all filters off, book read anew"_s, kClickBound, [&] { Page().pTRANSACCOUNT(); });
         Painted(u"only marked entries"_s, kClickBound, [&] { flag->onChange(true); });
-        Page().SetPeriod(u"2016\n01-01"_s, u"2016\n12-31"_s);
-        Painted(u"a year"_s, kClickBound, [&] { Page().DoMenu(u"searchdate"_s, {}); });
+        Page().SetPeriod({QDate(2016, 1, 1), QDate(2016, 12, 31)});
+        Painted(u"a year"_s, kClickBound, [&] { Page().Do(Act::runPeriod); });
         Page().pTRANSACCOUNT();
     }
 
@@ -127,8 +127,8 @@ class Clicks {
         const auto opens = [&](const QString& name, const std::function<void()>& open) {
             Measured(name, kWindowBound, [&] { return UntilShown(open); });
         };
-        opens(u"新增 until its window shows"_s, [&] { Page().DoMenu(u"key"_s, u"new"_s); });
-        opens(u"修改 until its window shows"_s, [&] { Page().DoMenu(u"key"_s, u"edit"_s); });
+        opens(u"新增 until its window shows"_s, [&] { Page().Do(Act::add); });
+        opens(u"修改 until its window shows"_s, [&] { Page().Do(Act::edit); });
         opens(u"the tree of kinds"_s, [&] {
             ResetDlg(kDlgTree);
             TreeDialog().key = u"tKind"_s;
@@ -143,7 +143,7 @@ class Clicks {
                     window.repaint();
                 });
             });
-            Page().DoMenu(u"key"_s, u"new"_s);
+            Page().Do(Act::add);
             return time;
         });
     }
@@ -161,7 +161,7 @@ class Clicks {
                 from = Moment();
                 PressEnter(thing);
             });
-            Page().DoMenu(u"key"_s, u"new"_s);
+            Page().Do(Act::add);
             Page().repaint();
             List()->viewport()->repaint();
             return Moment() - from;

@@ -1,7 +1,7 @@
 #include "tools/bench/page_bench.h"
 
 #include "books/frm_setting.h"
-#include "chart/maintenance.h"
+#include "chart/chart_writing.h"
 #include "ledger/frm_sub_acc.h"
 #include "ledger/record_query.h"
 #include "shell/controls/kestro_list.h"
@@ -13,14 +13,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The code is left alone, so the change asks nothing.
 void GiveOpeningBalances(cConnection& book) {
     Transaction change(book);
     double opening = 100;
-    for (const auto& line : ReadChart(book, u"tKind"_s)) {
-        if (!IsLeafCode(book, line.code, u"tKind"_s)) continue;
-        if (const auto stored = ReadChartRecord(book, line.id, u"tKind"_s))
-            ChangeRow(book, u"tKind"_s, *stored, {stored->code + u' ' + stored->name, opening++, {}, false});
+    for (const auto& line : ReadChart(book, Chart::kinds)) {
+        if (!IsLeafCode(book, line.code, Chart::kinds)) continue;
+        auto stored = ReadChartRecord(book, line.id, Chart::kinds);
+        if (!stored) continue;
+        stored->newOpening = opening++;
+        WriteChange(book, Chart::kinds, {*stored, stored->code, stored->name, true});
     }
     change.Commit();
 }
@@ -33,7 +34,7 @@ void MeasureAccountList(SpeedTable& table, const QString& path, int entries, int
     Stage<frmSubAcc> stage;
     auto* list = Control<KestroList>(*stage.content, u"KestroList1"_s);
     const auto ours = [&] {
-        stage.content->DoMenu(u"key"_s, u"reload"_s);
+        stage.content->Do(Act::reload);
         list->viewport()->repaint();
     };
     const std::string page = BuildRecordQuery({}).Sql().toStdString() + " limit 0,10000";

@@ -14,20 +14,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QJsonArray ChartLines(const QString& table) {
+QJsonArray ChartLines(Chart chart) {
     QJsonArray lines;
-    for (const auto& line : ReadChart(State().gDB, table))
+    for (const auto& line : ReadChart(State().gDB, chart))
         lines.append(QJsonObject{
             {u"key"_s, line.code}, {u"id"_s, line.id}, {u"cells"_s, QJsonArray::fromStringList(line.cells)}});
     return lines;
 }
 
-std::optional<ChartRecord> RecordOfCode(const QString& table, const QString& code) {
-    const auto lines = ReadChart(State().gDB, table);
+std::optional<ChartRecord> RecordOfCode(Chart chart, const QString& code) {
+    const auto lines = ReadChart(State().gDB, chart);
     const auto found =
         std::find_if(lines.begin(), lines.end(), [&](const ChartLine& l) { return l.code == code; });
     if (code.isEmpty() || found == lines.end()) return {};
-    return ReadChartRecord(State().gDB, found->id, table);
+    return ReadChartRecord(State().gDB, found->id, chart);
 }
 
 // What the input box would hold; false after its refusal of the amount.
@@ -45,48 +45,45 @@ bool TypedOf(const QJsonObject& r, TypedRow& typed) {
     return true;
 }
 
-QJsonObject NewChartRow(const QString& table, const QJsonObject& r) {
+QJsonObject NewChartRow(Chart chart, const QJsonObject& r) {
     TypedRow typed;
     if (!r[u"text"].isString()) return Failure(u"missing field: text"_s);
     if (!TypedOf(r, typed)) return Refusal({}, u"txtMoney"_s);
-    const auto added = NewRow(State().gDB, table, typed);
+    const auto added = NewRow(State().gDB, chart, typed);
     if (!added) return Refusal({}, {});
     return {{u"ok"_s, true}, {u"id"_s, added->id}};
 }
 
-QJsonObject EditChartRow(const QString& table, const QJsonObject& r) {
-    const auto stored = RecordOfCode(table, r[u"code"].toString());
+QJsonObject EditChartRow(Chart chart, const QJsonObject& r) {
+    const auto stored = RecordOfCode(chart, r[u"code"].toString());
     if (!stored) {
         ShowMsg(u"请【选定一条】需修改的记录!"_s);
         return Refusal({}, {});
     }
     TypedRow typed{stored->code + u' ' + stored->name, stored->oldOpening, stored->note, stored->hide};
     if (!TypedOf(r, typed)) return Refusal({}, u"txtMoney"_s);
-    if (!ChangeRow(State().gDB, table, *stored, typed)) return Refusal({}, {});
+    if (!ChangeRow(State().gDB, chart, *stored, typed)) return Refusal({}, {});
     return {{u"ok"_s, true}};
 }
 
-QJsonObject DropChartRow(const QString& table, const QJsonObject& r) {
-    const auto stored = RecordOfCode(table, r[u"code"].toString());
+QJsonObject DropChartRow(Chart chart, const QJsonObject& r) {
+    const auto stored = RecordOfCode(chart, r[u"code"].toString());
     if (!stored) {
-        ShowMsg(NoneChosen(table));
+        ShowMsg(NoneChosen(chart));
         return Refusal({}, {});
     }
-    if (!DeleteRowAsked(State().gDB, stored->code, table, {})) return Refusal({}, {});
+    if (!DeleteRowAsked(State().gDB, chart, stored->code, {})) return Refusal({}, {});
     return {{u"ok"_s, true}};
 }
 
-}  // namespace
-
 QJsonObject AnswerChart(const QJsonObject& r) {
-    const QString name = r[u"table"].toString().toLower();
-    const QString table = name == u"tkind" ? u"tKind"_s : name == u"tsubacc" ? u"tSubAcc"_s : QString();
-    if (table.isEmpty()) return Failure(u"missing field: table"_s);
+    const auto chart = ChartOf(r[u"table"].toString());
+    if (!chart) return Failure(u"missing field: table"_s);
     const QString action = r[u"action"].toString();
-    if (action == u"list") return {{u"ok"_s, true}, {u"lines"_s, ChartLines(table)}};
-    if (action == u"new") return NewChartRow(table, r);
-    if (action == u"edit") return EditChartRow(table, r);
-    if (action == u"delete") return DropChartRow(table, r);
+    if (action == u"list") return {{u"ok"_s, true}, {u"lines"_s, ChartLines(*chart)}};
+    if (action == u"new") return NewChartRow(*chart, r);
+    if (action == u"edit") return EditChartRow(*chart, r);
+    if (action == u"delete") return DropChartRow(*chart, r);
     return Failure(u"unknown action"_s);
 }
 
@@ -100,7 +97,6 @@ QJsonObject AnswerTemplates(const QJsonObject&) {
 }
 
 QJsonObject AnswerTemplateAdd(const QJsonObject& r) {
-    if (!r[u"id"].isDouble()) return Failure(u"missing field: id"_s);
     if (!AddTemplate(State().gDB, r[u"id"].toInteger())) return Refusal({}, {});
     return AnswerTemplates(r);
 }
@@ -110,4 +106,25 @@ QJsonObject AnswerTemplateDelete(const QJsonObject& r) {
     if (!ids) return Failure(u"missing field: ids"_s);
     if (!DeleteTemplatesAsked(State().gDB, *ids)) return Refusal({}, {});
     return AnswerTemplates(r);
+}
+
+}  // namespace
+
+std::span<const Request> ChartRequests() {
+    using enum FieldType;
+    static const Request requests[] = {
+        {u"chart",
+         {{u"table", text, true},
+          {u"action", text},
+          {u"code", text},
+          {u"text", text},
+          {u"money", text},
+          {u"note", text},
+          {u"hide", flag}},
+         AnswerChart},
+        {u"templates", {}, AnswerTemplates},
+        {u"templateAdd", {{u"id", number, true}}, AnswerTemplateAdd},
+        {u"templateDelete", {}, AnswerTemplateDelete},
+    };
+    return requests;
 }

@@ -36,12 +36,21 @@ QString ControlName(EntryField field) {
     return found == names.end() ? QString() : found->second;
 }
 
+void SwitchOn(EntryValues& e, size_t slot) {
+    if (slot == kKind2) e.kind2On = true;
+    if (slot >= kAccount1) e.toAccount = true;
+    if (slot == kAccount2) e.account2On = true;
+}
+
 // Chooses a code as from the drop list: only what the list offers, and only a leaf.
 bool ChooseFromList(EntryValues& e, size_t slot, const QString& code) {
-    const auto offered = ShownCodes(State().gDB, TableOfSlot(static_cast<int>(slot)));
+    const auto offered = ShownCodes(State().gDB, ChartOfSlot(slot));
     const auto found =
         std::find_if(offered.begin(), offered.end(), [&](const CodeName& c) { return c.code == code; });
-    if (found == offered.end()) return true;  // the box stays empty, which the checks refuse
+    if (found == offered.end()) {  // the box stays empty, which the checks refuse when they look at it
+        SwitchOn(e, slot);
+        return true;
+    }
     if (!PickCode(State().gDB, e, slot, code)) return false;
     e.text[slot] = found->code + found->name;
     return true;
@@ -68,13 +77,6 @@ EntryValues EntryOf(const QJsonObject& r) {
     e.toAccount = isOn(u"toAccount"_s, u"account"_s);
     e.account2On = isOn(u"account2On"_s, u"account2"_s);
     return e;
-}
-
-// Name of the first of these fields that the request lacks as a text, or an empty one.
-QString MissingText(const QJsonObject& r, const QStringList& keys) {
-    const auto missing =
-        std::find_if(keys.begin(), keys.end(), [&](const QString& key) { return !r[key].isString(); });
-    return missing == keys.end() ? QString() : *missing;
 }
 
 QJsonArray CellsOf(const std::vector<QString>& cells) {
@@ -105,8 +107,7 @@ EntryFilter FilterOf(const QJsonObject& r) {
     };
     put(u"kind"_s, filter.kind);
     put(u"text"_s, filter.text);
-    put(u"date1"_s, filter.date1);
-    put(u"date2"_s, filter.date2);
+    filter.period = {ParseDate(r[u"date1"].toString()), ParseDate(r[u"date2"].toString())};
     filter.marked = r[u"mark"].toBool();
     return filter;
 }
@@ -119,11 +120,7 @@ QJsonObject Missing(const QString& field) {
     return Failure(u"missing field: "_s + field);
 }
 
-}  // namespace
-
 QJsonObject AnswerSave(const QJsonObject& r) {
-    const QString missing = MissingText(r, {u"title"_s, u"money"_s, u"kind"_s});
-    if (!missing.isEmpty()) return Missing(missing);
     EntryValues e = EntryOf(r);
     if (!ChooseCodes(r, e, nullptr)) return Refusal({}, {});
     const auto outcome = SaveNewEntry(State().gDB, e);
@@ -135,7 +132,6 @@ QJsonObject AnswerSave(const QJsonObject& r) {
 }
 
 QJsonObject AnswerLoad(const QJsonObject& r) {
-    if (!r[u"id"].isDouble()) return Missing(u"id"_s);
     const auto loaded = LoadEntry(State().gDB, r[u"id"].toInteger());
     if (!loaded) return Refusal({}, {});
     const EntryValues& e = loaded->values;
@@ -169,9 +165,6 @@ QJsonObject AnswerLoad(const QJsonObject& r) {
 }
 
 QJsonObject AnswerEdit(const QJsonObject& r) {
-    if (!r[u"id"].isDouble()) return Missing(u"id"_s);
-    const QString missing = MissingText(r, {u"title"_s, u"money"_s, u"kind"_s});
-    if (!missing.isEmpty()) return Missing(missing);
     const auto loaded = LoadEntry(State().gDB, r[u"id"].toInteger());
     if (!loaded) return Refusal({}, {});
     EntryValues e = EntryOf(r);
@@ -183,8 +176,7 @@ QJsonObject AnswerEdit(const QJsonObject& r) {
 }
 
 QJsonObject AnswerDelete(const QJsonObject& r) {
-    if (!r[u"id"].isDouble()) return Missing(u"id"_s);
-    if (!DeleteAsked(State().gDB, r[u"id"].toInteger(), EntryDeleteWords())) return Refusal({}, {});
+    if (!DeleteAsked(State().gDB, LineKind::entries, r[u"id"].toInteger())) return Refusal({}, {});
     return {{u"ok"_s, true}};
 }
 
@@ -195,13 +187,9 @@ QJsonObject AnswerDeleteChecked(const QJsonObject& r) {
     const QString list = r[u"list"].toString();
     const bool records = list == u"records";
     if (!records && list != u"entries") return Missing(u"list"_s);
-    std::vector<qint64> ids;
-    for (const qint64 id : *asked) {
-        const auto record = records ? FindRow(State().gDB, u"tSubAccItem"_s, id) : std::nullopt;
-        if (!records || record) ids.push_back(records ? record->Int(u"AccId") : id);
-    }
     PendingError failed;
-    const int count = DeleteCheckedAsked(State().gDB, ids, {}, {}, &failed);
+    const int count = DeleteCheckedAsked(State().gDB, records ? LineKind::records : LineKind::entries, *asked,
+                                         {}, {}, &failed);
     if (count < 0) return Refusal({}, {});
     if (failed.number != 0) {
         auto answer = Failure(ErrorText(failed, {}));
@@ -250,4 +238,37 @@ QJsonObject AnswerRecords(const QJsonObject& r) {
     const auto sums = RecordSumTexts(ReadSums(book, query));
     return {{u"ok"_s, true},          {u"lines"_s, lines},      {u"heading"_s, AmountHeading(query)},
             {u"count"_s, sums.count}, {u"value"_s, sums.value}, {u"tag"_s, sums.tag}};
+}
+
+// The fields of an entry as save and edit take them, behind those of the request itself.
+std::vector<Field> WithEntryFields(std::vector<Field> fields) {
+    using enum FieldType;
+    static const Field entry[] = {{u"title", text, true},   {u"money", text, true}, {u"kind", text, true},
+                                  {u"date", text},          {u"hour", text},        {u"minute", text},
+                                  {u"note", text},          {u"pic", text},         {u"mark", flag},
+                                  {u"kindAdd", flag},       {u"kind2", text},       {u"kind2Add", flag},
+                                  {u"kind2On", flag},       {u"account", text},     {u"accountValue", text},
+                                  {u"accountAdd", flag},    {u"toAccount", flag},   {u"account2", text},
+                                  {u"account2Value", text}, {u"account2Add", flag}, {u"account2On", flag}};
+    fields.insert(fields.end(), std::begin(entry), std::end(entry));
+    return fields;
+}
+
+}  // namespace
+
+std::span<const Request> EntryRequests() {
+    using enum FieldType;
+    static const std::vector<Field> filter{{u"kind", text},  {u"text", text}, {u"date1", text},
+                                           {u"date2", text}, {u"mark", flag}, {u"page", number}};
+    static const Field id{u"id", number, true};
+    static const Request requests[] = {
+        {u"save", WithEntryFields({}), AnswerSave},
+        {u"load", {id}, AnswerLoad},
+        {u"edit", WithEntryFields({id}), AnswerEdit},
+        {u"delete", {id}, AnswerDelete},
+        {u"deleteChecked", {{u"list", text, true}}, AnswerDeleteChecked},
+        {u"list", filter, AnswerList},
+        {u"records", filter, AnswerRecords},
+    };
+    return requests;
 }

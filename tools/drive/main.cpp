@@ -1,9 +1,11 @@
 // kestro-drive: the program's logic without windows. JSON lines in, JSON lines out.
 
 #include "store/book_box.h"
+#include "store/book_check.h"
 #include "store/book_format.h"
 #include "store/errors.h"
 #include "store/paths.h"
+#include "store/session.h"
 #include "store/settings_file.h"
 #include "store/state.h"
 #include "tools/drive/request.h"
@@ -54,6 +56,8 @@ void Print(const QJsonObject& answer) {
 QString OpenBook(const Options& options) {
     const BoxLog log;
     const QString path = QFileInfo(options.book).absoluteFilePath();
+    const auto spelled = SpelledPath(path);
+    if (!spelled.rivals.isEmpty()) return RivalsText(spelled.rivals);
     if (!FileExists(path)) return u"文件【"_s + path + u"】不存在！"_s;
     PendingError failed;
     bool right = false;
@@ -61,9 +65,9 @@ QString OpenBook(const Options& options) {
         [&] {
             if (!options.settings.isEmpty()) OpenSettings(options.settings);
             State().gBooks.clear();
-            State().gCurBook = AddOutsideBook(path.toLower());
-            if (!CheckBookVersion(-1)) return;
-            State().gDB.Open(path);
+            State().gCurBook = AddOutsideBook(spelled.path);
+            if (!CheckBook(-1)) return;
+            ReopenDB();
             right = CheckPass(State().gDB, options.pass) == PassCheck::right;
         },
         &failed);

@@ -8,30 +8,33 @@
 
 #include <QDateTime>
 
-#include <algorithm>
-#include <functional>
-#include <map>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using Handler = std::function<QJsonObject(const QJsonObject&)>;
+// The fields that any request may carry.
+const Field kWorldFields[] = {{u"answer", FieldType::text},
+                              {u"now", FieldType::text},
+                              {u"group", FieldType::number},
+                              {u"stopAfter", FieldType::number}};
 
-const std::map<QString, Handler>& Handlers() {
-    static const std::map<QString, Handler> handlers{{u"save"_s, AnswerSave},
-                                                     {u"load"_s, AnswerLoad},
-                                                     {u"edit"_s, AnswerEdit},
-                                                     {u"delete"_s, AnswerDelete},
-                                                     {u"deleteChecked"_s, AnswerDeleteChecked},
-                                                     {u"list"_s, AnswerList},
-                                                     {u"records"_s, AnswerRecords},
-                                                     {u"chart"_s, AnswerChart},
-                                                     {u"templates"_s, AnswerTemplates},
-                                                     {u"templateAdd"_s, AnswerTemplateAdd},
-                                                     {u"templateDelete"_s, AnswerTemplateDelete},
-                                                     {u"texts"_s, AnswerTexts}};
-    return handlers;
+const Request* FindRequest(const QString& name) {
+    for (const auto& group : {EntryRequests(), ChartRequests(), TextRequests()})
+        for (const auto& request : group)
+            if (name == request.name) return &request;
+    return nullptr;
+}
+
+bool HasType(const QJsonValue& value, FieldType type) {
+    switch (type) {
+        case FieldType::text:
+            return value.isString();
+        case FieldType::flag:
+            return value.isBool();
+        case FieldType::number:
+            return value.isDouble();
+    }
+    return false;
 }
 
 // A null stands for a field that is absent.
@@ -42,23 +45,21 @@ QJsonObject WithoutNulls(const QJsonObject& r) {
     return kept;
 }
 
-// Name of the first field of another type than told: read as an empty one, it would erase what is stored.
-QString BadField(const QJsonObject& r) {
-    using Type = QJsonValue::Type;
-    static const std::map<Type, QStringList> told{
-        {Type::String, {u"answer"_s, u"now"_s,           u"title"_s, u"money"_s, u"date"_s,
-                        u"hour"_s,   u"minute"_s,        u"kind"_s,  u"kind2"_s, u"account"_s,
-                        u"note"_s,   u"account2"_s,      u"pic"_s,   u"list"_s,  u"accountValue"_s,
-                        u"text"_s,   u"account2Value"_s, u"date1"_s, u"date2"_s, u"table"_s,
-                        u"action"_s, u"code"_s,          u"fn"_s}},
-        {Type::Bool,
-         {u"kindAdd"_s, u"kind2Add"_s, u"accountAdd"_s, u"account2Add"_s, u"mark"_s, u"kind2On"_s,
-          u"toAccount"_s, u"account2On"_s, u"hide"_s}},
-        {Type::Double, {u"id"_s, u"page"_s, u"group"_s, u"stopAfter"_s}}};
-    for (const auto& [type, fields] : told)
-        for (const auto& field : fields)
-            if (r.contains(field) && r[field].type() != type) return field;
+// What is wrong with the fields, or an empty text.
+QString BadFields(const QJsonObject& r, std::span<const Field> fields) {
+    const auto present = [&](const Field& f) { return r.contains(QStringView(f.name)); };
+    for (const auto& field : fields)
+        if (present(field) && !HasType(r[QStringView(field.name)], field.type))
+            return u"bad field: "_s + QString::fromUtf16(field.name);
+    for (const auto& field : fields)
+        if (field.required && !present(field)) return u"missing field: "_s + QString::fromUtf16(field.name);
     return {};
+}
+
+QString WhatIsWrong(const Request* request, const QJsonObject& r) {
+    if (!request) return u"unknown command"_s;
+    const QString world = BadFields(r, kWorldFields);
+    return world.isEmpty() ? BadFields(r, request->fields) : world;
 }
 
 void SetWorld(const QJsonObject& r, BoxLog& log) {
@@ -122,21 +123,18 @@ QJsonObject Failure(const QString& error) {
 }
 
 QJsonObject Answer(const QJsonObject& given) {
-    const QJsonObject request = WithoutNulls(given);
-    const auto handler = Handlers().find(request[u"cmd"].toString());
-    const QString bad = BadField(request);
+    const QJsonObject r = WithoutNulls(given);
+    const auto* request = FindRequest(r[u"cmd"].toString());
+    const QString wrong = WhatIsWrong(request, r);
     BoxLog log;
     QJsonObject answer;
-    if (handler == Handlers().end()) {
-        answer = Failure(u"unknown command"_s);
-    } else if (!bad.isEmpty()) {
-        answer = Failure(u"bad field: "_s + bad);
+    if (!wrong.isEmpty()) {
+        answer = Failure(wrong);
     } else {
         const int nGroup = State().settings.nGroup;
-        SetWorld(request, log);
+        SetWorld(r, log);
         PendingError failed;
-        if (!Succeeds([&] { answer = handler->second(request); }, &failed))
-            answer = Failure(ErrorText(failed, {}));
+        if (!Succeeds([&] { answer = request->answer(r); }, &failed)) answer = Failure(ErrorText(failed, {}));
         State().settings.nGroup = nGroup;
         if (answer.contains(u"message"_s) && answer[u"message"].toString().isEmpty())
             answer[u"message"] = log.LastText();

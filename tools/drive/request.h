@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 #include <vector>
 
 /// The boxes that a request has shown, in order, and how its questions are answered.
@@ -26,25 +27,26 @@ class BoxLog {
 /// Carries out one request on the open book. Never throws.
 QJsonObject Answer(const QJsonObject& request);
 
+enum class FieldType { text, flag, number };
+struct Field {
+    const char16_t* name;
+    FieldType type;
+    bool required = false;
+};
+
+/// A request: its fields are checked before its handler runs, since one of another type, read as empty, would
+/// erase what is stored.
+struct Request {
+    const char16_t* name;
+    std::vector<Field> fields;
+    QJsonObject (*answer)(const QJsonObject& request);
+};
+std::span<const Request> EntryRequests();
+std::span<const Request> ChartRequests();
+std::span<const Request> TextRequests();
+
 /// The whole numbers of the field "ids"; nullopt when it is no list of such.
 std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request);
 
 QJsonObject Refusal(const QString& message, const QString& focus);
 QJsonObject Failure(const QString& error);
-
-// The requests on entries, charts and templates.
-QJsonObject AnswerSave(const QJsonObject& request);
-QJsonObject AnswerLoad(const QJsonObject& request);
-QJsonObject AnswerEdit(const QJsonObject& request);
-QJsonObject AnswerDelete(const QJsonObject& request);
-QJsonObject AnswerDeleteChecked(const QJsonObject& request);
-QJsonObject AnswerList(const QJsonObject& request);
-QJsonObject AnswerRecords(const QJsonObject& request);
-QJsonObject AnswerChart(const QJsonObject& request);
-QJsonObject AnswerTemplates(const QJsonObject& request);
-QJsonObject AnswerTemplateAdd(const QJsonObject& request);
-QJsonObject AnswerTemplateDelete(const QJsonObject& request);
-
-/// Value of the request "texts": a named helper on its arguments. Adds "value", or "error" for an unknown
-/// one.
-QJsonObject AnswerTexts(const QJsonObject& request);

@@ -28,7 +28,7 @@ QJsonArray Texts(const QStringList& texts) {
     return QJsonArray::fromStringList(texts);
 }
 
-QJsonValue Period(const Arguments& a) {
+QJsonValue QuickPeriodTexts(const Arguments& a) {
     const auto labels = QuickPeriodLabels(a.Text(0));
     return Texts({labels.first, labels.second});
 }
@@ -38,8 +38,13 @@ QJsonValue Parsed(const Arguments& a) {
     return Texts({parsed.code, parsed.name});
 }
 
+// The argument as the name of a chart's table, looked at before the function runs.
+Chart ChartAt(const Arguments& a, int i) {
+    return ChartOf(a.Text(i)).value_or(Chart::kinds);
+}
+
 QJsonValue Sums(const Arguments& a) {
-    const auto sums = BranchSums(State().gDB, a.Text(0), a.Text(1));
+    const auto sums = BranchSums(State().gDB, ChartAt(a, 0), a.Text(1));
     return Texts({sums.added, sums.reduced, sums.balance});
 }
 
@@ -52,38 +57,40 @@ QJsonValue Folders(const Arguments& a) {
     return a.style == NativeStyle() ? MakeFolders(a.Text(0)) : PlanFolders(a.Text(0), a.style).error;
 }
 
-using Function = std::function<QJsonValue(const Arguments&)>;
+struct Function {
+    std::function<QJsonValue(const Arguments&)> value;
+    int table = -1;  ///< which argument names a chart, -1 none
+};
 
 const std::map<QString, Function>& Functions() {
     static const std::map<QString, Function> functions{
-        {u"MoneyText"_s, [](const auto& a) { return MoneyText(a.Number(0)); }},
-        {u"GroupNumber"_s,
-         [](const auto& a) {
+        {u"MoneyText"_s, {[](const auto& a) { return MoneyText(a.Number(0)); }}},
+        {u"GroupNumber"_s, {[](const auto& a) {
              return GroupNumber(a.Number(0), State().settings.nGroup, a.Text(1), a.Text(2));
-         }},
-        {u"PadByWidth"_s, [](const auto& a) { return PadByWidth(a.Whole(0), a.Text(1)); }},
-        {u"IndentByDepth"_s, [](const auto& a) { return IndentByDepth(a.Text(0), a.Flag(1)); }},
-        {u"DaysInMonth"_s, [](const auto& a) { return DaysInMonth(a.Whole(0), a.Whole(1)); }},
-        {u"NowText"_s, [](const auto&) { return NowText(); }},
-        {u"TimeText"_s, [](const auto& a) { return TimeText(a.Flag(0)); }},
-        {u"TodayText"_s, [](const auto& a) { return TodayText(a.Text(0)); }},
-        {u"QuickPeriod"_s, Period},
-        {u"ParseCodeName"_s, Parsed},
-        {u"FileNameOf"_s, NameOfFile},
-        {u"ParentPath"_s, [](const auto& a) { return ParentPath(a.Text(0)); }},
-        {u"NameByCode"_s, [](const auto& a) { return NameByCode(State().gDB, a.Text(0), a.Text(1)); }},
-        {u"IsLeafCode"_s, [](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), a.Text(1)); }},
+         }}},
+        {u"PadByWidth"_s, {[](const auto& a) { return PadByWidth(a.Whole(0), a.Text(1)); }}},
+        {u"IndentByDepth"_s, {[](const auto& a) { return IndentByDepth(a.Text(0), a.Flag(1)); }}},
+        {u"DaysInMonth"_s, {[](const auto& a) { return DaysInMonth(a.Whole(0), a.Whole(1)); }}},
+        {u"NowText"_s, {[](const auto&) { return NowText(); }}},
+        {u"TimeText"_s, {[](const auto& a) { return TimeText(a.Flag(0)); }}},
+        {u"TodayText"_s, {[](const auto& a) { return TodayText(a.Text(0)); }}},
+        {u"QuickPeriod"_s, {QuickPeriodTexts}},
+        {u"ParseCodeName"_s, {Parsed}},
+        {u"FileNameOf"_s, {NameOfFile}},
+        {u"ParentPath"_s, {[](const auto& a) { return ParentPath(a.Text(0)); }}},
+        {u"NameByCode"_s,
+         {[](const auto& a) { return NameByCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
+        {u"IsLeafCode"_s,
+         {[](const auto& a) { return IsLeafCode(State().gDB, a.Text(0), ChartAt(a, 1)); }, 1}},
         {u"CodePathText"_s,
-         [](const auto& a) { return CodePathText(State().gDB, a.Text(0), a.Text(1), a.Flag(2)); }},
-        {u"BranchSums"_s, Sums},
-        {u"MakeFolders"_s, Folders},
+         {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
+        {u"BranchSums"_s, {Sums, 0}},
+        {u"MakeFolders"_s, {Folders}},
         {u"IsForbiddenBox"_s,
-         [](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }},
+         {[](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }}},
     };
     return functions;
 }
-
-}  // namespace
 
 QJsonObject AnswerTexts(const QJsonObject& request) {
     const auto function = Functions().find(request[u"fn"].toString());
@@ -92,5 +99,15 @@ QJsonObject AnswerTexts(const QJsonObject& request) {
     const Arguments arguments{request[u"args"].toArray(), style.isEmpty()       ? NativeStyle()
                                                           : style == u"windows" ? PathStyle::windows
                                                                                 : PathStyle::posix};
-    return {{u"ok"_s, true}, {u"value"_s, function->second(arguments)}};
+    const int table = function->second.table;
+    if (table >= 0 && !ChartOf(arguments.Text(table))) return Failure(u"unknown table"_s);
+    return {{u"ok"_s, true}, {u"value"_s, function->second.value(arguments)}};
+}
+
+}  // namespace
+
+std::span<const Request> TextRequests() {
+    static const Request requests[] = {
+        {u"texts", {{u"fn", FieldType::text}, {u"style", FieldType::text}}, AnswerTexts}};
+    return requests;
 }

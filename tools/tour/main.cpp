@@ -192,7 +192,8 @@ void SeeAccounts(Tour& tour) {
         [] {
             auto* window = WindowWith("btnNoNew");
             auto* button = window ? window->findChild<QWidget*>(u"btnNoNew"_s) : nullptr;
-            auto* list = button ? button->parentWidget()->findChild<KestroList*>(u"KestroList1"_s) : nullptr;
+            auto* page = button ? button->parentWidget()->parentWidget() : nullptr;
+            auto* list = page ? page->findChild<KestroList*>(u"KestroList1"_s) : nullptr;
             return list && list->RowCount() == 2 && !State().gBusy ? window : nullptr;
         },
         [&tour](QWidget* w) {

@@ -1,0 +1,43 @@
+#pragma once
+// A page's row of commands: tool buttons for acts, and a box at the right end. When the row is short of room
+// the buttons lose their captions from the right, then the box its width.
+
+#include "shell/actions.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class KestroButton;
+class QHBoxLayout;
+
+class Toolbar : public QWidget {
+ public:
+    explicit Toolbar(QWidget* parent);
+
+    /// A button with the words and the icon of the act's row. The first one is the page's main command.
+    KestroButton* Add(Act act, const QString& name, std::function<void()> onClick);
+    /// A button that no row of the table names, before the one at this place.
+    KestroButton* Insert(int at, const QString& caption, const QString& icon, const QString& name,
+                         std::function<void()> onClick);
+    /// The arrow of a button opens a menu below it.
+    static void GiveMenu(KestroButton* button, const QString& menu);
+    /// A box at the right end, between least and wanted pixels wide.
+    void SetEnd(QWidget* box, int least, int wanted);
+    /// To be called when buttons have come or gone.
+    void Fit();
+
+    QSize minimumSizeHint() const override;
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    int Needed() const;
+
+    QHBoxLayout* row_;
+    std::vector<KestroButton*> buttons_;
+    QWidget* end_ = nullptr;
+    int wanted_ = 0;
+};
