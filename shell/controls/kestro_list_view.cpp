@@ -194,13 +194,13 @@ void KestroList::PaintRows(QPainter& p, const QRect& dirty) const {
 }
 
 void KestroList::PaintEmpty(QPainter& p) const {
-    constexpr int kTop = 18, kIcon = 32;
+    constexpr int kTop = 18, kIcon = 32, kSide = 12;
     const QPixmap icon = Skin::Icon(u"bill"_s, kIcon, devicePixelRatioF(), Ground::disabled);
     p.drawPixmap((viewport()->width() - kIcon) / 2, kTop, icon);
     p.setFont(Skin::Font(Type::body));
     p.setPen(Skin::Color(Tok::text3));
-    const QRect room(0, kTop + kIcon + 4, viewport()->width(), Skin::LineHeight(Type::body));
-    p.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, emptyText_);
+    const QRect room = viewport()->rect().adjusted(kSide, kTop + kIcon + 4, -kSide, 0);
+    p.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
 }
 
 void KestroList::PaintLoading(QPainter& p) const {
