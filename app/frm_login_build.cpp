@@ -80,8 +80,8 @@ void frmLogin::BuildStrip() {
     btnPath = new KestroButton(ButtonLook::plain, u"选择目录"_s, u"path"_s);
     btnPath->onClick = [this] { BtnPathClicked(); };
     auto* grid = new QGridLayout(strip_);
-    grid->setContentsMargins(Skin::kDialogMargin - 1, 14, Skin::kDialogMargin - 1, Skin::kDialogMargin);
-    grid->setHorizontalSpacing(Skin::kPartnerGap);
+    grid->setContentsMargins(Skin::Space::kDialog - 1, 14, Skin::Space::kDialog - 1, Skin::Space::kDialog);
+    grid->setHorizontalSpacing(Skin::Space::kPartner);
     grid->setVerticalSpacing(6);
     grid->addWidget(lblPath, 0, 0);
     grid->addWidget(editNote, 1, 0);
@@ -97,7 +97,7 @@ void frmLogin::LayOut() {
     form->setSpacing(4);
     form->addWidget(lblBookName);
     auto* book = new QHBoxLayout;
-    book->setSpacing(Skin::kPartnerGap);
+    book->setSpacing(Skin::Space::kPartner);
     book->addWidget(comBook, 1);
     book->addWidget(btnNew);
     form->addLayout(book);
@@ -108,7 +108,7 @@ void frmLogin::LayOut() {
     form->addWidget(lblAuto);
     form->addSpacing(8);
     auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(Skin::kPartnerGap);
+    buttons->setSpacing(Skin::Space::kPartner);
     buttons->addWidget(btnEnter, 25);
     buttons->addWidget(btnCancel, 11);
     form->addLayout(buttons);

@@ -23,15 +23,15 @@ frmTree::frmTree(QWidget* parent)
     KestroTree1_ = new KestroTree(Body());
     KestroTree1_->setAccessibleName(windowTitle());
     auto* room = new QVBoxLayout(Body());
-    room->setContentsMargins(Skin::kPageMargin, 4, Skin::kPageMargin, Skin::kPageMargin);
+    room->setContentsMargins(Skin::Space::kPage, 4, Skin::Space::kPage, Skin::Space::kPage);
     room->addWidget(KestroTree1_);
 
     btnExpand_ = new KestroButton(ButtonLook::plain, u"展开"_s, u"tree"_s, Footer());
     btnCancel_ = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Footer());
     btnEnter_ = new KestroButton(ButtonLook::primary, u"确定"_s, {}, Footer());
     auto* row = new QHBoxLayout(Footer());
-    row->setContentsMargins(Skin::kPageMargin, 0, Skin::kPageMargin, 0);
-    row->setSpacing(Skin::kPartnerGap);
+    row->setContentsMargins(Skin::Space::kPage, 0, Skin::Space::kPage, 0);
+    row->setSpacing(Skin::Space::kPartner);
     row->addWidget(btnExpand_);
     row->addStretch();
     row->addWidget(btnCancel_);

@@ -1,5 +1,6 @@
 #include "ledger/detail_panel.h"
 
+#include "shell/controls/kestro_list.h"
 #include "shell/skin.h"
 #include "store/text.h"
 
@@ -16,7 +17,7 @@ constexpr int kRows = 6;
 constexpr int kFrame = 4;
 }  // namespace
 
-ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new KestroList(this)) {
+DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new KestroList(this)) {
     list_->SetCompact(true);
     list_->SetSortable(false);
     list_->SetEmptyText({});
@@ -28,8 +29,7 @@ ListPage::DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new
     room->addWidget(list_);
 }
 
-void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,
-                                 const std::vector<QStringList>& rows) {
+void DetailPanel::Fill(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
     heading_ = heading;
     title_ = OneLine(title);
     list_->BeginFill();
@@ -40,15 +40,15 @@ void ListPage::DetailPanel::Fill(const QString& heading, const QString& title,
     update();
 }
 
-int ListPage::DetailPanel::TitleHeight() const {
+int DetailPanel::TitleHeight() const {
     return Skin::Px(kTitle);
 }
 
-int ListPage::DetailPanel::HeightBelow() const {
+int DetailPanel::HeightBelow() const {
     return TitleHeight() + Skin::Px(kHeading + kRows * kRow) + kFrame;
 }
 
-void ListPage::DetailPanel::Place(bool aside) {
+void DetailPanel::Place(bool aside) {
     placed_ = true;
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -58,7 +58,7 @@ void ListPage::DetailPanel::Place(bool aside) {
         setFixedHeight(HeightBelow());
 }
 
-void ListPage::DetailPanel::paintEvent(QPaintEvent*) {
+void DetailPanel::paintEvent(QPaintEvent*) {
     QPainter p(this);
     Skin::Box(p, rect(), 4, Skin::Color(Tok::surface), Skin::Color(Tok::line2));
     p.setFont(Skin::Font(Type::body));

@@ -1,13 +1,14 @@
 #pragma once
 // The panel of what one line holds: six rows of label, code and name, amount.
 
-#include "ledger/list_page.h"
-
 #include <QStringList>
+#include <QWidget>
 
 #include <vector>
 
-class ListPage::DetailPanel : public QWidget {
+class KestroList;
+
+class DetailPanel : public QWidget {
  public:
     static constexpr int kWidth = 280;  ///< beside the list
 

@@ -54,7 +54,7 @@ class FormRows {
         grid_->setContentsMargins(margins);
         grid_->setSpacing(0);
         const int captions = std::max(captionWidth, metrics.horizontalAdvance(widest) + 1);
-        grid_->setColumnMinimumWidth(0, captions + Skin::kPartnerGap - kRing);
+        grid_->setColumnMinimumWidth(0, captions + Skin::Space::kPartner - kRing);
         grid_->setColumnMinimumWidth(1, kRing);
         grid_->setColumnStretch(2, 1);
     }
@@ -114,7 +114,7 @@ KestroText* frmAccountNew::MakeText(TextMode mode, const QString& name) {
 QWidget* frmAccountNew::BuildEntry() {
     auto* side = new QWidget;
     auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(Skin::kDialogMargin - kGroupEdge, 16, kFieldsEnd - kGroupEdge, 12);
+    column->setContentsMargins(Skin::Space::kDialog - kGroupEdge, 16, kFieldsEnd - kGroupEdge, 12);
     column->setSpacing(0);
     column->addWidget(BuildForm());
     column->addSpacing(8);
@@ -137,15 +137,15 @@ QWidget* frmAccountNew::BuildForm() {
     auto rows = EntryForm(form, {kGroupEdge, 0, kGroupEdge, 0});
     txtThing = MakeText(TextMode::normal, u"事情"_s);
     rows.Row(Caption(u"事情:"_s), txtThing);
-    rows.Gap(Skin::kFieldGap);
+    rows.Gap(Skin::Space::kField);
     rows.Row(Caption(u"日期:"_s), BuildMoment());
-    rows.Gap(Skin::kFieldGap);
+    rows.Gap(Skin::Space::kField);
     txtMoney = MakeText(TextMode::amount, u"金额"_s);
     txtMoney->SetBig(true);
     txtMoney->SetPrompt(u"限2位小数"_s);
     txtMoney->SetEndButton(u"calculator"_s, u"计算器"_s, false);
     rows.Row(Caption(u"金额:"_s), txtMoney);
-    rows.Gap(Skin::kFieldGap);
+    rows.Gap(Skin::Space::kField);
     rows.Row(Caption(u"分类一:"_s), MakeCombox(kKind1));
     rows.Gap(5);
     rows.RingRow(Caption(u"导致:"_s), options_[kKind1]);
@@ -200,7 +200,7 @@ QWidget* frmAccountNew::BuildAccounts() {
     picture->setFixedSize(16, 16);
     auto* title = new QHBoxLayout;
     title->setContentsMargins(kRing, 0, 0, 0);
-    title->setSpacing(Skin::kPartnerGap);
+    title->setSpacing(Skin::Space::kPartner);
     title->addWidget(picture);
     title->addWidget(new KestroLabel(u"账户一"_s, LabelKind::title), 1);
     column->addLayout(title);
@@ -225,7 +225,7 @@ QWidget* frmAccountNew::BuildAccount(size_t i) {
     auto* block = new QWidget;
     auto rows = AccountForm(block);
     rows.Row(Caption(u"名称:"_s), MakeCombox(kAccount1 + i));
-    rows.Gap(Skin::kPartnerGap);
+    rows.Gap(Skin::Space::kPartner);
     accValues_[i] = MakeText(TextMode::amount, SignCaption(kAccount1 + i) + u"金额"_s);
     clones_[i] = new PngButton(u"clone"_s, u"复制记账金额"_s, nullptr, Skin::Px(kRow));
     clones_[i]->SetFramed(true);
@@ -265,14 +265,14 @@ void frmAccountNew::BuildFooter() {
     btnCancel->SetLeastWidth(80);
     btnEnter->SetLeastWidth(92);
     auto* foot = new QHBoxLayout(Footer());
-    foot->setContentsMargins(Skin::kDialogMargin - kRing, 0, 0, 0);
-    foot->setSpacing(Skin::kPartnerGap);
+    foot->setContentsMargins(Skin::Space::kDialog - kRing, 0, 0, 0);
+    foot->setSpacing(Skin::Space::kPartner);
     foot->addWidget(chkMark);
     foot->addWidget(btnCamera);
     foot->addStretch();
     foot->addWidget(btnCancel);
     foot->addWidget(btnEnter);
-    foot->addSpacing(kFieldsEnd - Skin::kPartnerGap);
+    foot->addSpacing(kFieldsEnd - Skin::Space::kPartner);
     foot->addWidget(accountFoot_ = new AccountGround(true, nullptr));
     KestroCalculator1 = new KestroCalculator(this);
     KestroCalendar1 = new KestroCalendar(this);

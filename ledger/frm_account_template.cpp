@@ -59,7 +59,7 @@ void frmAccountTemplate::Build() {
 }
 
 void frmAccountTemplate::LayOut() {
-    const int margin = Skin::kPageMargin;
+    const int margin = Skin::Space::kPage;
     auto* column = new QVBoxLayout(Body());
     column->setContentsMargins(margin, 0, margin, margin);
     column->setSpacing(margin);
@@ -67,7 +67,7 @@ void frmAccountTemplate::LayOut() {
     column->addWidget(btnDel, 0, Qt::AlignLeft);
     auto* foot = new QHBoxLayout(Footer());
     foot->setContentsMargins(margin, 0, margin, 0);
-    foot->setSpacing(Skin::kPartnerGap);
+    foot->setSpacing(Skin::Space::kPartner);
     foot->addWidget(pngArrow);
     foot->addStretch();
     for (auto* button : {btnCancel, btnEnter}) {

@@ -14,6 +14,7 @@
 #include <functional>
 #include <optional>
 
+class DetailPanel;
 class KestroButton;
 class KestroCheck;
 class KestroCombox;
@@ -111,7 +112,6 @@ class ListPage : public StripPage {
     FreshView fresh_;
 
  private:
-    class DetailPanel;
     /// Count and sums of the query as they were last asked, good while nothing has changed.
     struct KnownFigures {
         QString sql;

@@ -1,7 +1,5 @@
 #include "shell/actions.h"
 
-#include "shell/page.h"
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

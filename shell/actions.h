@@ -6,6 +6,9 @@
 
 #include <vector>
 
+/// The tabs of the frame from left to right.
+enum Tab { kTabAccount, kTabSubAcc, kTabWeb, kTabStats, kTabNote, kTabSetting, kTabs };
+
 enum class Act {
     settings,
     resetHead,

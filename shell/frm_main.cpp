@@ -5,7 +5,7 @@
 #include "shell/commands.h"
 #include "shell/controls/kestro_calculator.h"
 #include "shell/controls/kestro_tool_tip.h"
-#include "shell/frame_actions.h"
+#include "shell/frm_main_actions.h"
 #include "shell/menus.h"
 #include "shell/skin.h"
 #include "store/errors.h"

@@ -52,8 +52,8 @@ frmInput::~frmInput() = default;
 
 void frmInput::Build() {
     auto* column = new QVBoxLayout(Body());
-    column->setContentsMargins(Skin::kBoxMargin, 8, Skin::kBoxMargin, Skin::kFieldGap + 4);
-    column->setSpacing(Skin::kFieldGap);
+    column->setContentsMargins(Skin::Space::kBox, 8, Skin::Space::kBox, Skin::Space::kField + 4);
+    column->setSpacing(Skin::Space::kField);
     column->addLayout(BuildNote());
     if (record_.mode >= 1 || hasMemo_) column->addLayout(BuildRows());
     column->addStretch();
@@ -80,9 +80,9 @@ QLayout* frmInput::BuildNote() {
 
 QLayout* frmInput::BuildRows() {
     auto* rows = new QGridLayout;
-    rows->setHorizontalSpacing(Skin::kPartnerGap);
+    rows->setHorizontalSpacing(Skin::Space::kPartner);
     rows->setVerticalSpacing(0);
-    rows->setColumnMinimumWidth(0, kLabel - Skin::kPartnerGap);
+    rows->setColumnMinimumWidth(0, kLabel - Skin::Space::kPartner);
     rows->setColumnStretch(1, 1);
     if (record_.mode >= 1) {
         txtMoney_ = new KestroText(TextMode::amount);
@@ -95,7 +95,7 @@ QLayout* frmInput::BuildRows() {
         rows->addWidget(NewLabel(hint, Type::small, Tok::text3), rows->rowCount(), 1);
     }
     if (hasMemo_) {
-        if (txtMoney_) rows->setRowMinimumHeight(rows->rowCount(), Skin::kPartnerGap);
+        if (txtMoney_) rows->setRowMinimumHeight(rows->rowCount(), Skin::Space::kPartner);
         editNote_ = new KestroEditBox;
         editNote_->setObjectName(u"editNote"_s);
         editNote_->SetText(record_.memo);
@@ -117,8 +117,8 @@ void frmInput::AddRow(QGridLayout* rows, const QString& caption, QWidget* box) {
 
 void frmInput::BuildFooter() {
     auto* foot = new QHBoxLayout(Footer());
-    foot->setContentsMargins(Skin::kBoxMargin - kRing, 0, Skin::kBoxMargin, 2);
-    foot->setSpacing(Skin::kPartnerGap);
+    foot->setContentsMargins(Skin::Space::kBox - kRing, 0, Skin::Space::kBox, 2);
+    foot->setSpacing(Skin::Space::kPartner);
     if (record_.mode >= 1) {
         chkOther_ = new KestroCheck(u"隐藏"_s);
         chkOther_->setObjectName(u"chkOther"_s);

@@ -164,7 +164,7 @@ class frmMsgBox : public KestroDialog {
     QLayout* ButtonRow() {
         auto* row = new QHBoxLayout;
         row->setContentsMargins(12, kButtonRow - 10 - kButtonHeight, 11, 9);
-        row->setSpacing(Skin::kPartnerGap);
+        row->setSpacing(Skin::Space::kPartner);
         row->addStretch();
         for (auto* button : buttons_) {
             button->SetLeastWidth(kButtonWidth);

@@ -21,9 +21,6 @@ enum PageCode {
     kPageWeb = 16
 };
 
-/// The tabs from left to right.
-enum Tab { kTabAccount, kTabSubAcc, kTabWeb, kTabStats, kTabNote, kTabSetting, kTabs };
-
 /// The shared operations of a page; each does nothing until a page says otherwise.
 class Page : public QWidget {
  public:

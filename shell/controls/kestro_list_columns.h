@@ -12,7 +12,7 @@
 #include <span>
 #include <vector>
 
-/// A column as told, and what became of it.
+/// A column as it was defined, and what became of it.
 struct ListColumnState {
     ListColumn what;
     int nGroup = 3;

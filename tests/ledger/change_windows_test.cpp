@@ -172,6 +172,54 @@ TEST_F(ChangeWindows, AChangeWithAKindChosenMovesTheBalancesOfAllLines) {
     EXPECT_EQ(Find<KestroLabel>(page.get(), "lblCount")->Text(), u"笔数:1"_s);
 }
 
+TEST_F(ChangeWindows, ANewLineAfterDeletionsTakesTheNextNumber) {
+    auto page = Open<frmAccount>(3);
+    list_->SetCurrentRow(1);
+    boxes.Expect(u"确定要【删除】选定的一条记录?"_s);
+    page->Do(Act::remove);
+    RegisterDialog(kDlgEntry, [](QPoint) {
+        const auto ids = PostEntry(State().gDB, SampleEntry(u"新"_s, u"1"_s));
+        EntryDialog entry;
+        entry.done = 1;
+        entry.id = static_cast<int>(ids.main);
+    });
+    page->Do(Act::add);
+    EXPECT_EQ(Line(2)[0] + Line(2)[6], u"4新"_s);
+    EXPECT_EQ(list_->CurrentRow(), 2);
+}
+
+TEST_F(ChangeWindows, ARecordWhoseEntryIsGoneGoesAloneWithItsBalance) {
+    auto& book = State().gDB;
+    book.Execute(u"delete from tAccount where Id1 in (5,6)"_s);
+    auto page = Open<frmSubAcc>(2);
+    list_->SetCurrentRow(1);
+    boxes.Expect(u"意外错误：未找到记录!"_s);
+    page->Do(Act::edit);
+    boxes.Expect(u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s);
+    page->Do(Act::remove);
+    EXPECT_EQ(list_->RowCount(), 1);
+    EXPECT_EQ(Rows(book, u"select Money from tSubAcc where Sort1='01'"_s), QStringList{u"0"_s});
+    EXPECT_EQ(Rows(book, u"select count(*) from tAccount"_s), QStringList{u"3"_s});
+}
+
+// Lines that the list still shows may stand for nothing any more, or for an entry that has moved on.
+TEST_F(ChangeWindows, AStaleLineDeletesNobodyElsesEntry) {
+    auto& book = State().gDB;
+    auto page = Open<frmSubAcc>(2);
+    book.Execute(
+        u"delete from tSubAccItem where Id1=3; update tAccount set IIID=-1 where Id1 in (5,6);"
+        u"update tSubAcc set nAdd=0,Money=0 where Sort1='01'"_s);
+    list_->SetCurrentRow(1);
+    boxes.Expect(u"错误: 该记录可能已在【记账窗口】列表中删除记账时, 一起删除了! 请【刷新】此窗口列表!"_s);
+    page->Do(Act::remove);
+    list_->CheckAll(true);
+    boxes.Expect(u"您确定要【删除】选定的记录?"_s);
+    boxes.Expect(u"成功删除1条记账!\n另有1条账户记录已不在账本中!"_s);
+    page->Do(Act::deleteChecked);
+    EXPECT_EQ(list_->RowCount(), 0);
+    EXPECT_EQ(Rows(book, u"select Id1 from tAccount where bIsMain=1"_s), (QStringList{u"3"_s, u"5"_s}));
+}
+
 TEST_F(ChangeWindows, AfterAStopOnlyWhatIsGoneLeavesTheList) {
     for (int i = 0; i < 60; ++i)
         PostEntry(State().gDB, SampleEntry(u"批"_s, u"1"_s));

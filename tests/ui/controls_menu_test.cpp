@@ -187,9 +187,9 @@ TEST(EnterKey, IsTheWindowsUnlessTheFocusCameToAButtonByKey) {
     auto* button = new KestroButton(ButtonLook::plain, u"别的"_s);
     auto* link = new KestroLink(u"网页"_s);
     auto* main = new KestroButton(ButtonLook::primary, u"确定"_s);
-    for (QWidget* control : {static_cast<QWidget*>(check), static_cast<QWidget*>(pair),
-                             static_cast<QWidget*>(button), static_cast<QWidget*>(link),
-                             static_cast<QWidget*>(main)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(check), static_cast<QWidget*>(pair), static_cast<QWidget*>(button),
+          static_cast<QWidget*>(link), static_cast<QWidget*>(main)})
         column->addWidget(control);
     int entered = 0, pressed = 0;
     main->onClick = [&entered] { ++entered; };
@@ -251,6 +251,10 @@ TEST(Bars, PanelsShareTheRoomAndTheBarKeepsItsRange) {
     bar.onClick = [&clicks](int panel) { clicks.push_back(panel); };
     QTest::mouseClick(&bar, Qt::LeftButton, {}, {590, 15});
     QTest::mouseClick(&bar, Qt::LeftButton, {}, {4, 15});
+    const int number = bar.AddPanel({}, 30, false, u"money"_s);
+    bar.SetPanelText(number, u"1,234,567.89"_s);
+    EXPECT_GT(bar.PanelRect(number).width(), 80);
+    EXPECT_EQ(bar.PanelRect(number).right(), bar.rect().right());
     EXPECT_EQ(clicks, (std::vector<int>{1, 0}));
     KestroPGress progress;
     progress.SetMaximum(10);

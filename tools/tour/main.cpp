@@ -154,7 +154,7 @@ void ShowResult(Tour& tour) {
             const QString told =
                 u"  0201 | 办公费用 | 2450.5 | 0 | 2450.5\n  030201 | 农行 | 5000 | 2450.5 | 2549.5\n"
                 u"  01 | 东华公司 | 5350.5 | 0 | 5350.5\n"_s;
-            if (balances != told) return tour.Fail(u"the balances are not as told"_s);
+            if (balances != told) return tour.Fail(u"the balances are not as expected"_s);
             DoubleClickRow(EntryList(w), 3);
         });
 }
@@ -181,7 +181,7 @@ void EditEntry(Tour& tour) {
             const QString account = Lines(u"select nAdd,nReduce,Money from tSubAcc where Sort1='01'"_s);
             const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
             if (account != u"  5000 | 0 | 5000\n" || kind != u"  5000 | 2500 | 2500\n")
-                return tour.Fail(u"the change has not moved the balances as told"_s);
+                return tour.Fail(u"the change has not moved the balances as expected"_s);
             Click(Tab(w, u"账  户"_s));
         });
 }
@@ -243,7 +243,7 @@ void AddKind(Tour& tour) {
             u" tKind k join tAccount a on a.Id1=k.IID where k.Sort1='0304'"_s);
         std::printf("the new kind:\n%s", qUtf8Printable(kind));
         if (kind != u"  0304 | 押金 | 250.5 | -250.5 | 分类期初余额 | 250.5 | -1\n")
-            return tour.Fail(u"the new kind is not as told"_s);
+            return tour.Fail(u"the new kind is not as expected"_s);
         Click(Tab(w, u"记  账"_s));
     });
 }

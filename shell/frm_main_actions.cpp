@@ -1,4 +1,4 @@
-#include "shell/frame_actions.h"
+#include "shell/frm_main_actions.h"
 
 #include "shell/actions.h"
 #include "shell/addresses.h"
