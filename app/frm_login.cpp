@@ -20,6 +20,7 @@
 #include "store/session.h"
 #include "store/settings_file.h"
 
+#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QKeyEvent>
@@ -36,6 +37,8 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     BuildStrip();
     LayOut();
     Arrange();
+    for (auto* button : findChildren<QAbstractButton*>())
+        button->installEventFilter(this);
     onEscape = [this] { Leave(false); };
     onClose = [this] { Leave(false); };
     Timer1.setSingleShot(true);
@@ -183,6 +186,15 @@ void frmLogin::MoveBookBox(const QString& folder) {
     FillBooks();
     comBook->SetText({});
     SaveSetting(CurrentBook().Path, kSaveBookBox);
+}
+
+// Buttons would take Enter for themselves when the focus came to them by key.
+bool frmLogin::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return KestroDialog::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (enter) keyPressEvent(key);
+    return enter;
 }
 
 void frmLogin::keyPressEvent(QKeyEvent* event) {

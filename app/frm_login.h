@@ -36,6 +36,7 @@ class frmLogin : public KestroDialog {
     void ToggleStrip();
 
  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -13,7 +13,6 @@
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
 #include "shell/commands.h"
-#include "shell/controls/control_interfaces.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
 #include "shell/job_yield.h"
@@ -111,7 +110,6 @@ void TellDueCount() {
 
 void RegisterWindows() {
     InstallDesktop();
-    InstallControlInterfaces();
     InstallJobYield();
     InstallMessageBox();
     RegisterCommands();

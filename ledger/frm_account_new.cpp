@@ -261,9 +261,7 @@ void frmAccountNew::OpenTree(size_t slot) {
 
 // The path sums a whole branch, so it is read only when the pointer asks for it.
 QString frmAccountNew::CodeTip(size_t slot) const {
-    return sKey[slot].isEmpty()
-               ? QString()
-               : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
+    return sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
 }
 
 void frmAccountNew::ToggleAccounts() {

@@ -79,11 +79,11 @@ class FormRows {
     int next_ = 0;
 };
 
-FormRows LabelledRows(QWidget* owner, const QMargins& margins) {
+FormRows EntryForm(QWidget* owner, const QMargins& margins) {
     return {owner, margins, kLabel, u"分类一:"_s};
 }
 
-FormRows AccountRows(QWidget* owner) {
+FormRows AccountForm(QWidget* owner) {
     return {owner, {kRing, 0, 0, 0}, kAccountLabel, u"名称:"_s};
 }
 
@@ -121,7 +121,7 @@ QWidget* frmAccountNew::BuildEntry() {
     kind2_ = BuildSecondKind();
     column->addWidget(kind2_);
     auto* remark = new QWidget;
-    auto rows = LabelledRows(remark, {kGroupEdge, 0, kGroupEdge, 0});
+    auto rows = EntryForm(remark, {kGroupEdge, 0, kGroupEdge, 0});
     editNote = new KestroEditBox;
     editNote->setAccessibleName(u"备注"_s);
     auto* caption = Caption(u"备注:"_s);
@@ -134,7 +134,7 @@ QWidget* frmAccountNew::BuildEntry() {
 
 QWidget* frmAccountNew::BuildForm() {
     auto* form = new QWidget;
-    auto rows = LabelledRows(form, {kGroupEdge, 0, kGroupEdge, 0});
+    auto rows = EntryForm(form, {kGroupEdge, 0, kGroupEdge, 0});
     txtThing = MakeText(TextMode::normal, u"事情"_s);
     rows.Row(Caption(u"事情:"_s), txtThing);
     rows.Gap(Skin::Space::kField);
@@ -183,7 +183,7 @@ QLayout* frmAccountNew::BuildMoment() {
 
 QWidget* frmAccountNew::BuildSecondKind() {
     auto* group = new KindGroup;
-    auto rows = LabelledRows(group, {kGroupEdge, 14, kGroupEdge, 8 + KindGroup::kGap});
+    auto rows = EntryForm(group, {kGroupEdge, 14, kGroupEdge, 8 + KindGroup::kGap});
     rows.Row(Caption(u"分类二:"_s), MakeCombox(kKind2));
     rows.Gap(5);
     rows.RingRow(Caption(u"导致:"_s), options_[kKind2]);
@@ -223,7 +223,7 @@ QWidget* frmAccountNew::BuildAccounts() {
 
 QWidget* frmAccountNew::BuildAccount(size_t i) {
     auto* block = new QWidget;
-    auto rows = AccountRows(block);
+    auto rows = AccountForm(block);
     rows.Row(Caption(u"名称:"_s), MakeCombox(kAccount1 + i));
     rows.Gap(Skin::Space::kPartner);
     accValues_[i] = MakeText(TextMode::amount, SignCaption(kAccount1 + i) + u"金额"_s);

@@ -80,9 +80,9 @@ QLayout* frmInput::BuildNote() {
 
 QLayout* frmInput::BuildRows() {
     auto* rows = new QGridLayout;
-    rows->setHorizontalSpacing(4);
+    rows->setHorizontalSpacing(Skin::Space::kPartner);
     rows->setVerticalSpacing(0);
-    rows->setColumnMinimumWidth(0, kLabel - 4);
+    rows->setColumnMinimumWidth(0, kLabel - Skin::Space::kPartner);
     rows->setColumnStretch(1, 1);
     if (record_.mode >= 1) {
         txtMoney_ = new KestroText(TextMode::amount);

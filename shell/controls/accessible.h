@@ -1,7 +1,10 @@
 #pragma once
-// Controls that paint themselves have interfaces of their own for assistive tools (control_interfaces.h).
+// How a control that paints itself hands its own interface to assistive tools.
 
+class QAccessibleInterface;
+class QObject;
 class QWidget;
 
 /// Called by the constructor of such a control, at its end: until then the toolkit takes it for its base.
-void UseOwnInterface(QWidget* control);
+/// make gets the control whenever its interface is wanted.
+void UseOwnInterface(QWidget* control, QAccessibleInterface* (*make)(QObject* control));

@@ -2,6 +2,7 @@
 
 #include "shell/controls/accessible.h"
 #include "shell/controls/combox_list.h"
+#include "shell/controls/kestro_combox_accessible.h"
 #include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
 #include "store/errors.h"
@@ -31,7 +32,7 @@ KestroCombox::KestroCombox(ComboxMode mode, QWidget* parent)
         CloseList();
         if (onBrowse) onBrowse();
     };
-    UseOwnInterface(this);
+    UseOwnInterface(this, MakeChooserInterface);
 }
 
 KestroCombox::~KestroCombox() {

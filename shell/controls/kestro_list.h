@@ -63,6 +63,10 @@ class KestroList : public QTableView {
     void SetColumnCaption(int column, const QString& caption);
     void SetColumnTip(int column, const QString& tip);
     void SetColumnHidden(int column, bool hidden);
+    /// Widths that the user has given, -1 for a column that was left alone.
+    std::vector<int> UserWidths() const;
+    /// Takes such widths up; nothing when their number is not that of the columns.
+    void SetUserWidths(const std::vector<int>& widths);
     /// Digits per group of a money column: 3 or 4, otherwise none.
     void SetMoneyGroup(int column, int nGroup);
     /// A column of check boxes at the left, with a box in the heading that marks all ("HeaderChk").

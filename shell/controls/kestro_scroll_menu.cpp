@@ -1,6 +1,7 @@
 #include "shell/controls/kestro_scroll_menu.h"
 
 #include "shell/controls/accessible.h"
+#include "shell/controls/kestro_scroll_menu_accessible.h"
 #include "shell/controls/kestro_scrollbar.h"
 #include "store/errors.h"
 
@@ -30,7 +31,7 @@ KestroScrollMenu::KestroScrollMenu(QWidget* parent)
     setAccessibleName(u"导航"_s);
     bar_->hide();
     connect(bar_, &QScrollBar::valueChanged, this, [this] { update(); });
-    UseOwnInterface(this);
+    UseOwnInterface(this, MakeStripInterface);
 }
 
 QSize KestroScrollMenu::sizeHint() const {

@@ -206,11 +206,27 @@ void KestroText::paintEvent(QPaintEvent* event) {
         if (mode_ == TextMode::amount) PaintAmount(p);
         if (mode_ == TextMode::masked) PaintDots(p);
     }
-    if (!PaintsItself()) QLineEdit::paintEvent(event);
+    if (ShowsCut())
+        PaintCut();
+    else if (!PaintsItself())
+        QLineEdit::paintEvent(event);
     QPainter p(this);
     PaintEnds(p);
     PaintZone(p);
     PaintOutline(p);
+}
+
+// A text that nobody types into ends in dots where it is cut.
+bool KestroText::ShowsCut() const {
+    return isReadOnly() && !PaintsItself() && fontMetrics().horizontalAdvance(text()) > TextRoom().width();
+}
+
+void KestroText::PaintCut() {
+    QPainter p(this);
+    p.setFont(font());
+    p.setPen(TextColor());
+    p.drawText(TextRoom(), Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(text(), Qt::ElideRight, TextRoom().width()));
 }
 
 void KestroText::PaintOutline(QPainter& p) const {

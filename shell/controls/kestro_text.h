@@ -92,6 +92,8 @@ class KestroText : public QLineEdit {
     // Two modes paint their text themselves: QLineEdit cannot show separators that its text has not, nor dots
     // of a size of ours.
     bool PaintsItself() const { return mode_ == TextMode::amount || mode_ == TextMode::masked; }
+    bool ShowsCut() const;
+    void PaintCut();
     void PaintAmount(QPainter& p) const;
     void PaintDots(QPainter& p) const;
     int DotX(int position) const;

@@ -1,4 +1,3 @@
-#include "shell/controls/control_interfaces.h"
 #include "shell/controls/kestro_style.h"
 #include "shell/skin.h"
 
@@ -19,7 +18,6 @@ int main(int argc, char** argv) {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     QApplication::setQuitOnLastWindowClosed(false);
     Skin::Load(QCoreApplication::applicationDirPath(), false);
-    InstallControlInterfaces();
     QApplication::setStyle(new KestroStyle);
     QApplication::setFont(Skin::Font(Type::body));
     ::testing::InitGoogleTest(&argc, argv);

@@ -1,7 +1,5 @@
-#include "shell/controls/control_interfaces.h"
+#include "shell/controls/kestro_scroll_menu_accessible.h"
 
-#include "shell/controls/form_parts.h"
-#include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_scroll_menu.h"
 
 #include <QAccessible>
@@ -13,56 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList PressAlone() {
-    return {QAccessibleActionInterface::pressAction()};
-}
-
-class TabInterface : public QAccessibleWidget {
- public:
-    explicit TabInterface(HeaderTab* tab) : QAccessibleWidget(tab, QAccessible::PageTab), tab_(tab) {}
-
-    QAccessible::State state() const override {
-        auto state = QAccessibleWidget::state();
-        state.selectable = true;
-        state.selected = tab_->IsChosen();
-        return state;
-    }
-    QStringList actionNames() const override { return PressAlone() + QAccessibleWidget::actionNames(); }
-    void doAction(const QString& name) override {
-        name == pressAction() ? tab_->click() : QAccessibleWidget::doAction(name);
-    }
-
- private:
-    HeaderTab* tab_;
-};
-
-class ChooserInterface : public QAccessibleWidget {
- public:
-    explicit ChooserInterface(KestroCombox* box) : QAccessibleWidget(box, QAccessible::ComboBox), box_(box) {}
-
-    QString text(QAccessible::Text what) const override {
-        return what == QAccessible::Value ? box_->text() : QAccessibleWidget::text(what);
-    }
-    QAccessible::State state() const override {
-        auto state = QAccessibleWidget::state();
-        state.hasPopup = state.expandable = true;
-        state.expanded = box_->IsListOpen();
-        state.collapsed = !box_->IsListOpen();
-        state.editable = !box_->isReadOnly();
-        return state;
-    }
-    QStringList actionNames() const override {
-        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
-    }
-    void doAction(const QString& name) override {
-        if (name != showMenuAction()) return QAccessibleWidget::doAction(name);
-        box_->IsListOpen() ? box_->CloseList() : box_->OpenList();
-    }
-
- private:
-    KestroCombox* box_;
-};
 
 /// One line of a strip: a section's head or an item.
 class StripLineInterface : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -105,7 +53,7 @@ class StripLineInterface : public QAccessibleInterface, public QAccessibleAction
         return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
                                                     : nullptr;
     }
-    QStringList actionNames() const override { return PressAlone(); }
+    QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString& name) override {
         if (isValid() && name == pressAction()) strip_->PressLine(line_);
     }
@@ -159,17 +107,8 @@ class StripInterface : public QAccessibleWidget {
     mutable std::map<int, QAccessible::Id> lines_;
 };
 
-QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
-    if (auto* tab = dynamic_cast<HeaderTab*>(object)) return new TabInterface(tab);
-    if (auto* box = dynamic_cast<KestroCombox*>(object)) return new ChooserInterface(box);
-    if (auto* strip = dynamic_cast<KestroScrollMenu*>(object)) return new StripInterface(strip);
-    return nullptr;
-}
-
 }  // namespace
 
-void InstallControlInterfaces() {
-    static bool installed = false;
-    if (!installed) QAccessible::installFactory(MakeInterface);
-    installed = true;
+QAccessibleInterface* MakeStripInterface(QObject* control) {
+    return new StripInterface(dynamic_cast<KestroScrollMenu*>(control));
 }
