@@ -228,6 +228,7 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
 TEST_F(Frame, KeepsItsSizeModeAndColumnsAndFitsTheScreen) {
     const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
     const QSize wanted = QSize(780, 590).boundedTo(screen);
+    Commands().closeAll = {};  // the stores stay open for the next frame
     const auto again = [this] {
         Menus::Choose(u"File"_s, u"exit"_s);
         frame_ = std::make_unique<frmMain>();
