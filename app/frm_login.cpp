@@ -20,6 +20,7 @@
 #include "store/session.h"
 #include "store/settings_file.h"
 
+#include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QKeyEvent>
@@ -34,7 +35,10 @@ frmLogin::frmLogin() : KestroDialog(DialogKind::common) {
     setWindowTitle(u"墨鹊登录"_s);
     Build();
     BuildStrip();
+    LayOut();
     Arrange();
+    for (auto* button : findChildren<QAbstractButton*>())
+        button->installEventFilter(this);
     onEscape = [this] { Leave(false); };
     onClose = [this] { Leave(false); };
     Timer1.setSingleShot(true);
@@ -69,6 +73,11 @@ void frmLogin::showEvent(QShowEvent* event) {
     QTimer::singleShot(0, this, [] {
         RunEvent([] { ShowMsg(u"您目前没有任何【账本】,请先点击账本右边的【新】按钮,新建账本!"_s); });
     });
+}
+
+void frmLogin::resizeEvent(QResizeEvent* event) {
+    KestroDialog::resizeEvent(event);
+    if (strip_) PlaceHero();
 }
 
 void frmLogin::FillBooks() {
@@ -177,6 +186,15 @@ void frmLogin::MoveBookBox(const QString& folder) {
     FillBooks();
     comBook->SetText({});
     SaveSetting(CurrentBook().Path, kSaveBookBox);
+}
+
+// Buttons would take Enter for themselves when the focus came to them by key.
+bool frmLogin::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return KestroDialog::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (enter) keyPressEvent(key);
+    return enter;
 }
 
 void frmLogin::keyPressEvent(QKeyEvent* event) {

@@ -17,6 +17,7 @@ class KestroLabel;
 class KestroText;
 class LoginHero;
 class PngButton;
+class QGridLayout;
 
 class frmLogin : public KestroDialog {
  public:
@@ -35,14 +36,18 @@ class frmLogin : public KestroDialog {
     void ToggleStrip();
 
  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
     void Build();
     void BuildStrip();
+    void LayOut();
     void Arrange();
+    void PlaceHero();
     void LoadBooks();
     void FillBooks();
     void ShowBook(int index);
@@ -57,6 +62,11 @@ class frmLogin : public KestroDialog {
     bool stripShown_ = false;
     QTimer Timer1;
     LoginHero* hero_;
+    QWidget* strip_ = nullptr;   ///< the lower strip
+    QWidget* upper_ = nullptr;   ///< what stands above it
+    QWidget* corner_ = nullptr;  ///< holds the arrow
+    QGridLayout* rows_ = nullptr;
+    KestroLabel* title_;
     KestroCombox* comBook;
     KestroText* txtPass;
     KestroButton* btnEnter;

@@ -19,17 +19,20 @@ void LoginHero::paintEvent(QPaintEvent*) {
     p.drawRoundedRect(rect().adjusted(0, 0, 8, stripShown_ ? 8 : 0), radius_, radius_);
     p.setRenderHint(QPainter::Antialiasing, false);
     constexpr int kLogo = 72;
-    p.drawPixmap((width() - kLogo) / 2, 44, Skin::Icon(u"logo"_s, kLogo, devicePixelRatioF()));
+    constexpr int kTop = 44, kNameGap = 16;
+    p.drawPixmap((width() - kLogo) / 2, kTop, Skin::Icon(u"logo"_s, kLogo, devicePixelRatioF()));
+    const QRect name(0, kTop + kLogo + kNameGap, width(), Skin::LineHeight(Type::loginName) + 2);
     p.setPen(Skin::Color(Tok::inkText));
     p.setFont(Skin::Font(Type::loginName));
-    p.drawText(QRect(0, 132, width(), 28), Qt::AlignCenter, u"墨鹊理财"_s);
+    p.drawText(name, Qt::AlignCenter, u"墨鹊理财"_s);
     p.setPen(Skin::Color(Tok::tabText));
     p.setFont(Skin::Font(Type::small));
-    p.drawText(QRect(0, 161, width(), 20), Qt::AlignCenter, u"v2016.2"_s);
+    const QRect version(0, name.bottom() + 2, width(), Skin::LineHeight(Type::small) + 2);
+    p.drawText(version, Qt::AlignCenter, u"v2016.2"_s);
     QColor rule = Skin::Color(Tok::tabText);
     rule.setAlphaF(0.18F);
-    for (const int y : {kHeight - 32, kHeight - 20, kHeight - 8})
-        Skin::HLine(p, 20, width() - 20, y, rule);
+    for (const int above : {32, 20, 8})
+        Skin::HLine(p, 20, width() - 20, height() - above, rule);
 }
 
 void LoginStrip::paintEvent(QPaintEvent*) {

@@ -93,6 +93,10 @@ void frmSetting::DoKindAcc(Chart chart, const QString& code, Act act) {
     Do(act);
 }
 
+std::vector<KestroList*> frmSetting::Lists() const {
+    return {kinds_->List(), accounts_->List()};
+}
+
 void frmSetting::pRESETGROUP() {
     kinds_->ResetGroup();
     accounts_->ResetGroup();

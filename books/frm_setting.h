@@ -16,6 +16,7 @@ class frmSetting : public StripPage {
     void Do(Act act) override;
     void pRESETGROUP() override;
     void pTRANSACCOUNT() override;
+    std::vector<KestroList*> Lists() const override;
     /// "kind" or "account"; other sub-pages are not there.
     void OpenSub(const QString& key) override;
     void ReLoadKindAcc(const QString& key) override;

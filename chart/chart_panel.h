@@ -30,6 +30,7 @@ class ChartPanel : public QWidget {
     /// Selects the row of a code from the top; nothing when there is none.
     void Select(const QString& code);
     void ResetGroup();
+    KestroList* List() const { return KestroList1_; }
 
  private:
     void BuildToolbar(QVBoxLayout* room);

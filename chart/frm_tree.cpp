@@ -3,6 +3,7 @@
 #include "chart/codes.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_tree.h"
+#include "shell/skin.h"
 #include "store/messages.h"
 
 #include <QApplication>
@@ -20,16 +21,17 @@ frmTree::frmTree(QWidget* parent)
     SetCaption(chart_ == Chart::kinds ? u"多级分类树"_s : u"多级账户树"_s);
     record_.done = 0;
     KestroTree1_ = new KestroTree(Body());
+    KestroTree1_->setAccessibleName(windowTitle());
     auto* room = new QVBoxLayout(Body());
-    room->setContentsMargins(12, 4, 12, 12);
+    room->setContentsMargins(Skin::Space::kPage, 4, Skin::Space::kPage, Skin::Space::kPage);
     room->addWidget(KestroTree1_);
 
     btnExpand_ = new KestroButton(ButtonLook::plain, u"展开"_s, u"tree"_s, Footer());
     btnCancel_ = new KestroButton(ButtonLook::plain, u"取消"_s, {}, Footer());
     btnEnter_ = new KestroButton(ButtonLook::primary, u"确定"_s, {}, Footer());
     auto* row = new QHBoxLayout(Footer());
-    row->setContentsMargins(12, 0, 12, 0);
-    row->setSpacing(8);
+    row->setContentsMargins(Skin::Space::kPage, 0, Skin::Space::kPage, 0);
+    row->setSpacing(Skin::Space::kPartner);
     row->addWidget(btnExpand_);
     row->addStretch();
     row->addWidget(btnCancel_);

@@ -41,6 +41,8 @@ struct EntryValues {
     std::array<QString, 4> name;                      ///< sName
     std::array<bool, 4> add{true, true, true, true};  ///< 增加 is on, otherwise 减少
     std::array<QString, 2> accountValue;              ///< amounts of the two account records
+    /// The three amounts as an edit loaded them, the entry's own first: one left so stands whatever its size.
+    std::array<QString, 3> loadedAmounts;
 
     bool kind2On = false;     ///< chkOther
     bool toAccount = false;   ///< bToAccount

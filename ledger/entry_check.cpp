@@ -12,8 +12,16 @@ namespace {
 
 const QString kCloseHint = u"\n若您不需要记入账户,可单击右边【侧箭头】按钮,将记入账户关闭!"_s;
 
+// Twelve whole digits: sums of such amounts stay right to the fen.
+constexpr double kTooMuch = 1e12;
+
 void PutZeroInFront(QString& amount) {
     if (amount.startsWith(u'.')) amount.prepend(u'0');
+}
+
+// A larger amount is refused, but for one that was there already.
+bool FitsOrStands(double amount, const QString& loaded) {
+    return std::fabs(amount) < kTooMuch || (!loaded.isEmpty() && Val(loaded) == amount);
 }
 
 bool IsBelow(const QString& text, int limit) {
@@ -28,7 +36,7 @@ QString Sign(bool add) {
 EntryComplaint CheckHead(EntryValues& e) {
     if (e.title.trimmed().isEmpty()) return {u"事情不能为空!"_s, EntryField::thing};
     const auto money = NumericValue(e.money);
-    if (!money || !IsMoney(*money)) return {u"金额不正确!"_s, EntryField::money};
+    if (!money || !FitsOrStands(*money, e.loadedAmounts[0])) return {u"金额不正确!"_s, EntryField::money};
     e.money = FixedText(*money);
     if (!ParseDate(e.date)) return {u"入账日期不正确!"_s, EntryField::date};
     if (!IsBelow(e.hour, 24)) return {u"小时不正确!"_s, EntryField::hour};
@@ -48,11 +56,15 @@ EntryComplaint CheckAccounts(EntryValues& e) {
     if (e.text[kAccount1].isEmpty()) return {u"【账户一名称】不能为空!"_s + kCloseHint, EntryField::account};
     if (e.accountValue[0].trimmed().isEmpty())
         return {u"【账户一金额】不能为空!"_s + kCloseHint, EntryField::accountValue};
+    if (!FitsOrStands(Val(e.accountValue[0]), e.loadedAmounts[1]))
+        return {u"金额不正确!"_s, EntryField::accountValue};
     PutZeroInFront(e.accountValue[0]);
     if (!e.account2On) return {};
     if (e.text[kAccount2].isEmpty()) return {u"【账户二名称】不能为空!"_s, EntryField::account2};
     if (e.accountValue[1].trimmed().isEmpty())
         return {u"【账户二金额】不能为空!"_s, EntryField::account2Value};
+    if (!FitsOrStands(Val(e.accountValue[1]), e.loadedAmounts[2]))
+        return {u"金额不正确!"_s, EntryField::account2Value};
     PutZeroInFront(e.accountValue[1]);
     if (e.text[kAccount1] == e.text[kAccount2])
         return {u"【账户一】与【账户二】不能相同!"_s, EntryField::none};

@@ -120,6 +120,7 @@ std::optional<LoadedEntry> LoadEntry(cConnection& book, qint64 id) {
     e.kind2On = second > -1;
     e.toAccount = record1 > -1;
     e.account2On = record2 > -1;
+    e.loadedAmounts = {e.money, e.accountValue[0], e.accountValue[1]};
     return loaded;
 }
 

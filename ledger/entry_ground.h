@@ -1,22 +1,36 @@
 #pragma once
-// The ground of the entry window: the account area at the right, the group of the second kind, the footer.
+// The painted grounds of the entry window: the group of the second kind, the account area and its foot.
 
 #include <QWidget>
 
-class EntryGround : public QWidget {
+/// A rounded group; kGap below it stays free of paint.
+class KindGroup : public QWidget {
  public:
-    static constexpr int kEntryWidth = 480;
-    static constexpr int kAccountWidth = 290;
-    static constexpr int kFooter = 56;
-
+    static constexpr int kGap = 12;
     using QWidget::QWidget;
-    void SetAreas(const QRect& kindGroup, bool accounts, int accountLine);
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// The side where accounts are chosen, with its line to the entry. The foot ends in the window's round
+/// corner.
+class AccountGround : public QWidget {
+ public:
+    AccountGround(bool isFoot, QWidget* parent) : QWidget(parent), isFoot_(isFoot) {}
 
  protected:
     void paintEvent(QPaintEvent* event) override;
 
  private:
-    QRect kindGroup_;
-    bool accounts_ = false;
-    int accountLine_ = 0;
+    bool isFoot_;
+};
+
+/// A line of one pixel across.
+class DividerLine : public QWidget {
+ public:
+    explicit DividerLine(QWidget* parent = nullptr) : QWidget(parent) { setFixedHeight(1); }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
 };

@@ -56,6 +56,13 @@ frmAccount::frmAccount(QWidget* parent) : ListPage(parent, Words()) {
     ReloadChoosers();
     ReloadScrollBooks();
     SetPeriod(PeriodOfKey(State().settings.LoadDate));
+    MyTrack.hwnd = this;
+    MyTrack.DragDropFiles = [this](const QString& names, int count) { MyTrack_DragDropFiles(count, names); };
+    TrackAdd(MyTrack);
+}
+
+frmAccount::~frmAccount() {
+    TrackRemove(MyTrack);
 }
 
 void frmAccount::ReloadChoosers() {

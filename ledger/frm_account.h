@@ -4,6 +4,7 @@
 
 #include "chart/codes.h"
 #include "ledger/list_page.h"
+#include "shell/tracker.h"
 
 /// The columns of the entry list.
 std::vector<ListColumn> EntryColumns();
@@ -11,6 +12,7 @@ std::vector<ListColumn> EntryColumns();
 class frmAccount : public ListPage {
  public:
     explicit frmAccount(QWidget* parent);
+    ~frmAccount() override;
 
     bool Can(Act act) const override;
     void Do(Act act) override;
@@ -48,6 +50,7 @@ class frmAccount : public ListPage {
     void StripClicked(const QString& section, const QString& item);
     void StripDoubleClicked(const QString& section, const QString& item);
 
+    clsTrackInfo MyTrack;
     QString stripSection_;  ///< the section whose menu is open
     QString stripKind_;     ///< the kind whose menu is open; empty: the chosen one
     std::vector<ChartRow> kinds_;

@@ -1,7 +1,6 @@
 #include "ledger/frm_account_new.h"
 
 #include "chart/codes.h"
-#include "ledger/entry_ground.h"
 #include "ledger/entry_save.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_calculator.h"
@@ -27,9 +26,10 @@ frmAccountNew::frmAccountNew(QWidget* parent)
     : KestroDialog(DialogKind::common, {}, parent), bNew(record_.isNew != 0) {
     record_.done = 0;
     SetTitleLine(true);
-    ground_ = new EntryGround(Body());
-    BuildEntry();
-    BuildAccounts();
+    auto* entry = BuildEntry();
+    accounts_ = BuildAccounts();
+    LayOut(entry);
+    BuildFooter();
     ConnectEntry();
     ConnectAccounts();
     FillLists();
@@ -109,9 +109,10 @@ void frmAccountNew::ShowEntry(const EntryValues& e) {
     editNote->SetText(e.note);
     chkMark->SetChecked(e.mark);
     for (size_t slot = 0; slot < combos_.size(); ++slot) {
-        combos_[slot]->SetText(e.text[slot]);
+        combos_[slot]->SetText(e.text[slot], e.code[slot]);
         options_[slot]->SetAdd(e.add[slot]);
     }
+    loaded_ = e;
     sKey = e.code;
     sName = e.name;
     for (size_t i = 0; i < 2; ++i)
@@ -120,8 +121,6 @@ void frmAccountNew::ShowEntry(const EntryValues& e) {
     bToAccount = e.toAccount;
     chkOther1->SetChecked(e.account2On);
     ShowPictures(e.pictures);
-    for (size_t slot = 0; slot < combos_.size(); ++slot)
-        ShowCodeTip(slot);
 }
 
 void frmAccountNew::ShowPictures(const QString& count) {
@@ -155,6 +154,7 @@ EntryValues frmAccountNew::Gather() const {
     e.code = sKey;
     e.name = sName;
     e.accountValue = {accValues_[0]->text(), accValues_[1]->text()};
+    e.loadedAmounts = loaded_.loadedAmounts;
     e.kind2On = chkOther->IsChecked();
     e.toAccount = bToAccount;
     e.account2On = chkOther1->IsChecked();
@@ -202,10 +202,13 @@ void frmAccountNew::CancelClicked() {
 }
 
 void frmAccountNew::SetFocusTo(EntryField field) {
-    const std::array<QWidget*, 12> controls{nullptr,    txtThing,      txtMoney,   txtDate,
-                                            txtHour,    txtMinute,     combos_[0], combos_[1],
-                                            combos_[2], accValues_[0], combos_[3], accValues_[1]};
-    if (auto* control = controls[static_cast<size_t>(field)]) control->setFocus(Qt::OtherFocusReason);
+    const std::array<KestroText*, 12> controls{nullptr,    txtThing,      txtMoney,   txtDate,
+                                               txtHour,    txtMinute,     combos_[0], combos_[1],
+                                               combos_[2], accValues_[0], combos_[3], accValues_[1]};
+    auto* control = controls[static_cast<size_t>(field)];
+    if (!control) return;
+    control->setFocus(Qt::OtherFocusReason);
+    control->SetWrong(true);
 }
 
 void frmAccountNew::MoveDay(int days) {
@@ -233,11 +236,16 @@ void frmAccountNew::TakeCalculated(const QString& value) {
 
 void frmAccountNew::Chosen(size_t slot, const QString& key) {
     EntryValues picked;
+    // What the entry was loaded with stands, though its kind has another name by now or is hidden.
+    if (!key.isEmpty() && key == loaded_.code[slot] && combos_[slot]->text() == loaded_.text[slot]) {
+        sKey[slot] = loaded_.code[slot];
+        sName[slot] = loaded_.name[slot];
+        return;
+    }
     const bool leaf = !key.isEmpty() && PickCode(State().gDB, picked, slot, key);
     sKey[slot] = picked.code[slot];
     sName[slot] = picked.name[slot];
     if (!leaf) combos_[slot]->SetText({});
-    ShowCodeTip(slot);
 }
 
 void frmAccountNew::OpenTree(size_t slot) {
@@ -251,10 +259,9 @@ void frmAccountNew::OpenTree(size_t slot) {
     Chosen(slot, tree.key);
 }
 
-void frmAccountNew::ShowCodeTip(size_t slot) {
-    const QString tip =
-        sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
-    combos_[slot]->setToolTip(tip);
+// The path sums a whole branch, so it is read only when the pointer asks for it.
+QString frmAccountNew::CodeTip(size_t slot) const {
+    return sKey[slot].isEmpty() ? QString() : CodePathText(State().gDB, ChartOfSlot(slot), sKey[slot], true);
 }
 
 void frmAccountNew::ToggleAccounts() {

@@ -4,24 +4,23 @@
 
 #include "ledger/entry_edit.h"
 #include "shell/controls/kestro_dialog.h"
+#include "shell/controls/kestro_text.h"
 #include "store/dialogs.h"
 
 #include <QPoint>
 
 #include <array>
 
-class EntryGround;
 class KestroButton;
 class KestroCalculator;
 class KestroCalendar;
 class KestroCheck;
 class KestroCombox;
 class KestroEditBox;
-class KestroLabel;
 class KestroOptionPair;
-class KestroPngPic;
-class KestroText;
 class PngButton;
+class QGridLayout;
+class QLayout;
 
 /// Reads record 2 and leaves the done flag and the ids there.
 class frmAccountNew : public KestroDialog {
@@ -37,13 +36,19 @@ class frmAccountNew : public KestroDialog {
     void showEvent(QShowEvent* event) override;
 
  private:
-    void BuildEntry();
-    void BuildAccounts();
+    QWidget* BuildEntry();
+    QWidget* BuildForm();
+    QLayout* BuildMoment();
+    QWidget* BuildSecondKind();
+    QWidget* BuildAccounts();
+    QWidget* BuildAccount(size_t i);
+    void BuildFooter();
+    void LayOut(QWidget* entry);
     KestroCombox* MakeCombox(size_t slot);
+    KestroText* MakeText(TextMode mode, const QString& name);
     void ConnectEntry();
     void ConnectAccounts();
     void Arrange();
-    void ArrangeAccounts();
     void FillLists();
     void SetDefaults();
     void SetTabOrder();
@@ -64,7 +69,7 @@ class frmAccountNew : public KestroDialog {
     void TakeCalculated(const QString& value);
     void Chosen(size_t slot, const QString& key);
     void OpenTree(size_t slot);
-    void ShowCodeTip(size_t slot);
+    QString CodeTip(size_t slot) const;
     void ToggleAccounts();
 
     EntryDialog record_;
@@ -77,8 +82,13 @@ class frmAccountNew : public KestroDialog {
     bool bToAccount = false;
     int nCalcFor = 0;  ///< 0: the calculator fills txtMoney, 1: txtAccValue
     std::array<QString, 4> sKey, sName;
+    EntryValues loaded_;  ///< the entry as it was before the change; empty for a new one
 
-    EntryGround* ground_;
+    QGridLayout* sides_ = nullptr;
+    QWidget* kind2_ = nullptr;        ///< group of the second kind
+    QWidget* accounts_ = nullptr;     ///< the account area
+    QWidget* account2_ = nullptr;     ///< its second account
+    QWidget* accountFoot_ = nullptr;  ///< the area goes on in the footer
     KestroText* txtThing;
     KestroText* txtMoney;
     KestroText* txtDate;
@@ -88,18 +98,10 @@ class frmAccountNew : public KestroDialog {
     PngButton* PngReduce;
     std::array<KestroCombox*, 4> combos_{};       ///< comKind, comKind1, comAccName, comAccName1
     std::array<KestroOptionPair*, 4> options_{};  ///< optAdd(i) and optReduce(i)
-    std::array<KestroLabel*, 4> optionLabels_{};
-    std::array<KestroText*, 2> accValues_{};  ///< txtAccValue, txtAccValue1
+    std::array<KestroText*, 2> accValues_{};      ///< txtAccValue, txtAccValue1
     std::array<PngButton*, 2> clones_{};
-    std::array<KestroLabel*, 2> accNameLabels_{};
-    std::array<KestroLabel*, 2> accValueLabels_{};
-    KestroLabel* lblAccount1;
-    KestroPngPic* picAccount_;
     KestroCheck* chkOther;
     KestroCheck* chkOther1;
-    KestroLabel* lblKind1;
-    KestroLabel* lblNote;
-    KestroLabel* lblColon;
     KestroEditBox* editNote;
     KestroCheck* chkMark;
     KestroButton* btnCamera;

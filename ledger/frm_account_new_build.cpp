@@ -1,4 +1,4 @@
-// Controls and places of the entry window. Lengths are device-independent pixels below the title.
+// Controls and layouts of the entry window.
 
 #include "ledger/entry_ground.h"
 #include "ledger/frm_account_new.h"
@@ -13,36 +13,27 @@
 #include "shell/controls/kestro_png_pic.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/controls/png_button.h"
+#include "shell/skin.h"
 #include "store/state.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLabelX = 24;
-constexpr int kFieldX = 88;
-constexpr int kFieldEnd = 444;
-constexpr int kRow = 32;
-constexpr int kPair = 30;
-constexpr int kPairWidth = 180;
-constexpr int kLabelWidth = 64;
-constexpr int kThingY = 16;
-constexpr int kDateY = 60;
-constexpr int kMoneyY = 104;
-constexpr int kKindY = 156;
-constexpr int kKindPairY = 196;
-constexpr int kOtherY = 236;
-constexpr int kGroupY = 268;
-constexpr int kGroupHeight = 98;
-constexpr int kSecondKind = 110;
-constexpr int kNoteHeight = 64;
-constexpr int kAccLabelX = EntryGround::kEntryWidth + 19;
-constexpr int kAccFieldX = EntryGround::kEntryWidth + 65;
-constexpr int kAccEnd = EntryGround::kEntryWidth + 269;
-constexpr int kAcc1Y = 14;
-constexpr int kAccLineY = 172;
-constexpr int kAcc2Y = 186;
-
+constexpr QSize kLeast(480, 444);
+constexpr QSize kAccountArea(290, 0), kSecondKind(0, 110);  // by which the window grows
+constexpr int kRow = 32, kLabel = 56, kAccountLabel = 38, kNumberBox = 44;
+constexpr int kFieldsEnd = 36;  // free at the right of the fields, room for the arrow on the seam
+constexpr int kGroupEdge = 12;  // the group of the second kind stands out of the form by this
+constexpr int kAccountEdge = 19;
+constexpr QSize kArrow(26, 44);
+constexpr int kArrowTop = 198;
 constexpr int kRing = 3;  // options and checks keep room for their focus ring
 
 QString SignCaption(size_t slot) {
@@ -50,161 +41,258 @@ QString SignCaption(size_t slot) {
                             : u"账户"_s + (slot == kAccount1 ? u"一"_s : u"二"_s);
 }
 
-void PlacePair(QWidget* pair, int x, int y) {
-    pair->setGeometry(x - kRing, y - kRing, kPairWidth + 2 * kRing, kPair + 2 * kRing);
+KestroLabel* Caption(const QString& text) {
+    return new KestroLabel(text, LabelKind::caption);
+}
+
+/// Rows of a caption and its field. widest: the caption whose width the column of captions has at least.
+class FormRows {
+ public:
+    FormRows(QWidget* owner, const QMargins& margins, int captionWidth, const QString& widest)
+        : grid_(new QGridLayout(owner)) {
+        const QFontMetrics metrics(Skin::Font(Type::body));
+        grid_->setContentsMargins(margins);
+        grid_->setSpacing(0);
+        const int captions = std::max(captionWidth, metrics.horizontalAdvance(widest) + 1);
+        grid_->setColumnMinimumWidth(0, captions + Skin::Space::kPartner - kRing);
+        grid_->setColumnMinimumWidth(1, kRing);
+        grid_->setColumnStretch(2, 1);
+    }
+    void Gap(int pixels) { grid_->setRowMinimumHeight(next_++, pixels); }
+    void Row(QWidget* caption, QWidget* field) {
+        grid_->addWidget(caption, next_, 0);
+        grid_->addWidget(field, next_++, 2);
+    }
+    void Row(QWidget* caption, QLayout* fields) {
+        grid_->addWidget(caption, next_, 0);
+        grid_->addLayout(fields, next_++, 2);
+    }
+    /// A control that keeps room for its focus ring stands out to the left by it.
+    void RingRow(QWidget* caption, QWidget* field) {
+        if (caption) grid_->addWidget(caption, next_, 0);
+        grid_->addWidget(field, next_++, 1, 1, 2, Qt::AlignLeft);
+    }
+    QGridLayout* Grid() const { return grid_; }
+
+ private:
+    QGridLayout* grid_;
+    int next_ = 0;
+};
+
+FormRows EntryForm(QWidget* owner, const QMargins& margins) {
+    return {owner, margins, kLabel, u"分类一:"_s};
+}
+
+FormRows AccountForm(QWidget* owner) {
+    return {owner, {kRing, 0, 0, 0}, kAccountLabel, u"名称:"_s};
 }
 
 }  // namespace
 
 KestroCombox* frmAccountNew::MakeCombox(size_t slot) {
-    auto* box = new KestroCombox(ComboxMode::pick, ground_);
+    auto* box = new KestroCombox(ComboxMode::pick);
     const bool kind = slot < kAccount1;
     box->SetLeftIcon(kind ? u"items"_s : u"book"_s);
     box->SetBrowse(u"tree"_s, kind ? u"在分类树中选择"_s : u"在账户树中选择"_s);
     box->setAccessibleName(SignCaption(slot));
     box->onChoose = [this, slot](const QString&, const QString& key) { Chosen(slot, key); };
     box->onBrowse = [this, slot] { OpenTree(slot); };
+    box->onTip = [this, slot] { return CodeTip(slot); };
     combos_[slot] = box;
-    options_[slot] = new KestroOptionPair(ground_);
-    options_[slot]->setAccessibleName(SignCaption(slot) + u"导致"_s);
-    optionLabels_[slot] = new KestroLabel(u"导致:"_s, LabelKind::caption, ground_);
+    options_[slot] = new KestroOptionPair;
+    options_[slot]->SetGroupName(SignCaption(slot) + u"导致"_s);
     return box;
 }
 
-void frmAccountNew::BuildEntry() {
-    const auto label = [this](const QString& text, int y) {
-        auto* made = new KestroLabel(text, LabelKind::caption, ground_);
-        made->setGeometry(kLabelX, y, kLabelWidth, kRow);
-        return made;
-    };
-    label(u"事情:"_s, kThingY);
-    txtThing = new KestroText(TextMode::normal, ground_);
-    txtThing->setAccessibleName(u"事情"_s);
-    txtThing->setGeometry(kFieldX, kThingY, kFieldEnd - kFieldX, kRow);
+KestroText* frmAccountNew::MakeText(TextMode mode, const QString& name) {
+    auto* box = new KestroText(mode);
+    box->setAccessibleName(name);
+    if (mode == TextMode::amount) box->SetGroup(State().settings.nGroup);
+    return box;
+}
 
-    label(u"日期:"_s, kDateY);
-    txtDate = new KestroText(TextMode::normal, ground_);
-    txtDate->setAccessibleName(u"日期"_s);
-    txtDate->SetEndButton(u"date"_s, u"选择日期"_s, false);
-    txtDate->setGeometry(kFieldX, kDateY, 132, kRow);
-    PngReduce = new PngButton(u"minus"_s, u"前一天"_s, ground_, kRow);
-    pngPlus = new PngButton(u"plus"_s, u"后一天"_s, ground_, kRow);
-    PngReduce->SetFramed(true);
-    pngPlus->SetFramed(true);
-    PngReduce->setGeometry(kFieldX + 136, kDateY, 28, kRow);
-    pngPlus->setGeometry(kFieldX + 168, kDateY, 28, kRow);
-    txtHour = new KestroText(TextMode::normal, ground_);
-    txtMinute = new KestroText(TextMode::normal, ground_);
-    txtHour->setAccessibleName(u"小时"_s);
-    txtMinute->setAccessibleName(u"分钟"_s);
-    txtHour->setAlignment(Qt::AlignCenter);
-    txtMinute->setAlignment(Qt::AlignCenter);
-    txtHour->setGeometry(kFieldEnd - 103, kDateY, 44, kRow);
-    txtMinute->setGeometry(kFieldEnd - 44, kDateY, 44, kRow);
-    lblColon = new KestroLabel(u":"_s, LabelKind::caption, ground_);
-    lblColon->setGeometry(kFieldEnd - 54, kDateY, 8, kRow);
+QWidget* frmAccountNew::BuildEntry() {
+    auto* side = new QWidget;
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(Skin::Space::kDialog - kGroupEdge, 16, kFieldsEnd - kGroupEdge, 12);
+    column->setSpacing(0);
+    column->addWidget(BuildForm());
+    column->addSpacing(8);
+    kind2_ = BuildSecondKind();
+    column->addWidget(kind2_);
+    auto* remark = new QWidget;
+    auto rows = EntryForm(remark, {kGroupEdge, 0, kGroupEdge, 0});
+    editNote = new KestroEditBox;
+    editNote->setAccessibleName(u"备注"_s);
+    auto* caption = Caption(u"备注:"_s);
+    caption->setMinimumHeight(Skin::Px(kRow));
+    rows.Row(caption, editNote);
+    rows.Grid()->setAlignment(caption, Qt::AlignTop);
+    column->addWidget(remark, 1);
+    return side;
+}
 
-    label(u"金额:"_s, kMoneyY)->setGeometry(kLabelX, kMoneyY, kLabelWidth, 40);
-    txtMoney = new KestroText(TextMode::amount, ground_);
-    txtMoney->setAccessibleName(u"金额"_s);
+QWidget* frmAccountNew::BuildForm() {
+    auto* form = new QWidget;
+    auto rows = EntryForm(form, {kGroupEdge, 0, kGroupEdge, 0});
+    txtThing = MakeText(TextMode::normal, u"事情"_s);
+    rows.Row(Caption(u"事情:"_s), txtThing);
+    rows.Gap(Skin::Space::kField);
+    rows.Row(Caption(u"日期:"_s), BuildMoment());
+    rows.Gap(Skin::Space::kField);
+    txtMoney = MakeText(TextMode::amount, u"金额"_s);
     txtMoney->SetBig(true);
-    txtMoney->SetGroup(State().settings.nGroup);
     txtMoney->SetPrompt(u"限2位小数"_s);
     txtMoney->SetEndButton(u"calculator"_s, u"计算器"_s, false);
-    txtMoney->setGeometry(kFieldX, kMoneyY, kFieldEnd - kFieldX, 40);
+    rows.Row(Caption(u"金额:"_s), txtMoney);
+    rows.Gap(Skin::Space::kField);
+    rows.Row(Caption(u"分类一:"_s), MakeCombox(kKind1));
+    rows.Gap(5);
+    rows.RingRow(Caption(u"导致:"_s), options_[kKind1]);
+    rows.Gap(7);
+    chkOther = new KestroCheck(u"同时记入第二个分类"_s);
+    rows.RingRow(nullptr, chkOther);
+    return form;
+}
 
-    label(u"分类一:"_s, kKindY);
-    MakeCombox(kKind1)->setGeometry(kFieldX, kKindY, kFieldEnd - kFieldX, kRow);
-    optionLabels_[kKind1]->setGeometry(kLabelX, kKindPairY, kLabelWidth, kPair);
-    PlacePair(options_[kKind1], kFieldX, kKindPairY);
-    chkOther = new KestroCheck(u"同时记入第二个分类"_s, ground_);
-    chkOther->setGeometry(kFieldX - kRing, kOtherY, chkOther->sizeHint().width(), 24);
-    lblKind1 = label(u"分类二:"_s, kGroupY + 14);
-    MakeCombox(kKind2)->setGeometry(kFieldX, kGroupY + 14, kFieldEnd - kFieldX, kRow);
-    optionLabels_[kKind2]->setGeometry(kLabelX, kGroupY + 54, kLabelWidth, kPair);
-    PlacePair(options_[kKind2], kFieldX, kGroupY + 54);
+QLayout* frmAccountNew::BuildMoment() {
+    txtDate = MakeText(TextMode::normal, u"日期"_s);
+    txtDate->SetEndButton(u"date"_s, u"选择日期"_s, false);
+    txtDate->setFixedWidth(Skin::Px(132));
+    PngReduce = new PngButton(u"minus"_s, u"前一天"_s, nullptr, Skin::Px(kRow));
+    pngPlus = new PngButton(u"plus"_s, u"后一天"_s, nullptr, Skin::Px(kRow));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    row->addWidget(txtDate);
+    for (auto* step : {PngReduce, pngPlus}) {
+        step->SetFramed(true);
+        step->setFixedWidth(Skin::Px(28));
+        row->addWidget(step);
+    }
+    row->addStretch();
+    txtHour = MakeText(TextMode::normal, u"小时"_s);
+    txtMinute = MakeText(TextMode::normal, u"分钟"_s);
+    for (auto* number : {txtHour, txtMinute}) {
+        number->setAlignment(Qt::AlignCenter);
+        number->setFixedWidth(Skin::Px(kNumberBox));
+        if (number == txtMinute) row->addWidget(Caption(u":"_s));
+        row->addWidget(number);
+    }
+    return row;
+}
 
-    lblNote = label(u"备注:"_s, 0);
-    editNote = new KestroEditBox(ground_);
-    editNote->setAccessibleName(u"备注"_s);
-    chkMark = new KestroCheck(u"重要"_s, ground_);
-    chkMark->SetIconName(u"flag"_s);
-    btnCamera = new KestroButton(ButtonLook::toolbar, u"图片 0"_s, u"camera"_s, ground_);
-    btnCancel = new KestroButton(ButtonLook::plain, u"取消"_s, {}, ground_);
-    btnEnter = new KestroButton(ButtonLook::primary, u"确定"_s, {}, ground_);
-    pngArrow = new PngButton(u"arrowRight"_s, u"增加到账户 或 不增加到账户!"_s, this, 26);
+QWidget* frmAccountNew::BuildSecondKind() {
+    auto* group = new KindGroup;
+    auto rows = EntryForm(group, {kGroupEdge, 14, kGroupEdge, 8 + KindGroup::kGap});
+    rows.Row(Caption(u"分类二:"_s), MakeCombox(kKind2));
+    rows.Gap(5);
+    rows.RingRow(Caption(u"导致:"_s), options_[kKind2]);
+    return group;
+}
+
+QWidget* frmAccountNew::BuildAccounts() {
+    auto* side = new AccountGround(false, nullptr);
+    auto* column = new QVBoxLayout(side);
+    column->setContentsMargins(kAccountEdge - kRing, 14, kAccountEdge, 12);
+    column->setSpacing(0);
+    auto* picture = new KestroPngPic;
+    picture->SetIcon(u"account"_s);
+    picture->setFixedSize(16, 16);
+    auto* title = new QHBoxLayout;
+    title->setContentsMargins(kRing, 0, 0, 0);
+    title->setSpacing(Skin::Space::kPartner);
+    title->addWidget(picture);
+    title->addWidget(new KestroLabel(u"账户一"_s, LabelKind::title), 1);
+    column->addLayout(title);
+    column->addSpacing(10);
+    column->addWidget(BuildAccount(0));
+    column->addSpacing(13);
+    auto* divider = new QHBoxLayout;
+    divider->setContentsMargins(kRing, 0, 0, 0);
+    divider->addWidget(new DividerLine);
+    column->addLayout(divider);
+    column->addSpacing(13);
+    chkOther1 = new KestroCheck(u"账户二"_s);
+    column->addWidget(chkOther1, 0, Qt::AlignLeft);
+    column->addSpacing(8);
+    account2_ = BuildAccount(1);
+    column->addWidget(account2_);
+    column->addStretch();
+    return side;
+}
+
+QWidget* frmAccountNew::BuildAccount(size_t i) {
+    auto* block = new QWidget;
+    auto rows = AccountForm(block);
+    rows.Row(Caption(u"名称:"_s), MakeCombox(kAccount1 + i));
+    rows.Gap(Skin::Space::kPartner);
+    accValues_[i] = MakeText(TextMode::amount, SignCaption(kAccount1 + i) + u"金额"_s);
+    clones_[i] = new PngButton(u"clone"_s, u"复制记账金额"_s, nullptr, Skin::Px(kRow));
+    clones_[i]->SetFramed(true);
+    auto* value = new QHBoxLayout;
+    value->setSpacing(4);
+    value->addWidget(accValues_[i], 1);
+    value->addWidget(clones_[i]);
+    rows.Row(Caption(u"金额:"_s), value);
+    rows.Gap(5);
+    rows.RingRow(Caption(u"导致:"_s), options_[kAccount1 + i]);
+    return block;
+}
+
+// The arrow stands on the seam of both sides: it shares a column of the grid with each.
+void frmAccountNew::LayOut(QWidget* entry) {
+    sides_ = new QGridLayout(Body());
+    sides_->setContentsMargins(0, 0, 0, 0);
+    sides_->setSpacing(0);
+    sides_->addWidget(entry, 0, 0, 3, 2);
+    sides_->addWidget(accounts_, 0, 2, 3, 2);
+    sides_->setColumnStretch(0, 1);
+    sides_->setRowMinimumHeight(0, kArrowTop);
+    sides_->setRowStretch(2, 1);
+    pngArrow = new PngButton(u"arrowRight"_s, u"增加到账户 或 不增加到账户!"_s, nullptr, kArrow.width());
     pngArrow->SetFramed(true);
+    pngArrow->setFixedSize(kArrow);
+    sides_->addWidget(pngArrow, 1, 1, 1, 2);
+    pngArrow->raise();
+}
+
+void frmAccountNew::BuildFooter() {
+    chkMark = new KestroCheck(u"重要"_s);
+    chkMark->SetIconName(u"flag"_s);
+    btnCamera = new KestroButton(ButtonLook::toolbar, u"图片 0"_s, u"camera"_s);
+    btnCancel = new KestroButton(ButtonLook::plain, u"取消"_s);
+    btnEnter = new KestroButton(ButtonLook::primary, u"确定"_s);
+    btnCancel->SetLeastWidth(80);
+    btnEnter->SetLeastWidth(92);
+    auto* foot = new QHBoxLayout(Footer());
+    foot->setContentsMargins(Skin::Space::kDialog - kRing, 0, 0, 0);
+    foot->setSpacing(Skin::Space::kPartner);
+    foot->addWidget(chkMark);
+    foot->addWidget(btnCamera);
+    foot->addStretch();
+    foot->addWidget(btnCancel);
+    foot->addWidget(btnEnter);
+    foot->addSpacing(kFieldsEnd - Skin::Space::kPartner);
+    foot->addWidget(accountFoot_ = new AccountGround(true, nullptr));
     KestroCalculator1 = new KestroCalculator(this);
     KestroCalendar1 = new KestroCalendar(this);
 }
 
-void frmAccountNew::BuildAccounts() {
-    lblAccount1 = new KestroLabel(u"账户一"_s, LabelKind::title, ground_);
-    lblAccount1->setGeometry(kAccLabelX + 24, kAcc1Y, 176, 24);
-    picAccount_ = new KestroPngPic(ground_);
-    picAccount_->SetIcon(u"account"_s);
-    picAccount_->setGeometry(kAccLabelX, kAcc1Y + 4, 16, 16);
-    chkOther1 = new KestroCheck(u"账户二"_s, ground_);
-    chkOther1->setGeometry(kAccLabelX - kRing, kAcc2Y, chkOther1->sizeHint().width(), 24);
-    for (size_t i = 0; i < 2; ++i) {
-        const int top = (i == 0 ? kAcc1Y : kAcc2Y) + 32;
-        accNameLabels_[i] = new KestroLabel(u"名称:"_s, LabelKind::caption, ground_);
-        accNameLabels_[i]->setGeometry(kAccLabelX, top, 46, kRow);
-        MakeCombox(kAccount1 + i)->setGeometry(kAccFieldX, top, kAccEnd - kAccFieldX, kRow);
-        accValueLabels_[i] = new KestroLabel(u"金额:"_s, LabelKind::caption, ground_);
-        accValueLabels_[i]->setGeometry(kAccLabelX, top + 40, 46, kRow);
-        accValues_[i] = new KestroText(TextMode::amount, ground_);
-        accValues_[i]->setAccessibleName(SignCaption(kAccount1 + i) + u"金额"_s);
-        accValues_[i]->SetGroup(State().settings.nGroup);
-        accValues_[i]->setGeometry(kAccFieldX, top + 40, kAccEnd - kAccFieldX - 36, kRow);
-        clones_[i] = new PngButton(u"clone"_s, u"复制记账金额"_s, ground_, kRow);
-        clones_[i]->SetFramed(true);
-        clones_[i]->setGeometry(kAccEnd - kRow, top + 40, kRow, kRow);
-        optionLabels_[kAccount1 + i]->setGeometry(kAccLabelX, top + 80, 46, kPair);
-        PlacePair(options_[kAccount1 + i], kAccFieldX, top + 80);
-    }
-}
-
 void frmAccountNew::Arrange() {
     const bool second = chkOther->IsChecked();
-    const int noteY = kGroupY + (second ? kSecondKind : 0);
-    const int height = noteY + kNoteHeight + 16 + EntryGround::kFooter;
-    for (QWidget* control :
-         {static_cast<QWidget*>(lblKind1), static_cast<QWidget*>(combos_[kKind2]),
-          static_cast<QWidget*>(optionLabels_[kKind2]), static_cast<QWidget*>(options_[kKind2])})
-        control->setVisible(second);
-    lblNote->setGeometry(kLabelX, noteY, kLabelWidth, kRow);
-    editNote->setGeometry(kFieldX, noteY, kFieldEnd - kFieldX, kNoteHeight);
-    const int footY = height - EntryGround::kFooter + 12;
-    chkMark->setGeometry(kLabelX - kRing, footY, chkMark->sizeHint().width(), kRow);
-    btnCamera->setGeometry(chkMark->geometry().right() + 12, footY, btnCamera->sizeHint().width(), kRow);
-    btnEnter->setGeometry(kFieldEnd - 92, footY, 92, kRow);
-    btnCancel->setGeometry(kFieldEnd - 92 - 8 - 80, footY, 80, kRow);
-    ArrangeAccounts();
-    SetNamedSize(
-        {EntryGround::kEntryWidth + (bToAccount ? EntryGround::kAccountWidth : 0), height + TitleHeight()});
-    ground_->setGeometry(Body()->rect());
-    ground_->SetAreas(second ? QRect(12, kGroupY, kFieldEnd, kGroupHeight) : QRect(), bToAccount, kAccLineY);
-    const int seam = bToAccount ? EntryGround::kEntryWidth - 13 : EntryGround::kEntryWidth - 28;
-    pngArrow->setGeometry(Body()->x() + seam, Body()->y() + 198, 26, 44);
+    const int onSeam = kArrow.width() / 2;
+    kind2_->setVisible(second);
+    accounts_->setVisible(bToAccount);
+    accountFoot_->setVisible(bToAccount);
+    account2_->setVisible(chkOther1->IsChecked());
+    sides_->setColumnMinimumWidth(1, bToAccount ? onSeam : kArrow.width());
+    sides_->setColumnMinimumWidth(2, bToAccount ? onSeam : 0);
+    for (auto* part : {accounts_, accountFoot_})
+        part->setFixedWidth(
+            std::max(kAccountArea.width() - 2, accounts_->layout()->totalMinimumSize().width()));
     pngArrow->SetIcon(bToAccount ? u"arrowLeft"_s : u"arrowRight"_s);
-    pngArrow->raise();
-}
-
-void frmAccountNew::ArrangeAccounts() {
-    const bool account2 = bToAccount && chkOther1->IsChecked();
-    lblAccount1->setVisible(bToAccount);
-    picAccount_->setVisible(bToAccount);
-    chkOther1->setVisible(bToAccount);
-    for (size_t i = 0; i < 2; ++i) {
-        const bool shown = i == 0 ? bToAccount : account2;
-        for (QWidget* control :
-             {static_cast<QWidget*>(accNameLabels_[i]), static_cast<QWidget*>(combos_[kAccount1 + i]),
-              static_cast<QWidget*>(accValueLabels_[i]), static_cast<QWidget*>(accValues_[i]),
-              static_cast<QWidget*>(clones_[i]), static_cast<QWidget*>(optionLabels_[kAccount1 + i]),
-              static_cast<QWidget*>(options_[kAccount1 + i])})
-            control->setVisible(shown);
-    }
+    SetNamedSize(kLeast + (second ? kSecondKind : QSize(0, 0)) + (bToAccount ? kAccountArea : QSize(0, 0)));
+    SetFooterLine(bToAccount ? accounts_->width() : 0);
 }
 
 void frmAccountNew::NameControls() {

@@ -4,24 +4,27 @@
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/png_button.h"
+#include "shell/skin.h"
 #include "store/errors.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kChooseDelayMs = 100;
 constexpr QSize kSize{420, 440};
-constexpr int kMargin = 12;
-constexpr int kRow = 32;
-constexpr int kLowerRow = 44;
+constexpr QSize kLowerRow{0, 44};
+constexpr int kButtonWidth = 80;
 }  // namespace
 
 frmAccountTemplate::frmAccountTemplate(QWidget* parent)
     : KestroDialog(DialogKind::common, u"记账模板"_s, parent), record_(State().gDlg[kDlgTemplate]) {
     record_.Flag1 = 0;
     Build();
+    LayOut();
     LoadTemplates();
     Arrange();
     Timer1.setSingleShot(true);
@@ -32,6 +35,7 @@ frmAccountTemplate::frmAccountTemplate(QWidget* parent)
 void frmAccountTemplate::Build() {
     KestroList1 = new KestroList(Body());
     KestroList1->setObjectName(u"KestroList1"_s);
+    KestroList1->setAccessibleName(u"记账模板"_s);
     KestroList1->SetCheckColumn(true);
     KestroList1->DefineColumn({u"no"_s, u"NO"_s, 46, 30, u"number"_s, ListColor::dim, false, {}});
     KestroList1->DefineColumn({u"thing"_s, u"事情"_s, 200, 100, u"string"_s, ListColor::none, true, {}});
@@ -54,17 +58,28 @@ void frmAccountTemplate::Build() {
     pngArrow->setObjectName(u"pngArrow"_s);
 }
 
+void frmAccountTemplate::LayOut() {
+    const int margin = Skin::Space::kPage;
+    auto* column = new QVBoxLayout(Body());
+    column->setContentsMargins(margin, 0, margin, margin);
+    column->setSpacing(margin);
+    column->addWidget(KestroList1, 1);
+    column->addWidget(btnDel, 0, Qt::AlignLeft);
+    auto* foot = new QHBoxLayout(Footer());
+    foot->setContentsMargins(margin, 0, margin, 0);
+    foot->setSpacing(Skin::Space::kPartner);
+    foot->addWidget(pngArrow);
+    foot->addStretch();
+    for (auto* button : {btnCancel, btnEnter}) {
+        button->SetLeastWidth(kButtonWidth);
+        foot->addWidget(button);
+    }
+}
+
 void frmAccountTemplate::Arrange() {
-    SetNamedSize(kSize + QSize(0, rowOpen_ ? kLowerRow : 0));
-    const int listHeight = kSize.height() - TitleHeight() - FooterHeight() - kMargin;
-    KestroList1->setGeometry(kMargin, 0, kSize.width() - 2 * kMargin, listHeight);
     btnDel->setVisible(rowOpen_);
-    btnDel->setGeometry(kMargin, listHeight + kMargin, btnDel->sizeHint().width(), kRow);
     pngArrow->SetIcon(rowOpen_ ? u"arrowUp"_s : u"arrowDown"_s);
-    const int y = (FooterHeight() - kRow) / 2;
-    pngArrow->setGeometry(kMargin, y + 2, 28, 28);
-    btnEnter->setGeometry(kSize.width() - kMargin - 80, y, 80, kRow);
-    btnCancel->setGeometry(kSize.width() - kMargin - 168, y, 80, kRow);
+    SetNamedSize(rowOpen_ ? kSize + kLowerRow : kSize);
 }
 
 void frmAccountTemplate::LoadTemplates() {

@@ -18,6 +18,7 @@ class frmAccountTemplate : public KestroDialog {
 
  private:
     void Build();
+    void LayOut();
     void Arrange();
     void LoadTemplates();
     void Take();

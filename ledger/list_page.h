@@ -47,6 +47,7 @@ class ListPage : public StripPage {
     void pRESETGROUP() override;
     void SetPeriod(const Period& period) override;
     void SetDisplayMode(int mode) override;
+    std::vector<KestroList*> Lists() const override { return {KestroList1}; }
 
  protected:
     // What a page answers for its list.

@@ -134,10 +134,10 @@ void ListPage::BuildLists(const ListPageWords& words) {
 
 void ListPage::LayOut() {
     Room()->addWidget(toolbar_);
-    auto* filters = RowOf(filters_, Skin::kPartnerGap);
+    auto* filters = RowOf(filters_, Skin::Space::kPartner);
     filters->addWidget(comKind, 1);
     filters->addWidget(period_);
-    filters->addSpacing(Skin::kPageMargin);
+    filters->addSpacing(Skin::Space::kPage);
     filters->addWidget(chkFlag);
     filters->addStretch();
     filters->addWidget(comPage, 1);
@@ -148,14 +148,14 @@ void ListPage::LayOut() {
     lists->addWidget(KestroList1, 1);
     auto* sums = new QWidget(listRoom_);
     sums->setFixedHeight(Skin::Px(kSumsHeight));
-    auto* row = RowOf(sums, 2 * Skin::kPageMargin);
+    auto* row = RowOf(sums, 2 * Skin::Space::kPage);
     row->addWidget(lblCount);
     row->addWidget(lblValue);
     row->addStretch();
     row->addWidget(KestroPGress1);
     lists->addWidget(sums);
     auto* center = new QHBoxLayout;
-    center->setSpacing(Skin::kPageMargin);
+    center->setSpacing(Skin::Space::kPage);
     center->addWidget(listRoom_, 1);
     Room()->addLayout(center, 1);
     Room()->addWidget(panel_);
@@ -224,7 +224,7 @@ void ListPage::SetDisplayMode(int mode) {
 void ListPage::Arrange() {
     const int width = Room()->contentsRect().width();
     const bool side =
-        displayMode_ == 0 && width - DetailPanel::kWidth - Skin::kPageMargin >= Skin::Px(kListBesideDetail);
+        displayMode_ == 0 && width - DetailPanel::kWidth - Skin::Space::kPage >= Skin::Px(kListBesideDetail);
     const bool below = !side && displayMode_ != 2 &&
                        height() - Skin::Px(kListY + kSumsHeight + kListLeast) - panel_->HeightBelow() >= 0;
     panel_->setVisible(!other_ && (side || below));

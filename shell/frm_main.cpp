@@ -25,8 +25,6 @@ namespace {
 
 constexpr int kTickMs = 5000;
 constexpr int kCheckEvery = 120;
-constexpr int kSmallestWidth = 10000 / 15;
-constexpr int kSmallestHeight = 8000 / 15;
 
 const QStringList& TabCaptions() {
     static const QStringList captions{u"记  账"_s, u"账  户"_s, u"网  账"_s,
@@ -77,9 +75,8 @@ void frmMain::BuildHeader() {
         AddTab(TabCaptions()[tab]);
         SetTabEnabled(tab, HasPageFactory(tab));
     }
-    SetSmallest({kSmallestWidth, kSmallestHeight});
-    SetNamedSize({1100, 700});
     SetDisplayMode(1);
+    TakeUpPlace();
     onTab = [this](int tab) {
         KestroToolTip::Hide();
         SetFormTab(tab);
@@ -120,10 +117,8 @@ void frmMain::FillHost() {
     Host().show = [this](int tab) { SetFormTab(tab); };
     Host().dropOtherPages = [this] {
         if (tab_ != kTabAccount) SetFormTab(kTabAccount);
-        for (size_t tab = 1; tab < pages_.size(); ++tab) {
-            delete pages_[tab];
-            pages_[tab] = nullptr;
-        }
+        for (int tab = kTabSubAcc; tab < kTabs; ++tab)
+            DropPage(tab);
     };
     Host().refresh = [this] { RefreshBook(); };
     Host().updateLogo = [this] { SetLogoNumber(); };
@@ -146,6 +141,7 @@ Page* frmMain::LoadPage(int index) {
     if (!page) {
         page = MakePage(index, Body());
         page->SetDisplayMode(DisplayMode());
+        TakeUpColumns(index);
     }
     return page;
 }
@@ -259,14 +255,21 @@ bool frmMain::FinishApp() {
     return true;
 }
 
+void frmMain::DropPage(int tab) {
+    auto& page = pages_.at(static_cast<size_t>(tab));
+    if (!page) return;
+    KeepColumns(tab);
+    delete page;
+    page = nullptr;
+}
+
 void frmMain::Unload() {
     RunEvent([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
     Timer1.stop();
     TrackRemove(MyTrak);
-    for (auto& page : pages_) {
-        delete page;
-        page = nullptr;
-    }
+    KeepPlace();
+    for (int tab = 0; tab < kTabs; ++tab)
+        DropPage(tab);
     hide();
     if (Commands().closeAll) Commands().closeAll();
     if (Commands().tellAgent) {

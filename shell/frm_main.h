@@ -61,6 +61,13 @@ class frmMain : public KestroForm {
     void ClearSearch();
     void HeaderButton(const QString& name);
     void StatusClicked(int panel);
+    /// Size, place and display mode of the last run, where they fit the screen; held to it otherwise.
+    void TakeUpPlace();
+    void KeepPlace();
+    void TakeUpColumns(int tab);
+    void KeepColumns(int tab);
+    /// Unloads the page of a tab.
+    void DropPage(int tab);
     bool MayLeave(const QString& refusal);
     void Unload();
     void BringToFront();

@@ -44,7 +44,8 @@ void frmMain::BuildStatusBar() {
 }
 
 void frmMain::StatusClicked(int panel) {
-    if (panel == kSearchPanel || panel == kWebPanel) OpenAddress(kHomePage);
+    const bool onBox = txtSearch->geometry().contains(barTip->mapFromGlobal(QCursor::pos()));
+    if (panel == kWebPanel || (panel == kSearchPanel && !onBox)) OpenAddress(kHomePage);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
 }
 

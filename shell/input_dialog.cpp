@@ -9,19 +9,21 @@
 #include "store/money.h"
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kWidth = 392;
-constexpr int kMargin = 20;
-constexpr int kGap = 12;
 constexpr int kLabel = 72;
 constexpr int kButtonWidth = 80;
+constexpr int kRing = 3;  // the check box keeps room for its focus ring
 
-QLabel* NewLabel(const QString& text, Type type, Tok ink, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
+QLabel* NewLabel(const QString& text, Type type, Tok ink) {
+    auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setFont(Skin::Font(type));
@@ -49,81 +51,91 @@ frmInput::frmInput(DialogRecord& record, QWidget* parent)
 frmInput::~frmInput() = default;
 
 void frmInput::Build() {
-    int y = BuildNote(8);
-    if (record_.mode >= 1) y = BuildMoney(y);
-    if (hasMemo_) y = BuildMemo(y);
+    auto* column = new QVBoxLayout(Body());
+    column->setContentsMargins(Skin::Space::kBox, 8, Skin::Space::kBox, Skin::Space::kField + 4);
+    column->setSpacing(Skin::Space::kField);
+    column->addLayout(BuildNote());
+    if (record_.mode >= 1 || hasMemo_) column->addLayout(BuildRows());
+    column->addStretch();
     BuildFooter();
-    SetNamedSize({kWidth, TitleHeight() + y + 4 + FooterHeight()});
+    SetNamedSize({kWidth, 0});
     txtNote_->setFocus();
     txtNote_->selectAll();
 }
 
 // Prompt over its box.
-int frmInput::BuildNote(int y) {
-    const int room = kWidth - 2 * kMargin;
-    QLabel* prompt = NewLabel(record_.prompt, Type::small, Tok::text2, Body());
+QLayout* frmInput::BuildNote() {
+    auto* prompt = NewLabel(record_.prompt, Type::small, Tok::text2);
     prompt->setObjectName(u"lblTip"_s);
-    prompt->setGeometry(kMargin, y, room, prompt->heightForWidth(room));
-    y += prompt->height() + 6;
-    txtNote_ = new KestroText(record_.mode >= 1 ? TextMode::normal : TextMode::masked, Body());
+    txtNote_ = new KestroText(record_.mode >= 1 ? TextMode::normal : TextMode::masked);
     txtNote_->setObjectName(u"txtNote"_s);
     txtNote_->setAccessibleName(record_.prompt);
     txtNote_->setText(record_.startText);
-    txtNote_->setGeometry(kMargin, y, room, txtNote_->sizeHint().height());
-    return y + txtNote_->height() + kGap;
+    auto* note = new QVBoxLayout;
+    note->setSpacing(6);
+    note->addWidget(prompt);
+    note->addWidget(txtNote_);
+    return note;
 }
 
-int frmInput::BuildMoney(int y) {
-    const QString caption = record_.label2.isEmpty() ? u"期初余额:"_s : record_.label2;
-    txtMoney_ = new KestroText(TextMode::amount, Body());
-    txtMoney_->setObjectName(u"txtMoney"_s);
-    txtMoney_->SetGroup(State().settings.nGroup);
-    txtMoney_->setText(MoneyText(record_.money / 100.0));
-    y = AddRow(y, caption, txtMoney_, txtMoney_->sizeHint().height());
-    const QString hint = record_.label3.isEmpty() ? u"若非最末级不可输非0数字"_s : record_.label3;
-    QLabel* label = NewLabel(hint, Type::small, Tok::text3, Body());
-    const int room = kWidth - 2 * kMargin - kLabel;
-    label->setGeometry(kMargin + kLabel, y - kGap + 4, room, label->heightForWidth(room));
-    return label->geometry().bottom() + 1 + kGap - 4;
+QLayout* frmInput::BuildRows() {
+    auto* rows = new QGridLayout;
+    rows->setHorizontalSpacing(Skin::Space::kPartner);
+    rows->setVerticalSpacing(0);
+    rows->setColumnMinimumWidth(0, kLabel - Skin::Space::kPartner);
+    rows->setColumnStretch(1, 1);
+    if (record_.mode >= 1) {
+        txtMoney_ = new KestroText(TextMode::amount);
+        txtMoney_->setObjectName(u"txtMoney"_s);
+        txtMoney_->SetGroup(State().settings.nGroup);
+        txtMoney_->setText(MoneyText(record_.money / 100.0));
+        AddRow(rows, record_.label2.isEmpty() ? u"期初余额:"_s : record_.label2, txtMoney_);
+        const QString hint = record_.label3.isEmpty() ? u"若非最末级不可输非0数字"_s : record_.label3;
+        rows->setRowMinimumHeight(rows->rowCount(), 4);
+        rows->addWidget(NewLabel(hint, Type::small, Tok::text3), rows->rowCount(), 1);
+    }
+    if (hasMemo_) {
+        if (txtMoney_) rows->setRowMinimumHeight(rows->rowCount(), Skin::Space::kPartner);
+        editNote_ = new KestroEditBox;
+        editNote_->setObjectName(u"editNote"_s);
+        editNote_->SetText(record_.memo);
+        editNote_->setFixedHeight(Skin::Px(56));
+        AddRow(rows, u"备注:"_s, editNote_);
+    }
+    return rows;
 }
 
-int frmInput::BuildMemo(int y) {
-    editNote_ = new KestroEditBox(Body());
-    editNote_->setObjectName(u"editNote"_s);
-    editNote_->SetText(record_.memo);
-    return AddRow(y, u"备注:"_s, editNote_, Skin::Px(56));
-}
-
-int frmInput::AddRow(int y, const QString& caption, QWidget* box, int height) {
-    QLabel* label = NewLabel(caption, Type::body, Tok::text2, Body());
+void frmInput::AddRow(QGridLayout* rows, const QString& caption, QWidget* box) {
+    const int row = rows->rowCount();
+    auto* label = NewLabel(caption, Type::body, Tok::text2);
     label->setWordWrap(false);
-    label->setGeometry(kMargin, y, kLabel - 4, Skin::Px(32));
-    box->setGeometry(kMargin + kLabel, y, kWidth - 2 * kMargin - kLabel, height);
+    label->setMinimumHeight(Skin::Px(32));
     box->setAccessibleName(caption.chopped(1));
-    return y + height + kGap;
+    rows->addWidget(label, row, 0, Qt::AlignTop);
+    rows->addWidget(box, row, 1);
 }
 
 void frmInput::BuildFooter() {
-    const int middle = (FooterHeight() - 2) / 2;
+    auto* foot = new QHBoxLayout(Footer());
+    foot->setContentsMargins(Skin::Space::kBox - kRing, 0, Skin::Space::kBox, 2);
+    foot->setSpacing(Skin::Space::kPartner);
     if (record_.mode >= 1) {
-        chkOther_ = new KestroCheck(u"隐藏"_s, Footer());
+        chkOther_ = new KestroCheck(u"隐藏"_s);
         chkOther_->setObjectName(u"chkOther"_s);
         chkOther_->SetChecked(record_.other != 0);
         chkOther_->setEnabled(record_.otherDisabled == 0);
         if (record_.prompt.contains(u"分类"_s)) chkOther_->setToolTip(KindTip());
-        chkOther_->adjustSize();
-        chkOther_->move(kMargin, middle - chkOther_->height() / 2);
+        foot->addWidget(chkOther_);
     }
-    int x = kWidth - kMargin - 2 * kButtonWidth - 8;
+    foot->addStretch();
     for (const bool main : {false, true}) {
         const ButtonLook look = main ? ButtonLook::primary : ButtonLook::plain;
-        auto* button = new KestroButton(look, main ? u"确定"_s : u"取消"_s, {}, Footer());
+        auto* button = new KestroButton(look, main ? u"确定"_s : u"取消"_s);
         button->setObjectName(main ? u"btnEnter"_s : u"btnCancel"_s);
+        button->SetLeastWidth(kButtonWidth);
         button->onClick = [this, main] { main ? Accept() : reject(); };
-        const int high = button->sizeHint().height();
-        button->setGeometry(x, middle - high / 2, kButtonWidth, high);
         if (main) SetDefaultButton(button);
-        x += kButtonWidth + 8;
+        foot->addWidget(button);
     }
 }
 

@@ -9,6 +9,8 @@
 class KestroCheck;
 class KestroEditBox;
 class KestroText;
+class QGridLayout;
+class QLayout;
 
 /// Reads and answers the fields of one record (InputDialog). Cancel and Escape leave all but `done` alone.
 /// With a mode of 1 or more it is the form of a kind: label2 is the caption of the amount and label3 the hint
@@ -21,10 +23,9 @@ class frmInput : public KestroDialog {
 
  private:
     void Build();
-    int BuildNote(int y);
-    int BuildMoney(int y);
-    int BuildMemo(int y);
-    int AddRow(int y, const QString& caption, QWidget* box, int height);
+    QLayout* BuildNote();
+    QLayout* BuildRows();
+    void AddRow(QGridLayout* rows, const QString& caption, QWidget* box);
     void BuildFooter();
     void Accept();
 

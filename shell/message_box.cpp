@@ -2,6 +2,7 @@
 
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_dialog.h"
+#include "shell/controls/kestro_scrollbar.h"
 #include "shell/message_text.h"
 #include "shell/skin.h"
 #include "store/errors.h"
@@ -11,11 +12,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
-#include <QScreen>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
@@ -28,14 +30,12 @@ constexpr int kLeast = 100;
 constexpr int kButtonRow = 40;
 constexpr int kButtonHeight = 28;
 constexpr int kButtonWidth = 80;
-constexpr int kButtonGap = 8;
 constexpr int kTextLeft = 82;
 constexpr int kTextRight = 16;
 constexpr int kTextMargin = 6;
 constexpr int kIconSide = 44;
-constexpr int kIconLeft = 22;
 constexpr int kFrame = 58;
-constexpr int kFrameLeft = 12;
+constexpr int kIconLeft = 22, kFrameLeft = 12;
 
 struct Place {
     const char16_t* name;
@@ -93,7 +93,7 @@ class frmMsgBox : public KestroDialog {
         setAccessibleDescription(request.text);
         MakeButtons(request.buttons.isEmpty() ? u"确定"_s : request.buttons);
         MakePicture(request);
-        MakeText(request.text, std::max(request.width, kLeast), std::max(request.height, kLeast));
+        LayOut(request.text, {std::max(request.width, kLeast), std::max(request.height, kLeast)});
         onEscape = onClose = [this] { done(0); };
     }
 
@@ -128,46 +128,49 @@ class frmMsgBox : public KestroDialog {
     }
 
     // The box grows with its text up to the work area; beyond that the text scrolls.
-    void MakeText(const QString& text, int width, int height) {
-        int buttons = 2 * 12 - kButtonGap;
-        for (const KestroButton* button : buttons_)
-            buttons += ButtonWidth(*button) + kButtonGap;
-        width = std::max(width, buttons);
+    void LayOut(const QString& text, QSize told) {
         auto* words = new MessageText(text);
-        const int room = std::max(width - 2 - kTextLeft - kTextRight, 1);
-        const int wanted = words->Wrap(room);
-        const int around = TitleHeight() + kButtonRow + 2 * kTextMargin + 1;
-        const int most = screen()->availableGeometry().height() - 2 * Skin::ShadowMargin();
-        height = std::min(std::max(height, wanted + around), most);
-        auto* scroll = new QScrollArea(Body());
+        auto* scroll = new QScrollArea;
+        UseKestroScrollbars(scroll);
         scroll->setFrameShape(QFrame::NoFrame);
         scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        scroll->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         scroll->viewport()->setAutoFillBackground(false);
+        scroll->setMinimumSize(1, 1);
+        const int left = (picture_->width() == kFrame ? kFrameLeft : kIconLeft) - 1;
+        auto* upper = new QHBoxLayout;
+        upper->setContentsMargins(left, kTextMargin, 0, kTextMargin);
+        upper->setSpacing(0);
+        upper->addWidget(picture_, 0, Qt::AlignVCenter);
+        upper->addSpacing(kTextLeft - 1 - left - picture_->width());
+        upper->addWidget(scroll, 1);
+        auto* column = new QVBoxLayout(Body());
+        column->setContentsMargins(0, 0, 0, 0);
+        column->setSpacing(0);
+        column->addLayout(upper, 1);
+        auto* buttons = ButtonRow();
+        column->addLayout(buttons);
+        const int width = std::max(told.width(), column->totalMinimumSize().width() + 2);
+        const int wanted = words->Wrap(std::max(width - 2 - kTextLeft - kTextRight, 1));
+        const int around = TitleHeight() + 1 + 2 * kTextMargin + buttons->sizeHint().height();
         scroll->setWidget(words);
         words->setAutoFillBackground(false);
-        scroll->setFocusPolicy(wanted + around > most ? Qt::TabFocus : Qt::NoFocus);
-        SetNamedSize({width, height});
-        const int free = height - TitleHeight() - kButtonRow;
-        const int shown = std::min(wanted, free - 2 * kTextMargin);
-        scroll->setGeometry(kTextLeft - 1, (free - shown) / 2, width - kTextLeft - 1, shown);
-        const int left = picture_->width() == kFrame ? kFrameLeft : kIconLeft;
-        picture_->move(left - 1, (free - picture_->height()) / 2);
-        PlaceButtons(width, height);
+        scroll->updateGeometry();
+        SetNamedSize({width, std::max(told.height(), wanted + around)});
+        column->activate();
+        scroll->setFocusPolicy(words->height() > scroll->viewport()->height() ? Qt::TabFocus : Qt::NoFocus);
     }
 
-    static int ButtonWidth(const KestroButton& button) {
-        return std::max(kButtonWidth, button.sizeHint().width());
-    }
-
-    void PlaceButtons(int width, int height) {
-        int x = width - 1 - 12;
-        for (auto button = buttons_.rbegin(); button != buttons_.rend(); ++button) {
-            const int wide = ButtonWidth(**button);
-            x -= wide;
-            (*button)->setGeometry(x, height - TitleHeight() - 10 - kButtonHeight, wide,
-                                   (*button)->sizeHint().height());
-            x -= kButtonGap;
+    QLayout* ButtonRow() {
+        auto* row = new QHBoxLayout;
+        row->setContentsMargins(12, kButtonRow - 10 - kButtonHeight, 11, 9);
+        row->setSpacing(Skin::Space::kPartner);
+        row->addStretch();
+        for (auto* button : buttons_) {
+            button->SetLeastWidth(kButtonWidth);
+            row->addWidget(button);
         }
+        return row;
     }
 
     std::vector<KestroButton*> buttons_;  // from left to right

@@ -10,6 +10,9 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
+
+class KestroList;
 
 /// Page codes of gPage.
 enum PageCode {
@@ -42,6 +45,8 @@ class Page : public QWidget {
     virtual void SetPeriod(const Period& /*period*/) {}
     /// 0 detail at the right, 1 detail below, 2 list alone.
     virtual void SetDisplayMode(int /*mode*/) {}
+    /// The lists whose columns the user may press and pull.
+    virtual std::vector<KestroList*> Lists() const { return {}; }
     /// Marks a book of gBooks in the page's strip.
     virtual void SelectBook(int /*index*/) {}
     /// Shows a sub-page by its key.

@@ -148,6 +148,11 @@ double Scale() {
     return scale;
 }
 
+void SetSystemFont(double points) {
+    Current().scale = std::max(1.0, points / kUsualPoints);
+    if (qApp != nullptr) QApplication::setFont(Font(Type::body));
+}
+
 int Px(int length) {
     return static_cast<int>(std::lround(length * Scale()));
 }

@@ -70,12 +70,14 @@ enum class Type { amount, loginName, title, titleRegular, body, bodyBold, small,
 enum class Ground { plain, header, headerChosen, primary, selected, disabled };
 
 namespace Skin {
-/// Distances that layouts keep, in pixels.
-constexpr int kPageMargin = 12;
-constexpr int kDialogMargin = 24;
-constexpr int kBoxMargin = 20;  ///< small dialogs
-constexpr int kFieldGap = 12;   ///< between fields
-constexpr int kPartnerGap = 8;  ///< between a field and its partner, between buttons
+/// Distances between what stands in a window, in pixels.
+namespace Space {
+inline constexpr int kPage = 12;    ///< margin of pages and of windows with a list
+inline constexpr int kDialog = 24;  ///< margin of dialogs
+inline constexpr int kBox = 20;     ///< margin of small boxes
+inline constexpr int kField = 12;   ///< between fields
+inline constexpr int kPartner = 8;  ///< between a field and its partner
+}  // namespace Space
 
 /// Reads the skin of the program folder; dark chooses the second set; without it the
 /// skin's own choice stands ("set" of its [look] section). Gives the application its
@@ -87,6 +89,8 @@ QFont Font(Type type);
 /// Height of a line of the type, and the factor by which a large system font scales text and rows.
 int LineHeight(Type type);
 double Scale();
+/// Another size of the system's font than the desktop's: points of it, 10 being the usual one.
+void SetSystemFont(double points);
 /// A length that goes with the text, such as the height of a row or a button, times Scale().
 int Px(int length);
 /// SVG of the icon set by name ("edit", "tree/open"), rendered at size for the device ratio, cached.

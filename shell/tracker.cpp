@@ -6,7 +6,6 @@
 #include <QEvent>
 #include <QHash>
 #include <QMimeData>
-#include <QTimer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWidget>
@@ -26,6 +25,11 @@ QStringList LocalFiles(const QMimeData& data) {
 }
 
 }  // namespace
+
+clsTrackInfo::clsTrackInfo() {
+    rest_.setSingleShot(true);
+    rest_.callOnTimeout([this] { RaiseMouseHover(); });
+}
 
 clsTrackInfo::~clsTrackInfo() {
     Trackers().remove(hwnd);
@@ -92,9 +96,10 @@ bool clsTrackInfo::eventFilter(QObject* watched, QEvent* event) {
             return false;
         case QEvent::HoverEnter:
         case QEvent::HoverMove:
-            RaiseMouseHover();
+            rest_.start(hoverTime);
             return false;
         case QEvent::Leave:
+            rest_.stop();
             RaiseMouseLeave();
             return false;
         default:
@@ -113,6 +118,7 @@ void TrackAdd(clsTrackInfo& tracker) {
 
 void TrackRemove(clsTrackInfo& tracker) {
     if (Trackers().remove(tracker.hwnd) == 0) return;
+    tracker.rest_.stop();
     tracker.hwnd->removeEventFilter(&tracker);
     tracker.hwnd->setAttribute(Qt::WA_Hover, false);
 }

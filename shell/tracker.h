@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
 #include <functional>
 
@@ -13,9 +14,13 @@ class QWidget;
 
 class clsTrackInfo : public QObject {
  public:
+    static constexpr int kHoverTime = 400;
+
+    clsTrackInfo();
     ~clsTrackInfo() override;
 
     QWidget* hwnd = nullptr;
+    int hoverTime = kHoverTime;  ///< milliseconds that the pointer rests before it counts as a hover
 
     std::function<void(const QString& text, int code, int extra)> ReceMsg;
     std::function<void()> MouseHover;
@@ -35,8 +40,10 @@ class clsTrackInfo : public QObject {
 
  private:
     friend void TrackAdd(clsTrackInfo& tracker);
+    friend void TrackRemove(clsTrackInfo& tracker);
     void RaiseDrop(const QStringList& files);
 
+    QTimer rest_;
     bool over_ = false;
     bool first_ = true;
 };

@@ -1,9 +1,11 @@
 #include "shell/controls/form_parts.h"
 
+#include "shell/controls/accessible.h"
 #include "shell/controls/control_support.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -25,6 +27,30 @@ QColor White(double alpha) {
 
 QColor HoverFill() {
     return White(Skin::IsDark() ? 0.04 : 0.07);
+}
+class TabInterface : public QAccessibleWidget {
+ public:
+    explicit TabInterface(HeaderTab* tab) : QAccessibleWidget(tab, QAccessible::PageTab), tab_(tab) {}
+
+    QAccessible::State state() const override {
+        auto state = QAccessibleWidget::state();
+        state.selectable = true;
+        state.selected = tab_->IsChosen();
+        return state;
+    }
+    QStringList actionNames() const override {
+        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        name == pressAction() ? tab_->click() : QAccessibleWidget::doAction(name);
+    }
+
+ private:
+    HeaderTab* tab_;
+};
+
+QAccessibleInterface* MakeTabInterface(QObject* tab) {
+    return new TabInterface(dynamic_cast<HeaderTab*>(tab));
 }
 }  // namespace
 
@@ -79,6 +105,7 @@ void HeaderPart::keyPressEvent(QKeyEvent* event) {
 HeaderTab::HeaderTab(QWidget* parent, const QString& caption) : HeaderPart(parent, {}) {
     setText(caption);
     setAccessibleName(caption.simplified().remove(u' '));
+    UseOwnInterface(this, MakeTabInterface);
 }
 
 void HeaderTab::paintEvent(QPaintEvent*) {

@@ -51,6 +51,11 @@ void KestroButton::SetHeight(int height) {
     Changed();
 }
 
+void KestroButton::SetLeastWidth(int width) {
+    leastWidth_ = width;
+    Changed();
+}
+
 void KestroButton::SetCompact(bool compact) {
     compact_ = compact;
     if (compact && toolTip().isEmpty()) setToolTip(text());
@@ -79,7 +84,7 @@ QSize KestroButton::sizeHint() const {
     const int padding = InToolbar() ? 8 : 16;
     const int icon = icon_.isEmpty() ? 0 : kIcon;
     const int gap = icon > 0 && CaptionWidth() > 0 ? kGap : 0;
-    return {2 * padding + icon + gap + CaptionWidth() + ArrowWidth(), height};
+    return {qMax(leastWidth_, 2 * padding + icon + gap + CaptionWidth() + ArrowWidth()), height};
 }
 
 int KestroButton::CaptionWidth() const {

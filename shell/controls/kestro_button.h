@@ -32,6 +32,8 @@ class KestroButton : public QAbstractButton {
     void SetArrow(bool shown);
     /// 32 unless told otherwise.
     void SetHeight(int height);
+    /// Never narrower than this, however short the caption.
+    void SetLeastWidth(int width);
     /// Only the icon, the caption goes into the tip.
     void SetCompact(bool compact);
     bool IsCompact() const { return compact_; }
@@ -74,6 +76,7 @@ class KestroButton : public QAbstractButton {
     QString icon_;
     QDate date_;
     int height_ = 32;
+    int leastWidth_ = 0;
     bool arrow_ = false;
     bool compact_ = false;
     bool byKey_ = false;

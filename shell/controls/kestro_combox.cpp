@@ -1,15 +1,22 @@
 #include "shell/controls/kestro_combox.h"
 
+#include "shell/controls/accessible.h"
 #include "shell/controls/combox_list.h"
+#include "shell/controls/kestro_combox_accessible.h"
+#include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <numeric>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kZone = 24;
@@ -20,11 +27,12 @@ KestroCombox::KestroCombox(ComboxMode mode, QWidget* parent)
     SetRightZone(kZone);
     setReadOnly(mode == ComboxMode::chooseOnly);
     list_->onPick = [this](int index) { Choose(index); };
-    list_->onClosed = [this] { update(); };
+    list_->onClosed = [this] { ListTurned(); };
     onEndButton = [this] {
         CloseList();
         if (onBrowse) onBrowse();
     };
+    UseOwnInterface(this, MakeChooserInterface);
 }
 
 KestroCombox::~KestroCombox() {
@@ -70,7 +78,8 @@ int KestroCombox::IndexOf(const QString& text) const {
     return -1;
 }
 
-void KestroCombox::SetText(const QString& text) {
+void KestroCombox::SetText(const QString& text, const QString& key) {
+    kept_ = {text, key, {}};
     current_ = IndexOf(text);
     typed_ = false;
     setText(text);
@@ -85,11 +94,19 @@ void KestroCombox::OpenList() {
     std::vector<int> all(items_.size());
     std::iota(all.begin(), all.end(), 0);
     list_->Open(this, std::move(all), current_);
-    update();
+    ListTurned();
 }
 
 void KestroCombox::CloseList() {
     list_->hide();
+}
+
+void KestroCombox::ListTurned() {
+    update();
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 bool KestroCombox::IsListOpen() const {
@@ -115,23 +132,45 @@ void KestroCombox::Filter(const QString& typed) {
     std::vector<int> shown;
     for (int i = 0; i < Count(); ++i)
         if (Item(i).text.contains(typed, Qt::CaseInsensitive)) shown.push_back(i);
+    const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
+    std::stable_partition(shown.begin(), shown.end(), begins);
     // Enter takes what the typed text most likely means.
     int likely = IndexOf(typed);
-    const auto begins = [&](int i) { return Item(i).text.startsWith(typed, Qt::CaseInsensitive); };
     if (mode_ == ComboxMode::pick && likely < 0 && !typed.isEmpty() && !shown.empty()) {
-        const auto first = std::find_if(shown.begin(), shown.end(), begins);
-        likely = first == shown.end() ? shown.front() : *first;
+        likely = shown.front();
     }
     list_->Open(this, std::move(shown), likely);
+}
+
+// The item that a typed text names: wholly, by its code or its name, or as the only one that holds it.
+int KestroCombox::Meant(const QString& typed) const {
+    if (typed.isEmpty() || typed == kept_.text.trimmed()) return IndexOf(typed);
+    int only = -1, holding = 0;
+    for (int i = 0; i < Count(); ++i) {
+        const QString& key = Item(i).key;
+        const QString name = Item(i).text.startsWith(key) ? Item(i).text.mid(key.size()) : Item(i).text;
+        if (typed == Item(i).text || typed == key || typed == name.trimmed()) return i;
+        if (!Item(i).text.contains(typed, Qt::CaseInsensitive)) continue;
+        only = i;
+        ++holding;
+    }
+    return holding == 1 ? only : -1;
 }
 
 // What a typed text comes to when the user leaves the box.
 void KestroCombox::Settle() {
     if (!typed_) return;
     typed_ = false;
-    const int index = IndexOf(text().trimmed());
+    const QString typed = text().trimmed();
+    const int index = mode_ == ComboxMode::pick ? Meant(typed) : IndexOf(typed);
     if (index >= 0) return Choose(index);
     if (mode_ != ComboxMode::pick) return;
+    if (!typed.isEmpty() && typed == kept_.text.trimmed()) {
+        const ComboxItem kept = kept_;
+        SetText(kept.text, kept.key);
+        if (onChoose && !kept.key.isEmpty()) onChoose(kept.text, kept.key);
+        return;
+    }
     clear();
     if (onChoose) onChoose({}, {});
 }
@@ -164,7 +203,7 @@ void KestroCombox::keyPressEvent(QKeyEvent* event) {
         OpenList();
     else if ((key == Qt::Key_Down || key == Qt::Key_Up) && (alt || !closedChoice))
         OpenList();
-    else if (closedChoice && key == Qt::Key_Space)
+    else if (closedChoice && key == Qt::Key_Space && !typing_.IsRunning())
         OpenList();
     else if (closedChoice && (key == Qt::Key_Down || key == Qt::Key_Up))
         Step(key == Qt::Key_Down ? 1 : -1);
@@ -179,14 +218,29 @@ void KestroCombox::Step(int by) {
     if (next >= 0 && next < Count()) RunEvent([&] { Choose(next); });
 }
 
-// The next item after the current one that begins with the letters, round the end.
+// The next item that begins with the letters typed so far, round the end.
 void KestroCombox::JumpTo(const QString& letters) {
-    for (int i = 1; i <= Count(); ++i) {
-        const int index = (current_ + i) % Count();
-        if (!Item(index).text.startsWith(letters, Qt::CaseInsensitive)) continue;
+    const QString typed = typing_.Add(letters);
+    const int from = std::max(0, current_) + (typing_.IsFirst() && current_ >= 0 ? 1 : 0);
+    for (int i = 0; i < Count(); ++i) {
+        const int index = (from + i) % Count();
+        if (!Item(index).text.startsWith(typed, Qt::CaseInsensitive)) continue;
         RunEvent([&] { Choose(index); });
         return;
     }
+}
+
+bool KestroCombox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) return KestroText::event(event);
+    QString tip;
+    RunEvent([&] {
+        if (onTip) tip = onTip();
+    });
+    const int room = width() - textMargins().left() - textMargins().right() - 4;
+    if (tip.isEmpty() && fontMetrics().horizontalAdvance(text()) > room) tip = text();
+    if (!tip.isEmpty())
+        KestroToolTip::Show(u"combox"_s, tip, static_cast<QHelpEvent*>(event)->globalPos(), this);
+    return true;
 }
 
 // A wheel over a form is meant for the form, not for its choices.

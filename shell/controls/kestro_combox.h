@@ -1,6 +1,7 @@
 #pragma once
 // KestroCombox: a box with a drop-down list that typing filters.
 
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_text.h"
 
 #include <memory>
@@ -41,7 +42,7 @@ class KestroCombox : public KestroText {
     /// Shows another text for the chosen item.
     void ShowAs(const QString& text) { setText(text); }
     /// The text part; a text put here stands, whether it is an item's or not.
-    void SetText(const QString& text);
+    void SetText(const QString& text, const QString& key = {});
     /// Puts a browse or tree button at the right end.
     void SetBrowse(const QString& icon, const QString& tip);
     /// Opens with all items.
@@ -55,8 +56,12 @@ class KestroCombox : public KestroText {
     /// emptied on leaving, or when the user cleared the box.
     std::function<void(const QString& text, const QString& key)> onChoose;
     std::function<void()> onBrowse;
+    /// The tip of the box, asked for when the pointer rests on it; without an answer a text that is cut shows
+    /// whole.
+    std::function<QString()> onTip;
 
  protected:
+    bool event(QEvent* event) override;
     void PaintZone(QPainter& p) const override;
     QColor Fill() const override;
     void Edited() override;
@@ -68,6 +73,8 @@ class KestroCombox : public KestroText {
 
  private:
     void Choose(int index);
+    int Meant(const QString& typed) const;
+    void ListTurned();
     void Filter(const QString& typed);
     void Step(int by);
     int IndexOf(const QString& text) const;
@@ -77,5 +84,7 @@ class KestroCombox : public KestroText {
     std::vector<ComboxItem> items_;
     std::unique_ptr<ComboxList> list_;
     int current_ = -1;
+    ComboxItem kept_;  ///< what SetText put there
+    Controls::TypeAhead typing_;
     bool typed_ = false;  ///< the text is the user's and has not been settled
 };

@@ -10,6 +10,7 @@
 
 class PngButton;
 class QAbstractButton;
+class QScrollArea;
 
 enum class DialogKind {
     common,  ///< title 40, footer 56
@@ -24,21 +25,26 @@ class KestroDialog : public QDialog {
     ~KestroDialog() override;
 
     void SetCaption(const QString& caption);
-    /// The room between title and footer, without a layout.
+    /// The room between title and footer. Give it a layout: what does not fit on the screen then scrolls.
     QWidget* Body() const { return body_; }
+    /// Where the body shows, in the window.
+    QRect BodyRect() const;
     /// The bar at the bottom with its dividing line; made at the first call.
     QWidget* Footer();
     /// A line between title and body, for forms of more than three rows.
     void SetTitleLine(bool shown);
+    /// Ends the line above the footer short of the right edge.
+    void SetFooterLine(int shorter);
     /// The button that Enter presses, unless a focused button or a box takes it.
     void SetDefaultButton(QAbstractButton* button) { default_ = button; }
     int TitleHeight() const;
     int FooterHeight() const;
-    /// Size of the window without its shadow; text that does not fit may make it taller later.
-    void SetNamedSize(QSize size);
+    /// Size of the window without its shadow: this one, larger where the layouts of body and footer need
+    /// more, but never larger than the work area.
+    void SetNamedSize(QSize least);
     /// Lets the user resize the window; its controls then stand in a layout.
     void SetResizable(bool on) { frame_->SetResizable(on); }
-    void SetSmallest(QSize size) { frame_->SetSmallest(size); }
+    void SetSmallest(QSize size);
     QSize NamedSize() const { return frame_->Named().size(); }
     void SetOpacity(double opacity) { frame_->SetOpacity(opacity); }
 
@@ -55,12 +61,16 @@ class KestroDialog : public QDialog {
  private:
     void Leave(const std::function<void()>& road);
     void Arrange();
+    QSize NeededSize(QSize least) const;
+    QSize WorkArea() const;
 
     std::unique_ptr<WindowFrame> frame_;
     DialogKind kind_;
     PngButton* close_;
+    QScrollArea* scroll_;
     QWidget* body_;
     QWidget* footer_ = nullptr;
     QAbstractButton* default_ = nullptr;
     bool titleLine_ = false;
+    int footerLineShorter_ = 0;
 };

@@ -27,6 +27,26 @@ KestroEditBox::KestroEditBox(QWidget* parent) : QPlainTextEdit(parent) {
     connect(this, &QPlainTextEdit::textChanged, this, [this] { RunEvent(onChange); });
 }
 
+void KestroEditBox::SetText(const QString& text) {
+    setPlainText(text);
+    set_ = text;
+}
+
+// The document's own reading would turn blanks that do not break into ordinary ones.
+QString KestroEditBox::Text() const {
+    if (!document()->isModified()) return set_;
+    QString text = document()->toRawText();
+    return text.replace(QChar(QChar::ParagraphSeparator), u'\n').replace(QChar(QChar::LineSeparator), u'\n');
+}
+
+QSize KestroEditBox::sizeHint() const {
+    return {Skin::Px(200), Skin::Px(64)};
+}
+
+QSize KestroEditBox::minimumSizeHint() const {
+    return {Skin::Px(80), Skin::Px(56)};
+}
+
 // The ground and outline are the frame's; the viewport paints the text over it.
 bool KestroEditBox::event(QEvent* event) {
     if (event->type() != QEvent::Paint) return QPlainTextEdit::event(event);

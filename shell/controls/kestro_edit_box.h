@@ -10,14 +10,18 @@ class KestroEditBox : public QPlainTextEdit {
  public:
     explicit KestroEditBox(QWidget* parent = nullptr);
 
-    QString Text() const { return toPlainText(); }
-    void SetText(const QString& text) { setPlainText(text); }
+    /// The text that was set, to the character, as long as the user has not changed it.
+    QString Text() const;
+    void SetText(const QString& text);
 
     std::function<void()> onChange;  ///< after every change
     std::function<void()> onLeave;
 
-    QSize sizeHint() const override { return {200, 64}; }
-    QSize minimumSizeHint() const override { return {80, 56}; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+ private:
+    QString set_;
 
  protected:
     bool event(QEvent* event) override;

@@ -42,6 +42,8 @@ class KestroForm : public QWidget {
     /// Sizes of the window without its shadow.
     void SetSmallest(QSize size) { frame_->SetSmallest(size); }
     void SetNamedSize(QSize size) { frame_->SetNamedSize(size); }
+    /// Moves the window; the place is remembered for its later growth.
+    void SetPlace(QPoint place) { frame_->SetPlace(place); }
     QSize NamedSize() const { return frame_->Named().size(); }
 
     std::function<void(int)> onTab;

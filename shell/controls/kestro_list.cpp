@@ -51,6 +51,7 @@ KestroList::KestroList(QWidget* parent)
     setFrameShape(QFrame::Box);
     setLineWidth(1);
     setShowGrid(false);
+    setAccessibleName(u"列表"_s);
     setWordWrap(false);
     setTabKeyNavigation(false);
     setCornerButtonEnabled(false);

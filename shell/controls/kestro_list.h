@@ -3,6 +3,9 @@
 // alignment on the decimal point and icons are paint only. Row and column indexes count from 0 as shown; the
 // column of check boxes has no index.
 
+#include "shell/controls/control_support.h"
+
+#include <QPersistentModelIndex>
 #include <QPoint>
 #include <QString>
 #include <QStringList>
@@ -41,6 +44,9 @@ struct RowLook {
     bool danger = false;  ///< date and icon words in the danger colour (overdue)
 };
 
+/// Keys: arrows, Page, Home, End; blank ticks, Enter opens, Delete deletes, letters look for the row that
+/// begins with them, Ctrl+C copies the row as text, Shift+F10 opens its menu. Alt+Up goes to the headings:
+/// arrows choose one, blank or Enter sorts by it, Down or Escape comes back.
 class KestroList : public QTableView {
  public:
     using Handle = quint32;  ///< names a row for its whole life, through sorting and removal; never 0
@@ -57,6 +63,10 @@ class KestroList : public QTableView {
     void SetColumnCaption(int column, const QString& caption);
     void SetColumnTip(int column, const QString& tip);
     void SetColumnHidden(int column, bool hidden);
+    /// Widths that the user has given, -1 for a column that was left alone.
+    std::vector<int> UserWidths() const;
+    /// Takes such widths up; nothing when their number is not that of the columns.
+    void SetUserWidths(const std::vector<int>& widths);
     /// Digits per group of a money column: 3 or 4, otherwise none.
     void SetMoneyGroup(int column, int nGroup);
     /// A column of check boxes at the left, with a box in the heading that marks all ("HeaderChk").
@@ -168,6 +178,9 @@ class KestroList : public QTableView {
     void Activate(int row, int column);
     void MoveTo(int row);
     bool HandleKey(int key);
+    bool HandleControlKey(int key);
+    void OpenRowMenu();
+    bool SearchByTyping(const QString& letters);
     int LastRow() const;
 
     KestroListModel* model_;
@@ -177,6 +190,8 @@ class KestroList : public QTableView {
     QString emptyText_;
     Handle current_ = 0;  ///< the current row through changes of the rows
     int hoverRow_ = -1;
+    QPersistentModelIndex tipCell_;  ///< the cell whose whole text may show in a tip
+    Controls::TypeAhead typing_;
     int pressedRow_ = -1;
     bool sortable_ = true;
     bool loading_ = false;

@@ -7,6 +7,7 @@
 #include "shell/controls/kestro_list_painter.h"
 #include "shell/controls/kestro_tool_tip.h"
 #include "store/errors.h"
+#include "store/outside.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -45,9 +46,46 @@ void KestroList::keyPressEvent(QKeyEvent* event) {
     bool done = false;
     RunEvent([this, event, &done] { done = onKey && onKey(event); });
     if (done) return event->accept();
-    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
-        return event->ignore();
-    event->setAccepted(HandleKey(event->key()));
+    const auto held = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (held == Qt::ControlModifier) return event->setAccepted(HandleControlKey(event->key()));
+    if (held == Qt::AltModifier && event->key() == Qt::Key_Up) return header_->EnterByKey();
+    if (held) return event->ignore();
+    if (event->key() == Qt::Key_F10 && event->modifiers() & Qt::ShiftModifier) return OpenRowMenu();
+    event->setAccepted(header_->HandleKey(event->key()) || SearchByTyping(event->text()) ||
+                       HandleKey(event->key()));
+}
+
+bool KestroList::HandleControlKey(int key) {
+    if (key == Qt::Key_Home) MoveTo(0);
+    if (key == Qt::Key_End) MoveTo(LastRow());
+    if (key == Qt::Key_C && CurrentRow() >= 0) Outside().copyText(RowCells(CurrentRow()).join(u'\t'));
+    return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_C;
+}
+
+void KestroList::OpenRowMenu() {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, mapToGlobal(viewport()->rect().center()));
+    contextMenuEvent(&event);
+}
+
+// The next row with a text that begins so. A blank ticks, unless it stands within what is being typed.
+bool KestroList::SearchByTyping(const QString& letters) {
+    if (letters.isEmpty() || !letters.at(0).isPrint() || RowCount() == 0) return false;
+    if (letters.at(0).isSpace() && !typing_.IsRunning()) return false;
+    const QString typed = typing_.Add(letters);
+    const auto begins = [&](int row) {
+        for (int column = 0; column < ColumnCount(); ++column)
+            if (model_->Column(column).IsText() && Cell(row, column).startsWith(typed, Qt::CaseInsensitive))
+                return true;
+        return false;
+    };
+    const int from = std::max(0, CurrentRow() + (typing_.IsFirst() && CurrentRow() >= 0 ? 1 : 0));
+    for (int step = 0; step < RowCount(); ++step) {
+        const int row = (from + step) % RowCount();
+        if (!begins(row)) continue;
+        MoveTo(row);
+        break;
+    }
+    return true;
 }
 
 bool KestroList::HandleKey(int key) {
@@ -142,6 +180,7 @@ void KestroList::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void KestroList::mouseMoveEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
+    if (index != tipCell_) KestroToolTip::Hide(u"cell"_s);
     SetHoverRow(index.isValid() ? index.row() : -1);
 }
 
@@ -173,6 +212,7 @@ void KestroList::focusInEvent(QFocusEvent*) {
     UpdateAll();
 }
 void KestroList::focusOutEvent(QFocusEvent*) {
+    header_->LeaveByKey();
     UpdateAll();
 }
 
@@ -203,6 +243,7 @@ bool KestroList::ShowCellTip(const QPoint& pos, const QPoint& globalPos) {
     if (column < 0 || Column(column).type == u"icons"_s) return true;
     const bool cut =
         KestroListPainter(*model_).NeededWidth(index.row(), column) > columnWidth(index.column());
+    tipCell_ = index;
     if (cut) KestroToolTip::Show(u"cell"_s, Cell(index.row(), column), globalPos, viewport());
     return true;
 }

@@ -78,6 +78,7 @@ void KestroListHeader::PaintSection(QPainter& p, int section) const {
         if (column == rows_->sortedColumn) p.fillRect(rect, Skin::Color(Tok::soft));
         PaintCaption(p, rect, column);
     }
+    if (section == keySection_) Skin::FocusRing(p, rect, 4, true, Skin::Color(Tok::accent));
     const bool last = rect.right() >= width() - 2;
     if (!last) Skin::VLine(p, rect.right(), 8, height() - 9, Skin::Color(Tok::line2));
 }
@@ -109,6 +110,54 @@ void KestroListHeader::PaintCaption(QPainter& p, const QRect& rect, int column) 
     p.restore();
 }
 
+void KestroListHeader::EnterByKey() {
+    keySection_ = -1;
+    if (rows_->sortedColumn >= 0)
+        keySection_ = rows_->ToView(rows_->sortedColumn);
+    else
+        StepByKey(1);
+    viewport()->update();
+}
+
+void KestroListHeader::LeaveByKey() {
+    if (keySection_ < 0) return;
+    keySection_ = -1;
+    viewport()->update();
+}
+
+void KestroListHeader::StepByKey(int by) {
+    for (int section = keySection_ + by; section >= 0 && section < count(); section += by) {
+        if (isSectionHidden(section)) continue;
+        keySection_ = section;
+        break;
+    }
+    viewport()->update();
+}
+
+bool KestroListHeader::HandleKey(int key) {
+    if (keySection_ < 0) return false;
+    switch (key) {
+        case Qt::Key_Left:
+            StepByKey(-1);
+            return true;
+        case Qt::Key_Right:
+            StepByKey(1);
+            return true;
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            list_->HeadingClicked(keySection_);
+            return true;
+        case Qt::Key_Down:
+        case Qt::Key_Escape:
+            LeaveByKey();
+            return true;
+        default:
+            LeaveByKey();
+            return false;
+    }
+}
+
 void KestroListHeader::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     const int x = event->position().toPoint().x();
@@ -122,6 +171,7 @@ void KestroListHeader::mousePressEvent(QMouseEvent* event) {
 void KestroListHeader::mouseMoveEvent(QMouseEvent* event) {
     const int x = event->position().toPoint().x();
     if (dragged_ >= 0) return list_->ResizeByUser(dragged_, dragWidth_ + x - dragStart_);
+    if (SectionAt(x) != tipSection_) KestroToolTip::Hide(u"heading"_s);
     viewport()->setCursor(SeparatorAt(x) >= 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
 }
 
@@ -147,7 +197,8 @@ bool KestroListHeader::viewportEvent(QEvent* event) {
 }
 
 bool KestroListHeader::ShowTip(int x, const QPoint& globalPos) {
-    const int column = rows_->FromView(SectionAt(x));
+    tipSection_ = SectionAt(x);
+    const int column = rows_->FromView(tipSection_);
     if (!rows_->HasColumn(column)) return true;
     const ListColumn& what = rows_->Column(column).what;
     QString tip = what.tip;

@@ -5,6 +5,19 @@
 #include <algorithm>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
+namespace {
+// What the icons of a cell say to somebody who does not see them.
+QString IconWords(const QString& digits) {
+    static const QStringList words{u"重要"_s, u"有图片"_s, u"记入账户"_s};
+    QStringList shown;
+    for (qsizetype i = 0; i < digits.size() && i < words.size(); ++i)
+        if (digits[i] == u'1') shown += words[i];
+    return shown.join(u'，');
+}
+}  // namespace
+
 int KestroListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : shown_;
 }
@@ -17,17 +30,27 @@ QVariant KestroListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || !HasRow(index.row())) return {};
     const int column = FromView(index.column());
     if (column < 0) {
+        if (role == Qt::AccessibleTextRole) return u"勾选第 %1 行"_s.arg(index.row() + 1);
         if (role != Qt::CheckStateRole) return {};
         return static_cast<int>(Row(index.row()).checked ? Qt::Checked : Qt::Unchecked);
     }
+    if (role == Qt::AccessibleTextRole && HasColumn(column) && Column(column).IsIcons())
+        return IconWords(Cell(index.row(), column));
     if (role != Qt::DisplayRole || !HasColumn(column)) return {};
     return PaintedText(Column(column), Cell(index.row(), column));
 }
 
 QVariant KestroListModel::headerData(int section, Qt::Orientation orientation, int role) const {
     const int column = FromView(section);
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || !HasColumn(column)) return {};
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::AccessibleTextRole && column < 0) return u"全部勾选"_s;
+    if ((role != Qt::DisplayRole && role != Qt::AccessibleTextRole) || !HasColumn(column)) return {};
     return Column(column).what.caption;
+}
+
+Qt::ItemFlags KestroListModel::flags(const QModelIndex& index) const {
+    const auto usual = QAbstractTableModel::flags(index);
+    return FromView(index.column()) < 0 ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
 const QString& KestroListModel::Cell(int row, int column) const {

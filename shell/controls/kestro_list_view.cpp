@@ -62,6 +62,21 @@ void KestroList::ResizeByUser(int viewColumn, int width) {
     FitColumns();
 }
 
+std::vector<int> KestroList::UserWidths() const {
+    std::vector<int> widths;
+    for (int column = 0; column < ColumnCount(); ++column)
+        widths.push_back(model_->Column(column).userWidth);
+    return widths;
+}
+
+void KestroList::SetUserWidths(const std::vector<int>& widths) {
+    if (static_cast<int>(widths.size()) != ColumnCount()) return;
+    for (int column = 0; column < ColumnCount(); ++column) {
+        const int width = widths[static_cast<size_t>(column)];
+        if (width >= 0) ResizeByUser(ToView(column), width);
+    }
+}
+
 void KestroList::FitByUser(int viewColumn) {
     const int column = FromView(viewColumn);
     const KestroListPainter painter(*model_);
@@ -194,13 +209,13 @@ void KestroList::PaintRows(QPainter& p, const QRect& dirty) const {
 }
 
 void KestroList::PaintEmpty(QPainter& p) const {
-    constexpr int kTop = 18, kIcon = 32;
+    constexpr int kTop = 18, kIcon = 32, kSide = 12;
     const QPixmap icon = Skin::Icon(u"bill"_s, kIcon, devicePixelRatioF(), Ground::disabled);
     p.drawPixmap((viewport()->width() - kIcon) / 2, kTop, icon);
     p.setFont(Skin::Font(Type::body));
     p.setPen(Skin::Color(Tok::text3));
-    const QRect room(0, kTop + kIcon + 4, viewport()->width(), Skin::LineHeight(Type::body));
-    p.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, emptyText_);
+    const QRect room = viewport()->rect().adjusted(kSide, kTop + kIcon + 4, -kSide, 0);
+    p.drawText(room, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
 }
 
 void KestroList::PaintLoading(QPainter& p) const {

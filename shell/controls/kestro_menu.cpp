@@ -5,7 +5,10 @@
 #include "store/errors.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QCursor>
 #include <QGuiApplication>
+#include <QHideEvent>
 #include <QIcon>
 
 using namespace Qt::StringLiterals;
@@ -28,8 +31,6 @@ QIcon MenuIcon(const QString& name, double ratio) {
 KestroMenu::KestroMenu(QWidget* parent) : QMenu(parent) {
     setStyle(KestroStyle::Shared());
     setFont(Skin::Font(Type::body));
-    setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
-    if (Skin::ShadowMargin() > 0) setAttribute(Qt::WA_TranslucentBackground);
 }
 
 QAction* KestroMenu::AddItem(const QString& key, const QString& caption, const QString& icon,
@@ -76,6 +77,18 @@ void KestroMenu::SetItemChecked(const QString& key, bool on) {
 void KestroMenu::PopupAt(const QPoint& globalPos) {
     const int margin = Skin::ShadowMargin();
     popup(globalPos - QPoint(margin, margin));
+}
+
+// The widget under the pointer when the menu took the mouse heard nothing of the pointer's leaving.
+void KestroMenu::hideEvent(QHideEvent* event) {
+    QMenu::hideEvent(event);
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->underMouse() || widget->rect().contains(widget->mapFromGlobal(QCursor::pos()))) continue;
+        widget->setAttribute(Qt::WA_UnderMouse, false);
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(widget, &leave);
+        widget->update();
+    }
 }
 
 void KestroMenu::Chosen(const QAction* action) {

@@ -24,6 +24,9 @@ class KestroMenu : public QMenu {
 
     std::function<void(const QString& key)> onChoose;
 
+ protected:
+    void hideEvent(QHideEvent* event) override;
+
  private:
     QAction* FindItem(const QString& key) const;
     void Chosen(const QAction* action);

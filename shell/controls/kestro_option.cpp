@@ -135,6 +135,12 @@ KestroOptionPair::KestroOptionPair(QWidget* parent)
     reduce_->onChoose = tell;
 }
 
+void KestroOptionPair::SetGroupName(const QString& name) {
+    setAccessibleName(name);
+    for (KestroOption* option : {add_, reduce_})
+        option->setAccessibleName(name + option->text());
+}
+
 bool KestroOptionPair::IsAdd() const {
     return add_->IsOn();
 }

@@ -42,6 +42,8 @@ class KestroOptionPair : public QWidget {
 
     bool IsAdd() const;
     void SetAdd(bool add);  ///< without a callback
+    /// What the pair decides, such as 分类一导致; each option is read out with it.
+    void SetGroupName(const QString& name);
     KestroOption* AddOption() const { return add_; }
     KestroOption* ReduceOption() const { return reduce_; }
 

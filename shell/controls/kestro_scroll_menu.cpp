@@ -1,8 +1,11 @@
 #include "shell/controls/kestro_scroll_menu.h"
 
+#include "shell/controls/accessible.h"
+#include "shell/controls/kestro_scroll_menu_accessible.h"
 #include "shell/controls/kestro_scrollbar.h"
 #include "store/errors.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -28,6 +31,7 @@ KestroScrollMenu::KestroScrollMenu(QWidget* parent)
     setAccessibleName(u"导航"_s);
     bar_->hide();
     connect(bar_, &QScrollBar::valueChanged, this, [this] { update(); });
+    UseOwnInterface(this, MakeStripInterface);
 }
 
 QSize KestroScrollMenu::sizeHint() const {
@@ -148,6 +152,25 @@ const ScrollMenuItem& KestroScrollMenu::ItemOf(const Line& line) const {
     return sections_[static_cast<size_t>(line.section)].items[static_cast<size_t>(line.item)];
 }
 
+StripLine KestroScrollMenu::LineOf(int line) const {
+    const Line& what = lines_.at(static_cast<size_t>(line));
+    const Section& section = sections_[static_cast<size_t>(what.section)];
+    StripLine told;
+    told.rect = LineRect(what);
+    told.isHead = what.item < 0;
+    told.focused = line == focusLine_;
+    if (told.isHead) {
+        told.text = section.caption;
+        told.folded = section.folded;
+        return told;
+    }
+    const ScrollMenuItem& item = ItemOf(what);
+    told.text = item.mark.isEmpty() ? item.caption : (item.caption + u' ' + item.mark).trimmed();
+    told.enabled = item.enabled;
+    told.selected = section.key == selectedSection_ && item.key == selectedKey_;
+    return told;
+}
+
 void KestroScrollMenu::Relayout() {
     if (filling_) return;
     lines_.clear();
@@ -225,6 +248,9 @@ void KestroScrollMenu::MoveFocus(int step) {
     const int last = static_cast<int>(lines_.size()) - 1;
     if (last < 0) return;
     focusLine_ = std::clamp(focusLine_ + step, 0, last);
+    QAccessibleEvent focused(this, QAccessible::Focus);
+    focused.setChild(focusLine_);
+    QAccessible::updateAccessibility(&focused);
     EnsureVisible(focusLine_);
     update();
 }

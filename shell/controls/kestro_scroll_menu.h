@@ -5,6 +5,7 @@
 #include "shell/skin.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
@@ -25,6 +26,17 @@ struct ScrollMenuItem {
     bool enabled = true;     ///< false: stands in its place and does nothing
     bool selectable = true;  ///< false for figures: they take no selection, but report clicks
     QString tip = {};        ///< used when no onTip answers
+};
+
+/// A line as it shows, for tools that read the strip.
+struct StripLine {
+    QString text;
+    QRect rect;
+    bool isHead = false;
+    bool folded = false;
+    bool selected = false;
+    bool enabled = true;
+    bool focused = false;
 };
 
 class KestroScrollMenu : public QWidget {
@@ -55,6 +67,11 @@ class KestroScrollMenu : public QWidget {
     /// Only icons, 44 wide.
     void SetCollapsed(bool on);
     bool IsCollapsed() const { return collapsed_; }
+
+    int LineCount() const { return static_cast<int>(lines_.size()); }
+    StripLine LineOf(int line) const;
+    /// As a click on the line.
+    void PressLine(int line) { Press(line); }
 
     std::function<void(const QString& section, const QString& item)> onClick;
     std::function<void(const QString& section, const QString& item)> onDoubleClick;
@@ -104,6 +121,7 @@ class KestroScrollMenu : public QWidget {
     int LineAt(const QPoint& pos) const;  ///< index into lines_, -1 none
     void SetHover(int line);
     void MoveFocus(int step);
+    void OpenMenuByKey();
     void Press(int line);
     void Open(int line);  ///< as a double click does
     void ShowTip(const QPoint& pos, const QPoint& globalPos);

@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -152,6 +154,11 @@ void KestroScrollMenu::contextMenuEvent(QContextMenuEvent* event) {
     });
 }
 
+void KestroScrollMenu::OpenMenuByKey() {
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, rect().center(), mapToGlobal(rect().center()));
+    contextMenuEvent(&event);
+}
+
 void KestroScrollMenu::mouseMoveEvent(QMouseEvent* event) {
     SetHover(LineAt(event->position().toPoint()));
 }
@@ -173,11 +180,20 @@ void KestroScrollMenu::wheelEvent(QWheelEvent* event) {
 
 void KestroScrollMenu::keyPressEvent(QKeyEvent* event) {
     const int last = static_cast<int>(lines_.size());
+    if (last == 0) return QWidget::keyPressEvent(event);
     switch (event->key()) {
         case Qt::Key_Up:
             return MoveFocus(-1);
         case Qt::Key_Down:
             return MoveFocus(1);
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown: {
+            const int page = std::max(1, height() / LineRect(lines_.front()).height() - 1);
+            return MoveFocus(event->key() == Qt::Key_PageUp ? -page : page);
+        }
+        case Qt::Key_F10:
+            if (!(event->modifiers() & Qt::ShiftModifier)) return QWidget::keyPressEvent(event);
+            return OpenMenuByKey();
         case Qt::Key_Home:
             return MoveFocus(-last);
         case Qt::Key_End:

@@ -47,19 +47,19 @@ QString KestroStatusBar::PanelText(int panel) const {
 void KestroStatusBar::SetPanelText(int panel, const QString& text) {
     if (panel < 0 || panel >= PanelCount()) return;
     panels_[static_cast<size_t>(panel)].text = text;
-    update();
+    Relayout();
 }
 
 void KestroStatusBar::SetPanelIcon(int panel, const QString& icon) {
     if (panel < 0 || panel >= PanelCount()) return;
     panels_[static_cast<size_t>(panel)].icon = icon;
-    update();
+    Relayout();
 }
 
 void KestroStatusBar::SetPanelDot(int panel, StatusDot dot) {
     if (panel < 0 || panel >= PanelCount()) return;
     panels_[static_cast<size_t>(panel)].dot = dot;
-    update();
+    Relayout();
 }
 
 void KestroStatusBar::SetPanelTip(int panel, const QString& tip) {
@@ -85,16 +85,25 @@ QRect KestroStatusBar::GripRect() const {
     return grip_ ? QRect(width() - kGrip, height() - kGrip, kGrip, kGrip) : QRect();
 }
 
+// A panel of its own width grows with its text; the springs give the room.
+int KestroStatusBar::LeastWidth(const Panel& panel) const {
+    if (panel.spring || panel.text.isEmpty()) return panel.width;
+    const int dot = panel.dot == StatusDot::none ? 0 : kDot + 6;
+    const int icon = panel.icon.isEmpty() ? 0 : kIcon + 6;
+    const int text = QFontMetrics(Skin::Font(Type::small)).horizontalAdvance(panel.text) + 1;
+    return std::max(panel.width, 2 * kPad + dot + icon + text);
+}
+
 void KestroStatusBar::Relayout() {
     int room = width() - GripRect().width(), springs = 0;
     for (const Panel& panel : panels_) {
-        room -= panel.width;
+        room -= LeastWidth(panel);
         springs += panel.spring ? 1 : 0;
     }
     int x = 0;
     for (Panel& panel : panels_) {
         const int extra = panel.spring ? std::max(0, room) / springs : 0;
-        panel.rect = QRect(x, 1, panel.width + extra, height() - 1);
+        panel.rect = QRect(x, 1, LeastWidth(panel) + extra, height() - 1);
         x += panel.rect.width();
     }
     for (QWidget* widget : over_) {

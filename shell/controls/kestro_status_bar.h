@@ -52,6 +52,7 @@ class KestroStatusBar : public QWidget {
         QRect rect;
     };
 
+    int LeastWidth(const Panel& panel) const;
     void Relayout();
     int PanelAt(const QPoint& pos) const;
     QRect GripRect() const;

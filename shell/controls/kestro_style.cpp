@@ -3,6 +3,7 @@
 #include "shell/skin.h"
 
 #include <QFontMetrics>
+#include <QMenu>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
@@ -136,6 +137,11 @@ void KestroStyle::polish(QWidget* widget) {
     if (dynamic_cast<QScrollBar*>(widget)) {
         widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
         widget->setAttribute(Qt::WA_Hover);
+    }
+    // A menu's style takes room for its shadow, which a window that is not translucent fills with white.
+    if (dynamic_cast<QMenu*>(widget) && !widget->windowFlags().testFlag(Qt::FramelessWindowHint)) {
+        widget->setWindowFlags(widget->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+        widget->setAttribute(Qt::WA_TranslucentBackground, Skin::ShadowMargin() > 0);
     }
 }
 

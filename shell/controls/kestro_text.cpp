@@ -206,11 +206,27 @@ void KestroText::paintEvent(QPaintEvent* event) {
         if (mode_ == TextMode::amount) PaintAmount(p);
         if (mode_ == TextMode::masked) PaintDots(p);
     }
-    if (!PaintsItself()) QLineEdit::paintEvent(event);
+    if (ShowsCut())
+        PaintCut();
+    else if (!PaintsItself())
+        QLineEdit::paintEvent(event);
     QPainter p(this);
     PaintEnds(p);
     PaintZone(p);
     PaintOutline(p);
+}
+
+// A text that nobody types into ends in dots where it is cut.
+bool KestroText::ShowsCut() const {
+    return isReadOnly() && !PaintsItself() && fontMetrics().horizontalAdvance(text()) > TextRoom().width();
+}
+
+void KestroText::PaintCut() {
+    QPainter p(this);
+    p.setFont(font());
+    p.setPen(TextColor());
+    p.drawText(TextRoom(), Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(text(), Qt::ElideRight, TextRoom().width()));
 }
 
 void KestroText::PaintOutline(QPainter& p) const {
@@ -295,6 +311,8 @@ void KestroText::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Escape && mode_ == TextMode::search && !text().isEmpty()) {
         clear();
         RunEvent([this] { Edited(); });
+    } else if (event->key() == Qt::Key_F10 && event->modifiers() & Qt::ShiftModifier) {
+        ShowMenu(mapToGlobal(QPoint(kPadding, height())));
     } else if (event->matches(QKeySequence::Paste)) {
         paste();
     } else if (!TypeCleaned(*event)) {
@@ -317,11 +335,15 @@ void KestroText::focusOutEvent(QFocusEvent* event) {
 }
 
 void KestroText::contextMenuEvent(QContextMenuEvent* event) {
+    ShowMenu(event->globalPos());
+}
+
+void KestroText::ShowMenu(QPoint at) {
     ShowTextMenuOf(this,
                    {.canUndo = isUndoAvailable(),
                     .readOnly = isReadOnly(),
                     .masked = mode_ == TextMode::masked,
                     .hasSelection = hasSelectedText(),
                     .isEmpty = text().isEmpty()},
-                   event->globalPos());
+                   at);
 }

@@ -81,6 +81,7 @@ class KestroText : public QLineEdit {
     QString Clean(const QString& text) const;
     void CleanEdit();
     void EndStep();
+    void ShowMenu(QPoint at);
     bool TypeCleaned(const QKeyEvent& event);
     void PaintOutline(QPainter& p) const;
     void PaintEnds(QPainter& p) const;
@@ -91,6 +92,8 @@ class KestroText : public QLineEdit {
     // Two modes paint their text themselves: QLineEdit cannot show separators that its text has not, nor dots
     // of a size of ours.
     bool PaintsItself() const { return mode_ == TextMode::amount || mode_ == TextMode::masked; }
+    bool ShowsCut() const;
+    void PaintCut();
     void PaintAmount(QPainter& p) const;
     void PaintDots(QPainter& p) const;
     int DotX(int position) const;

@@ -2,9 +2,11 @@
 
 #include "shell/controls/corners.h"
 #include "shell/controls/kestro_scrollbar.h"
+#include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
 #include "store/errors.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -21,9 +23,11 @@ constexpr int kKeyRole = Qt::UserRole, kIdRole = Qt::UserRole + 1;
 
 KestroTree::KestroTree(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
+    setAccessibleName(u"目录树"_s);
     setColumnCount(1);
     setIndentation(kIndent);
     setUniformRowHeights(true);
+    viewport()->setMouseTracking(true);
     setExpandsOnDoubleClick(true);
     setFrameShape(QFrame::Box);
     setLineWidth(1);
@@ -148,6 +152,22 @@ void KestroTree::paintEvent(QPaintEvent* event) {
     QPainter p(viewport());
     if (frameShape() != QFrame::NoFrame)
         PaintCorners(p, rect().translated(-viewport()->pos()), this, hasFocus() && CurrentNode() < 0);
+}
+
+// A name too long for its row shows whole.
+bool KestroTree::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::MouseMove || event->type() == QEvent::HoverMove) {
+        const auto* pointer = static_cast<QSinglePointEvent*>(event);
+        if (itemAt(pointer->position().toPoint()) != tipItem_) KestroToolTip::Hide(u"node"_s);
+    }
+    if (event->type() != QEvent::ToolTip) return QTreeWidget::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    tipItem_ = itemAt(help->pos());
+    if (!tipItem_) return true;
+    const int room = viewport()->width() - (visualItemRect(tipItem_).left() - kIndent + kTextAt) - 8;
+    if (fontMetrics().horizontalAdvance(tipItem_->text(0)) > room)
+        KestroToolTip::Show(u"node"_s, tipItem_->text(0), help->globalPos(), viewport());
+    return true;
 }
 
 void KestroTree::scrollContentsBy(int dx, int dy) {

@@ -37,6 +37,7 @@ class KestroTree : public QTreeWidget {
     void drawRow(QPainter* p, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -45,4 +46,5 @@ class KestroTree : public QTreeWidget {
     int NodeOf(const QTreeWidgetItem* item) const;
 
     std::vector<QTreeWidgetItem*> nodes_;
+    const QTreeWidgetItem* tipItem_ = nullptr;  ///< compared only
 };

@@ -17,6 +17,7 @@ PngButton::PngButton(const QString& icon, const QString& tip, QWidget* parent, i
     SetTip(tip);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     resize(side, side);
     connect(this, &QAbstractButton::clicked, this, [this] { RunEvent(onClick); });
 }

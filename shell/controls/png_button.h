@@ -21,6 +21,7 @@ class PngButton : public QAbstractButton {
     std::function<void()> onClick;
 
     QSize sizeHint() const override { return {side_, side_}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleHints>
 #include <QWidget>
 #include <QWindow>
@@ -57,7 +58,20 @@ double WindowFrame::Radius() const {
 }
 
 void WindowFrame::SetNamedSize(QSize size) {
-    window_->resize(size.grownBy({Margin(), Margin(), Margin(), Margin()}));
+    const int m = Margin();
+    const QSize outer = size.grownBy({m, m, m, m});
+    if (!place_ || !window_->isVisible()) return window_->resize(outer);
+    const QRect area = window_->screen()->availableGeometry().adjusted(-m, -m, m, m);
+    QRect r(*place_, outer);
+    r.moveLeft(qMax(area.left(), qMin(r.left(), area.right() + 1 - r.width())));
+    r.moveTop(qMax(area.top(), qMin(r.top(), area.bottom() + 1 - r.height())));
+    place_ = r.topLeft();
+    window_->setGeometry(r);
+}
+
+void WindowFrame::SetPlace(QPoint place) {
+    place_ = place;
+    window_->move(place);
 }
 
 void WindowFrame::SetSmallest(QSize size) {
@@ -156,6 +170,10 @@ bool WindowFrame::OnWindow(QEvent* event) {
     switch (event->type()) {
         case QEvent::Show:
             if (window_->windowHandle()) window_->windowHandle()->installEventFilter(this);
+            return false;
+        case QEvent::Move:
+            // What is told as the screen's corner is most often no place at all.
+            if (place_ && !window_->pos().isNull()) place_ = window_->pos();
             return false;
         case QEvent::WindowStateChange:
             if (!smallest_.isEmpty()) SetSmallest(smallest_);

@@ -6,6 +6,7 @@
 #include <QRect>
 
 #include <functional>
+#include <optional>
 
 class QColor;
 class QMouseEvent;
@@ -31,7 +32,10 @@ class WindowFrame : public QObject {
     QRect Named() const;
     /// 8, or 0 where corners cannot be translucent.
     double Radius() const;
+    /// A window on show grows from the place that was set, and stays on its screen.
     void SetNamedSize(QSize size);
+    /// Moves the window and remembers where: some window managers tell it another place than it has.
+    void SetPlace(QPoint place);
     void SetSmallest(QSize size);
     /// Shadow, ground and outline.
     void Paint(QPainter& p, const QColor& ground) const;
@@ -67,4 +71,5 @@ class WindowFrame : public QObject {
     bool byHand_ = false;
     QPoint pressedAt_;
     QRect pressedRect_;
+    std::optional<QPoint> place_;
 };

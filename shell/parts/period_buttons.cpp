@@ -35,7 +35,7 @@ PeriodButtons::PeriodButtons(QWidget* parent)
     };
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
-    row->setSpacing(Skin::kPartnerGap / 2);
+    row->setSpacing(Skin::Space::kPartner / 2);
     row->addWidget(btnDate0);
     row->addWidget(new KestroLabel(u"–"_s, LabelKind::plain, this));
     row->addWidget(btnDate1);

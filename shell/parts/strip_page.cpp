@@ -31,8 +31,8 @@ void StripPage::PlaceStrip() {
     const bool narrow = width() < Skin::Px(kNarrowPage);
     open_ = open_ && narrow;
     KestroScrollMenu1->SetCollapsed(narrow);
-    const int margin = KestroScrollMenu1->sizeHint().width() + Skin::kPageMargin;
-    room_->setContentsMargins(margin, Skin::kPartnerGap, Skin::kPageMargin, Skin::kPartnerGap);
+    const int margin = KestroScrollMenu1->sizeHint().width() + Skin::Space::kPage;
+    room_->setContentsMargins(margin, Skin::Space::kPartner, Skin::Space::kPage, Skin::Space::kPartner);
     if (open_) KestroScrollMenu1->SetCollapsed(false);
     KestroScrollMenu1->setGeometry(0, 0, KestroScrollMenu1->sizeHint().width(), height());
     if (open_) KestroScrollMenu1->raise();

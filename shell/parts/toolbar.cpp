@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
     row_->setContentsMargins({});
-    row_->setSpacing(Skin::kPartnerGap);
+    row_->setSpacing(Skin::Space::kPartner);
     row_->setSizeConstraint(QLayout::SetNoConstraint);
     row_->addStretch();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -54,7 +54,7 @@ void Toolbar::SetEnd(QWidget* box, int least, int wanted) {
 int Toolbar::Needed() const {
     int sum = 0;
     for (const auto* button : buttons_)
-        if (!button->isHidden()) sum += button->sizeHint().width() + Skin::kPartnerGap;
+        if (!button->isHidden()) sum += button->sizeHint().width() + Skin::Space::kPartner;
     return sum;
 }
 

@@ -241,3 +241,34 @@ TEST_F(Login, ADamagedNotebookBarsNobody) {
     EXPECT_TRUE(boxes.Seen().front().startsWith(u"意外错误，错误信息："_s));
     EXPECT_TRUE(PageOfCode(kPageAccount));
 }
+
+TEST_F(Login, TheArrowGoesDownWithItsStrip) {
+    PutBook(u"box/a.jotdb"_s);
+    Show();
+    auto* arrow = Find<QWidget>(login_.get(), "pngArrow");
+    const auto low = [&] { return arrow->mapTo(arrow->window(), QPoint()).y(); };
+    const int before = low();
+    QTest::mouseClick(arrow, Qt::LeftButton);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(low(), before + 130);
+    QTest::mouseClick(arrow, Qt::LeftButton);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(low(), before);
+}
+
+// Unlike in other windows, the focus does not matter to Enter here; the blank presses what has it.
+TEST_F(Login, EnterIsTheLoginWhereverTheFocusStands) {
+    PutBook(u"box/a.jotdb"_s);
+    for (const char* control : {"btnCancel", "pngArrow", "comBook"}) {
+        entered_ = 0;
+        Show();
+        Find<QWidget>(login_.get(), control)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(login_->focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(entered_, 1) << control;
+        EXPECT_EQ(left_, 0) << control;
+    }
+    Show();
+    Find<QWidget>(login_.get(), "btnCancel")->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(login_->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(left_, 1);
+}

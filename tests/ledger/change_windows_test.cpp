@@ -74,6 +74,32 @@ TEST_F(ChangeWindows, AnEditedEntryRewritesItsLineAndKeepsItsKey) {
     EXPECT_TRUE(BalanceBreaks(State().gDB).isEmpty());
 }
 
+// The chart's row has another name by now and is hidden; the entry keeps the one it was made with, also when
+// its box was emptied and typed anew.
+TEST_F(ChangeWindows, ARenamedHiddenKindAndTheNotesBytesOutliveAnEdit) {
+    auto& book = State().gDB;
+    book.Execute(u"update tKind set Name1='新名',nHide=1 where Sort1='0201'"_s);
+    book.Execute(u"update tAccount set Note1='甲\r\n乙\u00a0' where Id1=3"_s);
+    const auto row = [&] { return Rows(book, u"select Type1,TypeName1,Note1 from tAccount where Id1=3"_s); };
+    const auto before = row();
+    auto page = Open<frmAccount>(3);
+    list_->SetCurrentRow(0);
+    OnEntryWindow([](QWidget* window) {
+        auto* kind = Find<KestroCombox>(window, "comKind");
+        const QString text = kind->text();
+        for (const QString& typed : {u"没有"_s, text}) {
+            kind->setFocus();
+            kind->selectAll();
+            TypeInto(kind, typed);
+            Find<QWidget>(window, "txtThing")->setFocus();
+        }
+        EXPECT_EQ(kind->text(), text);
+    });
+    boxes.Expect(u"【事情】：购买办公桌"_s);
+    page->Do(Act::edit);
+    EXPECT_EQ(row(), before);
+}
+
 TEST_F(ChangeWindows, TheWindowShowsAWholeEntryAndKeepsWhatIsLeftAlone) {
     auto& book = State().gDB;
     PostEntry(book, RichEntry());

@@ -23,6 +23,16 @@ class EntryCheckTest : public Fixture {
 
 }  // namespace
 
+TEST_F(EntryCheckTest, AnAmountLeftAsItWasLoadedStandsWhateverItsSize) {
+    auto e = Full();
+    e.money = e.accountValue[0] = e.accountValue[1] = u"9999999999999"_s;
+    EXPECT_EQ(CheckEntry(e).focus, EntryField::money);
+    e.loadedAmounts = {e.money, e.accountValue[0], e.accountValue[1]};
+    EXPECT_TRUE(CheckEntry(e).Good());
+    e.accountValue[1] = u"9999999999998"_s;
+    EXPECT_EQ(CheckEntry(e).focus, EntryField::account2Value);
+}
+
 // Everything is wrong at first; each row puts right what the row before it complained of.
 TEST_F(EntryCheckTest, ComplaintsComeInTheirOrder) {
     struct Step {
@@ -47,8 +57,11 @@ TEST_F(EntryCheckTest, ComplaintsComeInTheirOrder) {
          EntryField::accountValue},
         {[](auto& e) { e.accountValue[0] = u" "_s; }, u"【账户一金额】不能为空!"_s + hint,
          EntryField::accountValue},
+        {[](auto& e) { e.accountValue[0] = u"1e16"_s; }, u"金额不正确!"_s, EntryField::accountValue},
         {[](auto& e) { e.accountValue[0] = u".7"_s; }, u"【账户二名称】不能为空!"_s, EntryField::account2},
         {[](auto& e) { e.text[kAccount2] = u"c"_s; }, u"【账户二金额】不能为空!"_s,
+         EntryField::account2Value},
+        {[](auto& e) { e.accountValue[1] = u"-1000000000000"_s; }, u"金额不正确!"_s,
          EntryField::account2Value},
         {[](auto& e) { e.accountValue[1] = u".x"_s; }, u"【账户一】与【账户二】不能相同!"_s,
          EntryField::none},

@@ -78,6 +78,27 @@ TEST_F(EntryWindow, GrowsAndShrinksByItsTwoAreas) {
     EXPECT_FALSE(At<QWidget>("comAccName1")->isVisible());
 }
 
+// Some window managers tell a window that it stands in the screen's corner.
+TEST_F(EntryWindow, GrowsFromThePlaceThatWasSet) {
+    const QPoint place = window_->pos();
+    ASSERT_FALSE(place.isNull());
+    window_->move(0, 0);
+    QTest::mouseClick(At<QWidget>("chkOther"), Qt::LeftButton, {}, {12, 12});
+    EXPECT_EQ(window_->pos(), place);
+    const QPoint moved = place - QPoint(10, 7);
+    window_->move(moved);
+    QTest::mouseClick(At<QWidget>("chkOther"), Qt::LeftButton, {}, {12, 12});
+    EXPECT_EQ(window_->pos(), moved);
+}
+
+TEST_F(EntryWindow, MarksTheBoxThatWasRefused) {
+    boxes.Expect(u"事情不能为空!"_s);
+    Press("btnEnter");
+    EXPECT_TRUE(At<KestroText>("txtThing")->IsWrong());
+    Type("txtThing", u"笔"_s);
+    EXPECT_FALSE(At<KestroText>("txtThing")->IsWrong());
+}
+
 TEST_F(EntryWindow, AFailedCheckSendsTheFocusAndKeepsTheWindow) {
     const auto refused = [this](const QString& message, const char* control) {
         boxes.Expect(message);

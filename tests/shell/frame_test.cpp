@@ -15,6 +15,7 @@
 
 #include <QDialog>
 #include <QFile>
+#include <QHoverEvent>
 #include <QMimeData>
 #include <QShortcut>
 #include <QUrl>
@@ -258,6 +259,32 @@ TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
     QTest::mouseMove(search, {12, 10});
     EXPECT_TRUE(search->toolTip().startsWith(u"1.关键词限于【事情标题】"_s));
     EXPECT_TRUE(frame_->HeaderWidget(u"label"_s)->toolTip().contains(u"单击【查看、修改、备份】账本"_s));
+}
+
+// The pointer has to rest for the hover time; moving on begins it anew, leaving ends it.
+TEST(Tracker, HoverComesAfterARest) {
+    QWidget window;
+    clsTrackInfo tracker;
+    tracker.hwnd = &window;
+    tracker.hoverTime = 30;
+    int hovers = 0;
+    tracker.MouseHover = [&hovers] { ++hovers; };
+    TrackAdd(tracker);
+    const auto send = [&window](QEvent::Type type) {
+        QHoverEvent event(type, QPointF(3, 3), QPointF(3, 3), QPointF());
+        QApplication::sendEvent(&window, &event);
+    };
+    send(QEvent::HoverEnter);
+    EXPECT_EQ(hovers, 0);
+    QTest::qWait(60);
+    EXPECT_EQ(hovers, 1);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&window, &leave);
+    send(QEvent::HoverEnter);
+    QApplication::sendEvent(&window, &leave);
+    QTest::qWait(60);
+    EXPECT_EQ(hovers, 1);
+    TrackRemove(tracker);
 }
 
 TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {

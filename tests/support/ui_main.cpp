@@ -9,7 +9,9 @@
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Offscreen, unless another platform is asked for: a small screen, or a display with a window manager.
+    const QByteArray platform = qgetenv("KESTRO_TEST_PLATFORM");
+    qputenv("QT_QPA_PLATFORM", platform.isEmpty() ? QByteArray("offscreen") : platform);
     qputenv("QT_LOGGING_RULES",
             "*.warning=false");  // the offscreen platform cannot raise windows and says so
     QApplication app(argc, argv);

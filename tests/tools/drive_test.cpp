@@ -182,7 +182,7 @@ TEST_F(DriveTest, AmountsAreTakenAsAnAmountBoxTakesThem) {
                           {u".5", u"0.5"},     {u"１２", u"12"},
                           {u"￥ 7", u"7"},     {u"1，234", u"1234"},
                           {u"0.125", u"0.13"}, {u"-0", u"0"},
-                          {u"+3.10", u"3.1"},  {u"999999999999999", u"999999999999999"}};
+                          {u"+3.10", u"3.1"},  {u"999999999999", u"999999999999"}};
     std::vector<QJsonObject> requests;
     QStringList stored;
     for (const auto& c : cases) {

@@ -213,6 +213,17 @@ TEST(TextMenu, IsEnabledAsTheBoxStands) {
     choose({});
 }
 
+TEST(EditBox, GivesBackWhatWasNotChangedToTheCharacter) {
+    Stage<KestroEditBox> stage;
+    const QString text = u"甲\r\n乙\u00a0丙"_s;
+    stage.box->SetText(text);
+    EXPECT_EQ(stage.box->Text(), text);
+    QTest::keyClick(stage.box, Qt::Key_A);
+    EXPECT_EQ(stage.box->Text(), u"a甲\n乙\u00a0丙"_s);
+    stage.box->undo();
+    EXPECT_EQ(stage.box->Text(), text);
+}
+
 TEST(EditBox, LeavesByTabAndPassesCtrlEnterOn) {
     KestroDialog dialog(DialogKind::common);
     auto* box = new KestroEditBox(dialog.Body());
@@ -261,7 +272,10 @@ TEST(Combox, SettlesWhatWasTypedWhenTheUserLeaves) {
     };
     for (const Row& row : std::vector<Row>{{ComboxMode::pick, bank.text, bank.text, {bank}},
                                            {ComboxMode::pick, u" 030201农行 "_s, bank.text, {bank}},
-                                           {ComboxMode::pick, u"农"_s, {}, {{{}, {}}}},
+                                           {ComboxMode::pick, u"030201"_s, bank.text, {bank}},
+                                           {ComboxMode::pick, u"农行"_s, bank.text, {bank}},
+                                           {ComboxMode::pick, u"农"_s, bank.text, {bank}},
+                                           {ComboxMode::pick, u"收入"_s, {}, {{{}, {}}}},
                                            {ComboxMode::pick, u"没有"_s, {}, {{{}, {}}}},
                                            {ComboxMode::freeText, u"没有"_s, u"没有"_s, {}},
                                            {ComboxMode::freeText, bank.text, bank.text, {bank}}}) {
@@ -282,6 +296,19 @@ TEST(Combox, LetsATextStandThatTheProgramPutThere) {
     stage.other->setFocus();
     EXPECT_EQ(stage.box->text(), u"0909已隐藏"_s);
     EXPECT_TRUE(stage.heard.empty());
+    // So it does when it was touched and brought back.
+    stage.box->SetText(u"0909已隐藏"_s, u"0909"_s);
+    const auto typed = [&](const QString& text) {
+        stage.box->setFocus();
+        stage.box->selectAll();
+        Commit(*stage.box, text);
+        stage.other->setFocus();
+    };
+    typed(u"没有"_s);
+    EXPECT_TRUE(stage.box->text().isEmpty());
+    typed(u"0909已隐藏"_s);
+    EXPECT_EQ(stage.box->text(), u"0909已隐藏"_s);
+    EXPECT_EQ(stage.heard.back(), (Choice{u"0909已隐藏"_s, u"0909"_s}));
 }
 
 TEST(Combox, ChoosesByKey) {

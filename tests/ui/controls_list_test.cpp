@@ -2,9 +2,13 @@
 
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_list_columns.h"
+#include "shell/controls/kestro_tool_tip.h"
 #include "shell/skin.h"
+#include "store/outside.h"
 
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -208,6 +212,56 @@ TEST(ListKeys, BlankTicksEnterOpensDeleteIsReported) {
     EXPECT_EQ(list.CurrentRow(), 1);
 }
 
+TEST(ListKeys, LettersLookForTheRowThatBeginsWithThem) {
+    KestroList list;
+    FillOne(list, u"string"_s, {u"0101收入"_s, u"0201办公"_s, u"0202生产"_s, u"0301现金"_s, u"ab c"_s});
+    list.show();
+    const auto typed = [&list](const QString& keys) {
+        QTest::keyClicks(&list, keys);
+        return list.CurrentRow();
+    };
+    EXPECT_EQ(typed(u"0202"_s), 2);
+    QTest::qWait(1050);  // a pause begins anew
+    EXPECT_EQ(typed(u"0"_s), 3);
+    QTest::qWait(1050);
+    EXPECT_EQ(typed(u"ab c"_s), 4);
+    EXPECT_TRUE(list.CheckedRows().empty());
+}
+
+TEST(ListKeys, CopyTheRowOpenItsMenuAndReachBothEnds) {
+    KestroList list;
+    FillLetters(list, 50);
+    QString copied;
+    Outside().copyText = [&copied](const QString& text) { copied = text; };
+    int menuRow = -1;
+    list.onRightClick = [&menuRow](int row, const QPoint&) { menuRow = row; };
+    QTest::keyClick(&list, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(list.CurrentRow(), 49);
+    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(copied, u"49"_s);
+    QTest::keyClick(&list, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(menuRow, 49);
+    QTest::keyClick(&list, Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(list.CurrentRow(), 0);
+    Outside() = {};
+}
+
+TEST(ListKeys, HeadingsAreSortedByKey) {
+    KestroList list;
+    FillOne(list, u"string"_s, {u"b"_s, u"c"_s, u"a"_s});
+    list.show();
+    list.SetCurrentRow(0);
+    QTest::keyClick(&list, Qt::Key_Up, Qt::AltModifier);
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_EQ(list.CheckedRows().size(), 3U);  // the first heading marks all
+    QTest::keyClick(&list, Qt::Key_Right);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(Keys(list), QStringList({u"c"_s, u"a"_s, u"b"_s}));
+    QTest::keyClick(&list, Qt::Key_Escape);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(list.CurrentKey(), u"b"_s);
+}
+
 TEST(ListMouse, TickingLeavesTheCurrentRowAndTheHeadingMarksAll) {
     KestroList list;
     FillLetters(list, 3);
@@ -221,6 +275,21 @@ TEST(ListMouse, TickingLeavesTheCurrentRowAndTheHeadingMarksAll) {
     EXPECT_TRUE(list.CheckedRows().empty());
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, CellCentre(list, 1, 1));
     EXPECT_EQ(list.CurrentRow(), 1);
+}
+
+TEST(ListMouse, ATipLeavesWithItsCell) {
+    KestroToolTip::Install();
+    KestroList list;
+    FillOne(
+        list, u"string"_s,
+        {u"一个长得在它的格子里写不下的名字，所以要整个显示出来，再长一些，再长一些，再长一些"_s, u"短"_s});
+    list.show();
+    const QPoint at = CellCentre(list, 0, 1);
+    QHelpEvent help(QEvent::ToolTip, at, list.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(list.viewport(), &help);
+    ASSERT_TRUE(KestroToolTip::IsShown(u"cell"_s));
+    QTest::mouseMove(list.viewport(), CellCentre(list, 1, 1));
+    EXPECT_FALSE(KestroToolTip::IsShown(u"cell"_s));
 }
 
 TEST(ListColumns, ShareTheRoom) {

@@ -1,5 +1,9 @@
 // Menus, strips, trees, bars and options, driven as a user drives them.
 
+#include "shell/controls/kestro_button.h"
+#include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_dialog.h"
+#include "shell/controls/kestro_link.h"
 #include "shell/controls/kestro_menu.h"
 #include "shell/controls/kestro_option.h"
 #include "shell/controls/kestro_pgress.h"
@@ -59,6 +63,27 @@ TEST_F(MenuTest, AChoiceBelowIsReportedUnderTheNameOfItsMenu) {
     menu->actions()[0]->menu()->actions()[0]->trigger();
     EXPECT_EQ(heard_, QStringList(u"shortdate/today"_s));
     menu->close();
+}
+
+// The pointer went away while the menu had the mouse.
+TEST_F(MenuTest, NothingStaysHoveredBehindAMenu) {
+    QWidget window;
+    auto* button = new KestroButton(ButtonLook::plain, u"菜单"_s, {}, &window);
+    window.show();
+    KestroMenu menu(&window);
+    menu.AddItem(u"a"_s, u"甲"_s);
+    button->setAttribute(Qt::WA_UnderMouse);
+    QCursor::setPos(window.mapToGlobal(QPoint(window.width() + 50, 0)));
+    menu.PopupAt(window.mapToGlobal(QPoint(0, 30)));
+    menu.close();
+    EXPECT_FALSE(button->underMouse());
+}
+
+TEST_F(MenuTest, MenusOfTheToolkitAreFramelessToo) {
+    QMenu menu;
+    menu.addAction(u"甲"_s);
+    menu.ensurePolished();
+    EXPECT_TRUE(menu.windowFlags().testFlag(Qt::FramelessWindowHint));
 }
 
 class StripTest : public testing::Test {
@@ -152,6 +177,49 @@ TEST(OptionPair, ExactlyOneIsOn) {
     EXPECT_TRUE(other->IsAdd());
 }
 
+// Under desktops whose theme lets Enter press every button, too: run on a display with
+// XDG_CURRENT_DESKTOP=GNOME.
+TEST(EnterKey, IsTheWindowsUnlessTheFocusCameToAButtonByKey) {
+    KestroDialog dialog(DialogKind::common);
+    auto* column = new QVBoxLayout(dialog.Body());
+    auto* check = new KestroCheck(u"重要"_s);
+    auto* pair = new KestroOptionPair;
+    auto* button = new KestroButton(ButtonLook::plain, u"别的"_s);
+    auto* link = new KestroLink(u"网页"_s);
+    auto* main = new KestroButton(ButtonLook::primary, u"确定"_s);
+    for (QWidget* control :
+         {static_cast<QWidget*>(check), static_cast<QWidget*>(pair), static_cast<QWidget*>(button),
+          static_cast<QWidget*>(link), static_cast<QWidget*>(main)})
+        column->addWidget(control);
+    int entered = 0, pressed = 0;
+    main->onClick = [&entered] { ++entered; };
+    button->onClick = link->onClick = [&pressed] { ++pressed; };
+    dialog.SetDefaultButton(main);
+    dialog.show();
+    QApplication::setActiveWindow(&dialog);
+    const auto enter = [](QWidget* control, Qt::FocusReason reason) {
+        control->clearFocus();
+        control->setFocus(reason);
+        QTest::keyClick(control, Qt::Key_Return);
+        QTest::keyClick(control, Qt::Key_Enter);
+    };
+    for (const auto reason : {Qt::MouseFocusReason, Qt::TabFocusReason}) {
+        entered = 0;
+        enter(check, reason);
+        enter(pair->ReduceOption(), reason);
+        EXPECT_FALSE(check->IsChecked());
+        EXPECT_TRUE(pair->IsAdd());
+        EXPECT_EQ(entered, 4);
+    }
+    enter(button, Qt::MouseFocusReason);
+    enter(link, Qt::MouseFocusReason);
+    EXPECT_EQ(pressed, 0);
+    EXPECT_EQ(entered, 8);
+    enter(button, Qt::TabFocusReason);
+    enter(link, Qt::TabFocusReason);
+    EXPECT_EQ(pressed, 4);
+}
+
 TEST(Tree, LevelsAndEnter) {
     KestroTree tree;
     const int root = tree.AddNode(KestroTree::kRoot, u"开始"_s, {});
@@ -183,6 +251,10 @@ TEST(Bars, PanelsShareTheRoomAndTheBarKeepsItsRange) {
     bar.onClick = [&clicks](int panel) { clicks.push_back(panel); };
     QTest::mouseClick(&bar, Qt::LeftButton, {}, {590, 15});
     QTest::mouseClick(&bar, Qt::LeftButton, {}, {4, 15});
+    const int number = bar.AddPanel({}, 30, false, u"money"_s);
+    bar.SetPanelText(number, u"1,234,567.89"_s);
+    EXPECT_GT(bar.PanelRect(number).width(), 80);
+    EXPECT_EQ(bar.PanelRect(number).right(), bar.rect().right());
     EXPECT_EQ(clicks, (std::vector<int>{1, 0}));
     KestroPGress progress;
     progress.SetMaximum(10);
