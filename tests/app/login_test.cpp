@@ -240,6 +240,7 @@ TEST_F(Login, ADamagedNotebookBarsNobody) {
         if (auto* login = dynamic_cast<frmLogin*>(window)) login->BtnEnterClicked();
     EXPECT_TRUE(boxes.Seen().front().startsWith(u"意外错误，错误信息："_s));
     EXPECT_TRUE(PageOfCode(kPageAccount));
+}
 
 TEST_F(Login, TheArrowGoesDownWithItsStrip) {
     PutBook(u"box/a.jotdb"_s);
