@@ -302,7 +302,7 @@ TEST_F(Processes, TheCommandLineIsAnsweredWithoutADisplay) {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.remove(u"QT_QPA_PLATFORM"_s);
         environment.remove(u"WAYLAND_DISPLAY"_s);
-        environment.insert(u"DISPLAY"_s, u":77"_s);  // where nothing listens
+        environment.insert(u"DISPLAY"_s, u":4077"_s);  // where nothing listens
         process.setProcessEnvironment(environment);
         process.start(Program(u"KestroJot"_s), c.arguments);
         ASSERT_TRUE(process.waitForFinished(5000));
