@@ -25,8 +25,8 @@ class Notice {
     /// Never throws into the writer: what a handler fails with has its own box.
     void Emit(Args... args) const {
         const auto now = handlers_;  // a handler may end its own subscription
-        for (const auto& [id, handler] : now)
-            if (handlers_.contains(id)) RunEvent([&] { handler(args...); });
+        for (const auto& heard : now)
+            if (handlers_.contains(heard.first)) RunEvent([&] { heard.second(args...); });
     }
 
     void Clear() { handlers_.clear(); }
