@@ -7,7 +7,9 @@
 #include "ledger/frm_account_template.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/png_button.h"
+#include "shell/frm_main.h"
 #include "shell/input_dialog.h"
 #include "shell/message_box.h"
 #include "shell/skin.h"
@@ -108,6 +110,25 @@ TEST_F(Room, LoginWithItsStrip) {
         login.ToggleStrip();
         Check(login, "login with its strip", points);
         EXPECT_GE(login.NamedSize().height(), 278 + 130);
+    });
+}
+
+TEST_F(Room, PagesOfTheFrame) {
+    OpenSettingsStore();
+    AtEachFont([](int points) {
+        frmMain frame;
+        frame.show();
+        for (const QSize size : {QSize(1100, 700), QSize(666, 533)}) {
+            frame.SetNamedSize(size.boundedTo(frame.screen()->availableGeometry().size()));
+            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabSetting}) {
+                frame.SetFormTab(tab);
+                Check(*frame.GetWinhWnd(tab), "page", points);
+            }
+        }
+        Find<KestroScrollMenu>(frame.GetWinhWnd(kTabSubAcc), "KestroScrollMenu1")
+            ->onClick(u"title1"_s, u"tongji"_s);
+        frame.SetFormTab(kTabSubAcc);
+        Check(*frame.GetWinhWnd(kTabSubAcc), "accounts", points);
     });
 }
 
