@@ -178,7 +178,9 @@ void KestroDialog::Leave(const std::function<void()>& road) {
 // A dialog stands over the middle of its window, and wholly on the screen.
 void KestroDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    const QRect area = screen()->availableGeometry();
+    // The shadow may reach over the edge of the screen.
+    const int m = frame_->Margin();
+    const QRect area = screen()->availableGeometry().adjusted(-m, -m, m, m);
     const QRect over = parentWidget() ? parentWidget()->window()->frameGeometry() : area;
     QRect r = rect();
     r.moveCenter(over.center());
