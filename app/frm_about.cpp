@@ -6,7 +6,6 @@
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_link.h"
 #include "shell/controls/kestro_png_pic.h"
-#include "store/outside.h"
 #include "store/state.h"
 
 #include <QApplication>
@@ -26,7 +25,7 @@ void ShowAbout() {
     auto* lnkURL = new KestroLink(u"产品主页"_s, about.Body());
     auto* lnkCorp = new KestroLink(u"关于我们"_s, about.Body());
     lnkURL->onClick = [] { OpenAddress(kHomePage); };
-    lnkCorp->onClick = [] { Outside().open(kMakerPage); };
+    lnkCorp->onClick = [] { OpenAddress(kMakerPage); };
     auto* words = new QVBoxLayout;
     words->setSpacing(6);
     words->addWidget(name);
@@ -43,6 +42,10 @@ void ShowAbout() {
     row->setSpacing(20);
     row->addWidget(logo, 0, Qt::AlignTop);
     row->addLayout(words, 1);
+    auto* seal = new KestroPngPic(about.Body());
+    seal->SetIcon(u"logo-mono"_s);
+    seal->setFixedSize(32, 32);
+    row->addWidget(seal, 0, Qt::AlignBottom);
     auto* close = new KestroButton(ButtonLook::primary, u"确定"_s, {}, about.Footer());
     close->onClick = [&about] { about.accept(); };
     auto* foot = new QHBoxLayout(about.Footer());

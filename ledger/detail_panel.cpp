@@ -32,11 +32,12 @@ DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new KestroLis
 void DetailPanel::Fill(const QString& heading, const QString& title, const std::vector<QStringList>& rows) {
     heading_ = heading;
     title_ = OneLine(title);
-    list_->BeginFill();
-    list_->Clear();
-    for (const auto& row : rows)
-        list_->AddRow(row);
-    list_->EndFill();
+    {
+        const ListFill fill(*list_);
+        list_->Clear();
+        for (const auto& row : rows)
+            list_->AddRow(row);
+    }
     update();
 }
 

@@ -21,8 +21,8 @@ constexpr int kButtonWidth = 80;
 }  // namespace
 
 frmAccountTemplate::frmAccountTemplate(QWidget* parent)
-    : KestroDialog(DialogKind::common, u"记账模板"_s, parent), record_(State().gDlg[kDlgTemplate]) {
-    record_.Flag1 = 0;
+    : KestroDialog(DialogKind::common, u"记账模板"_s, parent) {
+    record_.done = 0;
     Build();
     LayOut();
     LoadTemplates();
@@ -83,19 +83,18 @@ void frmAccountTemplate::Arrange() {
 }
 
 void frmAccountTemplate::LoadTemplates() {
-    KestroList1->BeginFill();
+    const ListFill fill(*KestroList1);
     int number = 0;
     for (const auto& item : ReadTemplates(State().gDB))
         KestroList1->AddRow(QStringList{QString::number(++number), item.title}, QString::number(item.id));
-    KestroList1->EndFill();
     KestroList1->setFocus();
 }
 
 void frmAccountTemplate::Take() {
     const int row = KestroList1->CurrentRow();
-    record_.Num1 = row;
-    record_.Text1 = row < 0 ? QString() : KestroList1->Cell(row, 1);
-    record_.Flag1 = 1;
+    record_.row = row;
+    record_.title = row < 0 ? QString() : KestroList1->Cell(row, 1);
+    record_.done = 1;
     accept();
 }
 

@@ -25,7 +25,7 @@ class frmAccountTemplate : public KestroDialog {
     void DeleteChecked();
     void Renumber();
 
-    DialogRecord& record_;
+    TemplateDialog record_;
     PopupScope popup_;
     QTimer Timer1;
     bool rowOpen_ = false;  ///< the lower row of buttons shows

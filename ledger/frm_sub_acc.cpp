@@ -27,7 +27,8 @@ ListPageWords Words() {
         {u"kind"_s, u"账户名称"_s, 180, 120, u"string"_s, ListColor::none, false, {}},
         {u"add"_s, u"增加"_s, 70, 60, u"money"_s, ListColor::add, false, {}},
         {u"reduce"_s, u"减少"_s, 70, 60, u"money"_s, ListColor::reduce, false, {}},
-        {u"rmb"_s, u"金   额"_s, 75, 50, u"money"_s, ListColor::none, false, {}},
+        {u"rmb"_s, u"金   额"_s, 75, 50, u"money"_s, ListColor::none, false,
+         u"余额在【事情分类】为【全部】的情况下不显示，因为无意义!"_s},
         {u"thing"_s, u"事情"_s, 200, 140, u"string"_s, ListColor::none, true, {}},
     };
     return words;

@@ -143,7 +143,7 @@ void cConnection::Open(const QString& path, Options options) {
     core_ = std::move(core);
     try {
         // extra: the folder is flushed as well, or a power cut could bring a deleted journal back.
-        Execute(u"pragma synchronous=extra; select count(*) from sqlite_master"_s);
+        Execute(u"pragma synchronous=extra; pragma cache_size=-32768; select count(*) from sqlite_master"_s);
     } catch (...) {
         Close();
         throw;

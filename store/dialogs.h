@@ -30,8 +30,10 @@ struct EntryDialog {
 
 /// frmAccountTemplate.
 struct TemplateDialog {
-    explicit TemplateDialog(DialogRecord& r = State().gDlg[kDlgTemplate]) : done(r.Flag1), title(r.Text1) {}
+    explicit TemplateDialog(DialogRecord& r = State().gDlg[kDlgTemplate])
+        : done(r.Flag1), row(r.Num1), title(r.Text1) {}
     int& done;
+    int& row;  ///< of the list, -1 none
     QString& title;
 };
 

@@ -122,7 +122,7 @@ FoundPath RealPath(const QString& path) {
 FoundPath SpelledPath(const QString& path) {
     if (!Exists(path)) return RealPath(path);
     KnowFolder(QFileInfo(path).isDir() ? path : ParentPath(path));
-    const auto lower = RealPath(path.toLower());
+    auto lower = RealPath(path.toLower());
     if (!lower.rivals.isEmpty()) return lower;
     if (lower.exists && !IsSameFile(lower.path, path)) return {path, false, {path, lower.path}};
     return {path, true, {}};

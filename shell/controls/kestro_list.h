@@ -80,10 +80,6 @@ class KestroList : public QTableView {
     // Rows.
     void Clear();
     void Reserve(int count);
-    /// Between the two neither painting nor any other work is done per row. EndFill shows the rows, fits the
-    /// columns and keeps the current row if it is still there.
-    void BeginFill();
-    void EndFill();
     Handle AddRow(std::vector<QString>&& cells, const QString& key = {}, const QString& subKey = {},
                   const RowLook& look = {});
     template <std::same_as<QStringList> List>  // a list in braces is a vector
@@ -122,7 +118,7 @@ class KestroList : public QTableView {
     int SortedColumn() const;  ///< -1 while rows stand as they were added
     bool SortedAscending() const;
     void SortBy(int column, bool ascending);
-    /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or EndFill come.
+    /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or the end of the fill come.
     void SetLoading(bool on);
     void SetEmptyText(const QString& text);
 
@@ -159,6 +155,11 @@ class KestroList : public QTableView {
 
  private:
     friend class KestroListHeader;
+    friend class ListFill;
+    /// Between the two neither painting nor any other work is done per row. EndFill shows the rows, fits the
+    /// columns and keeps the current row if it is still there.
+    void BeginFill();
+    void EndFill();
     int ToView(int column) const;
     int FromView(int viewColumn) const;
     void FitColumns();
@@ -199,7 +200,8 @@ class KestroList : public QTableView {
     bool quiet_ = false;  ///< a change of ours moves the current row, nobody is told
 };
 
-/// Fills a list for as long as it lives, also when reading the rows fails half-way.
+/// Fills a list for as long as it lives, without painting or any other work per row. At its end, also when reading
+/// the rows fails half-way, the rows show, the columns fit, and the current row stays if it is still there.
 class ListFill {
  public:
     explicit ListFill(KestroList& list) : list_(list) { list_.BeginFill(); }

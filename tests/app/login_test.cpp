@@ -1,6 +1,7 @@
 // The login window in every branch that a book or a user can drive it into.
 
 #include "app/frm_login.h"
+#include "app/quiet_close.h"
 #include "app/windows.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
@@ -12,6 +13,7 @@
 #include "store/book_images.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
+#include "store/job.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
@@ -271,4 +273,24 @@ TEST_F(Login, EnterIsTheLoginWhereverTheFocusStands) {
     Find<QWidget>(login_.get(), "btnCancel")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(login_->focusWidget(), Qt::Key_Space);
     EXPECT_EQ(left_, 1);
+}
+
+TEST_F(Login, TheEndFromOutsideStopsAJobAndCancelsWhatIsOpen) {
+    OpenSample();
+    const auto entries = Rows(State().gDB, u"select count(*) from tAccount"_s);
+    int ended = 0;
+    auto job = std::make_unique<Job>();
+    CloseQuietly([&ended] { ++ended; });
+    EXPECT_TRUE(Wait([] { return State().gStop; }));
+    EXPECT_EQ(ended, 0);
+    job.reset();
+    EXPECT_TRUE(Wait([&] { return ended == 1; }));
+
+    ResetDlg(kDlgEntry);
+    EntryDialog(State().gDlg[kDlgEntry]).isNew = 1;
+    QTimer::singleShot(0, [&] { CloseQuietly([&ended] { ++ended; }); });
+    OpenModal(kDlgEntry);
+    EXPECT_EQ(EntryDialog(State().gDlg[kDlgEntry]).done, 0);
+    EXPECT_TRUE(Wait([&] { return ended == 2; }));
+    EXPECT_EQ(Rows(State().gDB, u"select count(*) from tAccount"_s), entries);
 }

@@ -14,9 +14,12 @@
 #include "tests/support/ui_fixture.h"
 
 #include <QDialog>
+#include <QEnterEvent>
 #include <QFile>
+#include <QGuiApplication>
 #include <QHoverEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QShortcut>
 #include <QUrl>
 #include <QWheelEvent>
@@ -220,6 +223,51 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
     EXPECT_EQ(told, (QStringList{u"close"_s, u"1"_s, u"3"_s}));
     EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s),
               QStringList{CurrentBook().Path});
+}
+
+TEST_F(Frame, KeepsItsSizeModeAndColumnsAndFitsTheScreen) {
+    const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    const QSize wanted = QSize(780, 590).boundedTo(screen);
+    Commands().closeAll = {};  // the stores stay open for the next frame
+    const auto again = [this] {
+        Menus::Choose(u"File"_s, u"exit"_s);
+        frame_ = std::make_unique<frmMain>();
+        frame_->show();
+    };
+    frame_->SetNamedSize(wanted);
+    frame_->onDisplayMode(2);
+    ASSERT_TRUE(Wait([this] { return List()->RowCount() == 3; }));
+    auto widths = List()->UserWidths();
+    widths[1] = 150;
+    List()->SetUserWidths(widths);
+    again();
+    EXPECT_EQ(frame_->NamedSize(), wanted);
+    EXPECT_EQ(frame_->DisplayMode(), 2);
+    EXPECT_EQ(List()->UserWidths(), widths);
+    for (const QString& kept : {u"9000,9000,800,600,0,1"_s, u"0,0,99999,99999,0,1"_s, u"x"_s}) {
+        State().gSetDB.Execute(u"update tSetting2 set Value1="_s + Quote(kept) + u" where Key1='Window'"_s);
+        frame_.reset();
+        frame_ = std::make_unique<frmMain>();
+        EXPECT_LE(frame_->NamedSize().width(), screen.width()) << qPrintable(kept);
+        EXPECT_LE(frame_->NamedSize().height(), screen.height()) << qPrintable(kept);
+    }
+}
+
+TEST_F(Frame, TheStripOfANarrowPageOpensOverIt) {
+    frame_->SetNamedSize({700, 540});
+    auto* strip = Find<KestroScrollMenu>(frame_->GetWinhWnd(kTabAccount), "KestroScrollMenu1");
+    auto* list = List();
+    ASSERT_TRUE(Wait([&] { return strip->IsCollapsed(); }));
+    const int left = list->mapTo(frame_.get(), QPoint()).x();
+    const int narrow = strip->width();
+    QEnterEvent enter({5, 5}, {5, 5}, {5, 5});
+    QApplication::sendEvent(strip, &enter);
+    EXPECT_FALSE(strip->IsCollapsed());
+    EXPECT_GT(strip->width(), narrow);
+    EXPECT_EQ(list->mapTo(frame_.get(), QPoint()).x(), left);  // the page stays where it is
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(strip, &leave);
+    EXPECT_TRUE(strip->IsCollapsed());
 }
 
 // A box that opens while a job yields must be answered; keys and shortcuts before it are not heard.

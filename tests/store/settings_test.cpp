@@ -180,7 +180,8 @@ TEST_F(SettingsTest, AFileThatCannotBeWrittenIsReadAllTheSame) {
     Change(u"update tSetting set nGroup=4; alter table tSetting drop column bWebOk"_s);
     cConnection::Seams().beforeStatement = [](const QString& sql) {
         const QString words = sql.trimmed();
-        if (!words.startsWith(u"select"_s) && !words.startsWith(u"pragma"_s)) FailStatement(u"磁盘已满"_s, sql);
+        if (!words.startsWith(u"select"_s) && !words.startsWith(u"pragma"_s))
+            FailStatement(u"磁盘已满"_s, sql);
     };
     Load();
     EXPECT_EQ(State().settings.nGroup, 4);
