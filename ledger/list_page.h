@@ -143,6 +143,7 @@ class ListPage : public StripPage {
     DetailPanel* panel_;
     QWidget* filters_;
     QWidget* listRoom_;
+    QWidget* center_;  ///< the list, and the detail where it stands beside
     QWidget* other_ = nullptr;
     QTimer TimerLoadData;
     bool loaded_ = false;

@@ -114,7 +114,8 @@ void ListPage::BuildFilters(const ListPageWords& words) {
 }
 
 void ListPage::BuildLists(const ListPageWords& words) {
-    listRoom_ = new QWidget(this);
+    center_ = new QWidget(this);
+    listRoom_ = new QWidget(center_);
     KestroList1 = new KestroList(listRoom_);
     KestroList1->setObjectName(u"KestroList1"_s);
     KestroList1->SetCheckColumn(true);
@@ -154,10 +155,8 @@ void ListPage::LayOut() {
     row->addStretch();
     row->addWidget(KestroPGress1);
     lists->addWidget(sums);
-    auto* center = new QHBoxLayout;
-    center->setSpacing(Skin::Space::kPage);
-    center->addWidget(listRoom_, 1);
-    Room()->addLayout(center, 1);
+    RowOf(center_, Skin::Space::kPage)->addWidget(listRoom_, 1);
+    Room()->addWidget(center_, 1);
     Room()->addWidget(panel_);
 }
 
@@ -199,7 +198,7 @@ void ListPage::ShowOther(QWidget* other) {
     if (other_) other_->hide();
     other_ = other;
     filters_->setVisible(!other_);
-    listRoom_->setVisible(!other_);
+    center_->setVisible(!other_);
     txtSearch->setVisible(!other_);
     if (other_) {
         Room()->addWidget(other_, 1);
@@ -228,12 +227,12 @@ void ListPage::Arrange() {
     const bool below = !side && displayMode_ != 2 &&
                        height() - Skin::Px(kListY + kSumsHeight + kListLeast) - panel_->HeightBelow() >= 0;
     panel_->setVisible(!other_ && (side || below));
-    auto* center = static_cast<QHBoxLayout*>(Room()->itemAt(2)->layout());
+    auto* center = static_cast<QHBoxLayout*>(center_->layout());
     const bool isAside = center->indexOf(panel_) >= 0;
     if (side == isAside && panel_->IsPlaced()) return;
     panel_->Place(side);
     if (side)
         center->addWidget(panel_);
     else
-        Room()->insertWidget(3, panel_);
+        Room()->insertWidget(Room()->indexOf(center_) + 1, panel_);
 }

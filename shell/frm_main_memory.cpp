@@ -1,5 +1,5 @@
-// What the frame remembers from run to run: its size and place, the display mode, the widths of the pages' columns.
-// All of it stands beside the entries, so a failure is passed in silence.
+// What the frame remembers from run to run: its size and place, the display mode, the widths of the pages'
+// columns. All of it stands beside the entries, so a failure is passed in silence.
 
 #include "shell/controls/kestro_list.h"
 #include "shell/frm_main.h"

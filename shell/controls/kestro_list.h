@@ -118,7 +118,8 @@ class KestroList : public QTableView {
     int SortedColumn() const;  ///< -1 while rows stand as they were added
     bool SortedAscending() const;
     void SortBy(int column, bool ascending);
-    /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or the end of the fill come.
+    /// Asks the list to show that rows are on their way; seen after 150 ms, until rows or the end of the fill
+    /// come.
     void SetLoading(bool on);
     void SetEmptyText(const QString& text);
 
@@ -200,8 +201,9 @@ class KestroList : public QTableView {
     bool quiet_ = false;  ///< a change of ours moves the current row, nobody is told
 };
 
-/// Fills a list for as long as it lives, without painting or any other work per row. At its end, also when reading
-/// the rows fails half-way, the rows show, the columns fit, and the current row stays if it is still there.
+/// Fills a list for as long as it lives, without painting or any other work per row. At its end, also when
+/// reading the rows fails half-way, the rows show, the columns fit, and the current row stays if it is still
+/// there.
 class ListFill {
  public:
     explicit ListFill(KestroList& list) : list_(list) { list_.BeginFill(); }

@@ -320,6 +320,7 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     auto* chart = Find<ChartPanel>(page.get(), "accounts");
     auto* list = Find<KestroList>(chart, "KestroList1");
     EXPECT_EQ(list->RowCount(), 4);
+    EXPECT_TRUE(Wait([&] { return list->mapTo(page.get(), QPoint()).y() < 60; }));  // right below the toolbar
     OnInputBox({u"04 ABC"_s, u"125.5"_s, {}, true});
     QTest::mouseClick(Find<QWidget>(page.get(), "btnNew"), Qt::LeftButton);
     EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.5"_s, u"125.50"_s, u"0"_s,
