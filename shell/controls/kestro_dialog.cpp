@@ -145,7 +145,10 @@ void KestroDialog::paintEvent(QPaintEvent*) {
                p.fontMetrics().elidedText(windowTitle(), Qt::ElideRight, title.width()));
     const QColor line = Skin::Color(Tok::line);
     if (titleLine_) Skin::HLine(p, named.left() + 1, named.right(), named.top() + TitleHeight(), line);
-    if (footer_) Skin::HLine(p, named.left() + 1, named.right() - footerLineShorter_, footer_->y() - 1, line);
+    if (!footer_) return;
+    const int y = footer_->y() - 1, end = named.right() - footerLineShorter_;
+    Skin::HLine(p, named.left() + 1, end, y, line);
+    if (end < named.right()) Skin::HLine(p, end + 1, named.right() - 1, y, Skin::Color(Tok::page));
 }
 
 void KestroDialog::resizeEvent(QResizeEvent* event) {
@@ -178,7 +181,9 @@ void KestroDialog::Leave(const std::function<void()>& road) {
 // A dialog stands over the middle of its window, and wholly on the screen.
 void KestroDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    const QRect area = screen()->availableGeometry();
+    // The shadow may reach over the edge of the screen.
+    const int m = frame_->Margin();
+    const QRect area = screen()->availableGeometry().adjusted(-m, -m, m, m);
     const QRect over = parentWidget() ? parentWidget()->window()->frameGeometry() : area;
     QRect r = rect();
     r.moveCenter(over.center());

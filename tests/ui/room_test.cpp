@@ -70,8 +70,8 @@ class Room : public UiFixture {
             EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << told(widget);
         }
         EXPECT_GT(seen, 1) << name;
-        EXPECT_LE(window.width(), window.screen()->availableGeometry().width()) << name;
-        EXPECT_LE(window.height(), window.screen()->availableGeometry().height()) << name;
+        const QSize size = dynamic_cast<KestroDialog&>(window).NamedSize();
+        EXPECT_EQ(size, size.boundedTo(window.screen()->availableGeometry().size())) << name;
     }
 
     static void AtEachFont(const std::function<void(int points)>& body) {
@@ -174,7 +174,8 @@ TEST_F(Room, WhatIsLongerThanTheScreenScrolls) {
     box.show();
     QApplication::setActiveWindow(&box);
     QCoreApplication::sendPostedEvents();
-    EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
+    EXPECT_LE(box.NamedSize().height(), box.screen()->availableGeometry().height());
+    EXPECT_GE(box.y() + box.BodyRect().y(), box.screen()->availableGeometry().y());
     const auto inside = [&](const char* name) {
         const auto* control = Find<QWidget>(&box, name);
         return box.rect().contains(QRect(control->mapTo(&box, QPoint()), control->size())) &&
