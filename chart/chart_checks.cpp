@@ -52,7 +52,7 @@ QString NewRowComplaint(cConnection& book, Chart chart, const CodeName& row) {
     if (chart == Chart::kinds && row.code.startsWith(kReservedKind))
         return u"系统保留分类【00】不可新增下一级!"_s;
     if (HasRow(book, RowsOfCode(chart, row.code))) return u"该编号的"_s + word + u"已存在!"_s;
-    if (const auto complaint = ParentComplaint(book, chart, row.code); !complaint.isEmpty()) return complaint;
+    if (auto complaint = ParentComplaint(book, chart, row.code); !complaint.isEmpty()) return complaint;
     if (HasSiblingOfName(book, chart, row)) return u"同一级内有相同的"_s + word + u"名称!"_s;
     return {};
 }

@@ -116,7 +116,7 @@ qint64 AddChartRow(cConnection& book, Chart chart, const CodeName& row, double o
 }
 
 std::optional<ChangedRow> WriteChange(cConnection& book, Chart chart, const ChartChange& change) {
-    const auto row = RewriteRow(book, chart, change);
+    auto row = RewriteRow(book, chart, change);
     if (!row) return {};
     if (change.record.code != change.oldCode) ReplaceCode(book, chart, change.oldCode, change.record.code);
     if (change.record.name != change.oldName) ReplaceName(book, chart, change.oldName, change.record.name);

@@ -15,9 +15,9 @@ int SignOf(bool add) {
     return add ? 1 : -1;
 }
 
+// The checks refuse what is too large, but for an amount that stood before; that one goes back as it was.
 QString StoredAmount(const QString& typed) {
-    const double value = Val(typed);
-    return MoneyText(IsMoney(value) ? value : 0);
+    return MoneyText(Val(typed));
 }
 
 QString StoredTime(const EntryValues& e) {

@@ -223,10 +223,6 @@ QString TwoDigits(int x) {
     return (x < 0 ? u"-"_s : QString()) + QString::number(std::abs(x)).rightJustified(2, u'0');
 }
 
-bool IsMoney(double x) {
-    return std::fabs(x) < 1e15;
-}
-
 std::optional<int> Hundredths(double amount) {
     const double whole = std::round(FixedText(amount).toDouble() * 100);
     if (!std::isfinite(whole) || whole > std::numeric_limits<int>::max() ||

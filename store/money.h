@@ -32,9 +32,6 @@ QString CleanAmount(const QString& text);
 /// A whole number with at least two digits: "07", "-01".
 QString TwoDigits(int x);
 
-/// False for a number of more than 15 whole digits, which no longer tells its yuan apart.
-bool IsMoney(double x);
-
 /// Whole hundredths of an amount, if they fit 32 bits.
 std::optional<int> Hundredths(double amount);
 /// Those of a text; 0 for a blank one, nullopt for one that is no number.
