@@ -1,54 +1,10 @@
 // Keeping the charts: the checks in their order, and what a change writes.
 
-#include "chart/maintenance.h"
-
 #include "chart/chart_checks.h"
-#include "ledger/entry_edit.h"
-#include "store/errors.h"
 #include "store/messages.h"
-#include "store/picture_index.h"
-#include "tests/support/fixture.h"
+#include "tests/support/chart_fixture.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr Chart kKinds = Chart::kinds;
-constexpr Chart kAccounts = Chart::accounts;
-
-class MaintenanceTest : public Fixture {
- protected:
-    MaintenanceTest() { OpenSample(); }
-    cConnection& Book() { return State().gDB; }
-
-    QStringList Dump(const QString& sql) { return Rows(Book(), sql); }
-    /// The chart row: code, name, increase, decrease, balance, whether an opening row is linked.
-    QString Row(Chart chart, const QString& code) {
-        return Dump(u"select Sort1,Name1,nAdd,nReduce,Money,IID>0 from "_s + TableOf(chart).table +
-                    u" where Sort1='"_s + code + u'\'')
-            .join(u';');
-    }
-    /// Changes the row of a code to what is typed.
-    bool Change(Chart chart, const QString& code, const TypedRow& typed) {
-        const qint64 id =
-            Dump(u"select Id1 from "_s + TableOf(chart).table + u" where Sort1='"_s + code + u'\'')
-                .value(0)
-                .toLongLong();
-        const auto stored = ReadChartRecord(Book(), id, chart);
-        return stored && ChangeRow(Book(), chart, *stored, typed);
-    }
-    /// Runs check, which has to show the message (none: empty) and nothing else.
-    template <class Check>
-    void Tells(const QString& message, const QString& what, Check check) {
-        if (!message.isEmpty()) boxes.Expect(message);
-        const auto seen = boxes.Seen().size();
-        check();
-        ASSERT_EQ(boxes.Seen().size() - seen, message.isEmpty() ? 0 : 1) << qPrintable(what);
-        if (!message.isEmpty()) EXPECT_EQ(boxes.Last().text, message) << qPrintable(what);
-    }
-};
-
-}  // namespace
 
 TEST_F(MaintenanceTest, ANewRowIsCheckedInOrder) {
     const QString form = u"格式错误!"_s;
@@ -346,93 +302,4 @@ TEST_F(MaintenanceTest, TheListShowsFiguresAtTheLastLevelAndCountsNoEntries) {
                      u"10|      0302银行存款||-|-|-|-|"_s, u"11|            030201农行||0|5000|2100|2900|"_s,
                      u"12|            030202工行||0|0|0|0|"_s, u"13|      0303应收款||0|8500|0|8500|"_s,
                      u"16|            070801孤||0|1|0|1|"_s}));
-}
-
-TEST_F(MaintenanceTest, AnOpeningSetToNothingTakesAlongWhatItsEntryWasGiven) {
-    const auto balances = [&] {
-        return Dump(u"select Sort1,nAdd,nReduce,Money from tKind"_s) +
-               Dump(u"select Sort1,nAdd,nReduce,Money from tSubAcc"_s);
-    };
-    const auto before = balances();
-    boxes.AnswerAll(1);
-    const auto openings = [&](double amount) {
-        ASSERT_TRUE(Change(kKinds, u"0301"_s, {u"0301 现金"_s, amount, {}, false}));
-        ASSERT_TRUE(Change(kAccounts, u"0301"_s, {u"0301 软件开发"_s, amount, {}, false}));
-    };
-    openings(100);
-    for (const QString& entry : Dump(u"select Id1 from tAccount where Date1='1900-01-01'"_s)) {
-        auto loaded = LoadEntry(Book(), entry.toLongLong());
-        ASSERT_TRUE(loaded.has_value());
-        auto& e = loaded->values;
-        e.kind2On = true;
-        e.code[kKind2] = u"0201"_s;
-        e.text[kKind2] = u"0201办公费用"_s;
-        e.toAccount = e.account2On = true;
-        for (const size_t slot : {kAccount1, kAccount2}) {
-            if (!e.code[slot].isEmpty()) continue;
-            e.code[slot] = slot == kAccount1 ? u"01"_s : u"02"_s;
-            e.text[slot] = e.code[slot] + u"公司"_s;
-            e.accountValue[slot - kAccount1] = u"7"_s;
-        }
-        ASSERT_TRUE(SaveEditedEntry(Book(), e, loaded->main, loaded->opened).done);
-        Book().Execute(
-            u"insert into tPic (ID1,sFromTable,lFromId,lFromId1) values (%1,'tAccount',%1,-1)"_s.arg(entry));
-    }
-    ForgetPictureOwners();
-    openings(0);
-    EXPECT_EQ(balances(), before);
-    EXPECT_EQ(Dump(u"select count(*) from tAccount"_s) + Dump(u"select count(*) from tSubAccItem"_s) +
-                  Dump(u"select count(*) from tPic"_s),
-              (QStringList{u"5"_s, u"2"_s, u"1"_s}));
-}
-
-TEST_F(MaintenanceTest, AChangeThatFailsAnywhereLeavesTheBookAsItWas) {
-    const auto whole = [&] {
-        QStringList rows;
-        for (const QString& table : {u"tKind"_s, u"tSubAcc"_s, u"tAccount"_s, u"tSubAccItem"_s, u"tNum"_s})
-            rows += Dump(u"select * from "_s + table);
-        return rows;
-    };
-    const auto kind = ReadChartRecord(Book(), 12, kKinds);
-    const std::function<void()> changes[] = {
-        [&] {
-            ChangeRow(Book(), kKinds, *kind, {u"030299 农行卡"_s, 5, u"x"_s, true});
-        },
-        [&] {
-            NewRow(Book(), kAccounts, {u"09 甲"_s, 5, {}, false});
-        },
-        [&] { DeleteRowAsked(Book(), kKinds, u"0102"_s, {}); },
-    };
-    for (const auto& change : changes) {
-        bool done = false;
-        for (int fail = 1; !done; ++fail) {
-            const auto before = whole();
-            int statement = 0;
-            cConnection::Seams().beforeStatement = [&](const QString& sql) {
-                if (++statement == fail) FailStatement(u"磁盘已满"_s, sql);
-            };
-            boxes.AnswerAll(1);
-            done = Succeeds(change);
-            cConnection::Seams().beforeStatement = {};
-            if (!done) ASSERT_EQ(whole(), before) << fail;
-            ASSERT_LT(fail, 100);
-        }
-    }
-    // The other side of the account's opening moves no totals.
-    EXPECT_EQ(BalanceBreaks(Book()), QStringList{u"tKind 00: stored -5 0 -5 more than its rows"_s});
-}
-
-TEST_F(MaintenanceTest, AUseThatCameInBehindTheQuestionRefusesTheChange) {
-    const auto use = [&](const QString& code) {
-        Book().Execute(u"insert into tAccount (Id1,Type1,IID,bIsMain) values (60,'%1',-1,1)"_s.arg(code));
-    };
-    boxes.Expect(u"你确定要【删除选定】的分类名称?"_s, 1, [&] { use(u"0102"_s); });
-    boxes.Expect(u"该分类已在记账中被【引用（使用）过】! 因此不能删除"_s);
-    EXPECT_FALSE(DeleteRowAsked(Book(), kKinds, u"0102"_s, {}));
-    EXPECT_EQ(Row(kKinds, u"0102"_s), u"0102|项目收入|0|0|0|0"_s);
-    Book().Execute(u"update tAccount set Id1=61 where Id1=60"_s);
-    boxes.Expect(u"修改之前的编号已经在记账中使用，且有1条记录"_s, 1, [&] { use(u"0102"_s); });
-    boxes.Expect(u"该编号刚刚又有新的记账使用，请重新修改!"_s);
-    EXPECT_FALSE(Change(kKinds, u"0102"_s, {u"0109 项目收入"_s, 0, {}, false}));
-    EXPECT_EQ(Row(kKinds, u"0102"_s), u"0102|项目收入|0|0|0|0"_s);
 }
