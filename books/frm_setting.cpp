@@ -68,6 +68,7 @@ void frmSetting::Shown() {
 
 void frmSetting::TabClicked() {
     OpenSub(u"kind"_s);
+    TakeFocus();
 }
 
 void frmSetting::TakeFocus() {

@@ -18,6 +18,7 @@ struct ChartRecord {
     bool hide = false;
     QString note;
     double newOpening = 0;
+    bool othersMoved = false;  ///< totals of other codes have moved with the change
 };
 
 /// One line of a chart's list: eight cells from the running number to the note.

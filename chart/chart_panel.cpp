@@ -121,6 +121,7 @@ void ChartPanel::ResetGroup() {
 }
 
 void ChartPanel::Reload() {
+    fresh_.Loading();
     const auto lines = ReadChart(State().gDB, chart_);
     const ListFill fill(*KestroList1_);
     KestroList1_->Clear();
@@ -160,9 +161,13 @@ TypedRow ChartPanel::Typed() {
 }
 
 void ChartPanel::Run(const QString& code, const std::function<void()>& change) {
-    const FreshView::Own own(fresh_);
     PendingError failed;
-    if (Succeeds(change, &failed)) return;
+    bool good = false;
+    {
+        const FreshView::Own own(fresh_);
+        good = Succeeds(change, &failed);
+    }
+    if (good) return fresh_.ShownOwn();
     // Part of a change may stand before the statement that fails.
     Succeeds([&] {
         Reload();
@@ -214,11 +219,20 @@ void ChartPanel::Edit() {
     TypedRow typed = Typed();
     // An amount that the box could not show to its last place is not changed by leaving it alone.
     if (!InputDialog().moneyTyped) typed.opening = record->oldOpening;
-    Run(KestroList1_->RowKey(row), [&] {
+    Run(record->code, [&] {
         const auto changed = ChangeRow(State().gDB, chart_, *record, typed);
         if (!changed) return;
-        ShowChanged(row, *changed);
+        const int now = RowOfId(id);  // the list may have been read anew while the box stood
+        if (now >= 0 && !changed->othersMoved) return ShowChanged(now, *changed);
+        Reload();
+        Select(changed->code);
     });
+}
+
+int ChartPanel::RowOfId(qint64 id) const {
+    for (int row = 0; row < KestroList1_->RowCount(); ++row)
+        if (KestroList1_->RowSubKey(row).toLongLong() == id) return row;
+    return -1;
 }
 
 void ChartPanel::ShowChanged(int row, const ChartRecord& record) {
@@ -244,8 +258,10 @@ void ChartPanel::Del() {
         ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
         return Reload();
     }
-    const auto removeLine = [this, row] {
-        KestroList1_->RemoveRows({row});
+    const qint64 id = KestroList1_->RowSubKey(row).toLongLong();
+    const auto removeLine = [this, id] {
+        const int now = RowOfId(id);
+        if (now >= 0) KestroList1_->RemoveRows({now});
         KestroList1_->SetCurrentRow(-1);
     };
     const QString code = KestroList1_->RowKey(row);

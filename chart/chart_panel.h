@@ -45,6 +45,7 @@ class ChartPanel : public QWidget {
     /// fresh.
     void Run(const QString& code, const std::function<void()>& change);
     void Append(qint64 id, const ChartRecord& record);
+    int RowOfId(qint64 id) const;
     void ShowChanged(int row, const ChartRecord& record);
     /// What stands in the input box's record.
     static TypedRow Typed();

@@ -27,8 +27,8 @@ std::optional<ChangedRow> RewriteRow(cConnection& book, Chart chart, const Chart
     if (row.Eof()) return {};
     ChangedRow changed{change.record, row.Int(u"Id1"), row.Int(u"IID"), false};
     auto& record = changed.record;
-    changed.linked = changed.link > 0 && book.RowOf(names.rows, changed.link);
-    record.oldOpening = GetOpeningBalance(book, changed.link, chart);
+    changed.linked = IsOwnOpening(book, chart, changed.link, change.oldCode);
+    record.oldOpening = OpeningOf(book, chart, changed.link, change.oldCode);
     if (!change.openingTouched) record.newOpening = record.oldOpening;
     record.added = row.Number(u"nAdd");
     record.reduced = row.Number(u"nReduce");
@@ -82,13 +82,14 @@ void AddOpening(cConnection& book, Chart chart, const ChangedRow& row) {
     LinkRow(book, chart, row.id, AddOpeningEntry(book, chart, record.newOpening, record.code, record.name));
 }
 
-void MoveOpeningEntry(cConnection& book, Chart chart, const ChangedRow& row) {
+void MoveOpeningEntry(cConnection& book, Chart chart, ChangedRow& row) {
     const double opening = row.record.newOpening;
     if (opening != 0 && !row.linked) return AddOpening(book, chart, row);
     if (opening != 0 && chart == Chart::kinds)
         book.Execute(u"update tAccount"_s + AmountAndSign(opening) + IdIs(row.link));
     if (opening != 0 || row.link < 1) return;
-    RemoveOpeningEntry(book, chart, row.link);
+    // A row that an edit has moved to another code is that code's now.
+    if (row.linked) row.record.othersMoved = RemoveOpeningEntry(book, chart, row.link);
     LinkRow(book, chart, row.id, 0);
 }
 

@@ -21,7 +21,7 @@ struct ChangedRow {
     ChartRecord record;  ///< the row's new figures
     qint64 id = 0;
     qint64 link = 0;      ///< IID, the opening's posted row; 0 or less for none
-    bool linked = false;  ///< that row is there
+    bool linked = false;  ///< that row is there, still under the code
 };
 
 /// Writes the change, all but an account's standing opening. nullopt when the row is gone.

@@ -29,6 +29,22 @@ std::optional<CodeName> RowOfCode(cConnection& book, const QString& code, Chart 
     return CodeName{row.Text(0), row.Text(1)};
 }
 
+struct OpeningRow {
+    double amount = 0;
+    QString code;
+};
+
+std::optional<OpeningRow> OpeningRowOf(cConnection& book, qint64 id, Chart chart) {
+    const auto& names = TableOf(chart);
+    if (id < 1) return {};
+    const auto at = book.RowOf(names.rows, id);
+    if (!at) return {};
+    auto row = book.Read(u"select Value1,nSign,"_s + names.code + u" from "_s + names.rows +
+                         u" where rowid="_s + QString::number(*at));
+    if (!row.Next()) return {};
+    return OpeningRow{row.Number(0) * static_cast<double>(row.Int(1)), row.Text(2)};
+}
+
 QString DetailLines(cConnection& book, Chart chart, const QString& code) {
     const auto row =
         book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
@@ -90,13 +106,29 @@ BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code) {
 }
 
 double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart) {
-    if (entryId < 1) return 0;
-    const QString& rows = TableOf(chart).rows;
-    const auto rowId = book.RowOf(rows, entryId);
-    if (!rowId) return 0;
+    const auto opening = OpeningRowOf(book, entryId, chart);
+    return opening ? opening->amount : 0;
+}
+
+double OpeningOf(cConnection& book, Chart chart, qint64 link, const QString& code) {
+    const auto opening = OpeningRowOf(book, link, chart);
+    return opening && opening->code == code ? opening->amount : 0;
+}
+
+bool IsOwnOpening(cConnection& book, Chart chart, qint64 link, const QString& code) {
+    const auto opening = OpeningRowOf(book, link, chart);
+    return opening && opening->code == code;
+}
+
+std::optional<QString> CodeOfId(cConnection& book, Chart chart, qint64 id) {
     auto row =
-        book.Read(u"select id1,Value1,nSign from "_s + rows + u" where rowid="_s + QString::number(*rowId));
-    return row.Next() ? row.Number(1) * static_cast<double>(row.Int(2)) : 0;
+        book.Read(u"select Sort1 from "_s + TableOf(chart).table + u" where Id1="_s + QString::number(id));
+    return row.Next() ? std::optional(row.Text(0)) : std::nullopt;
+}
+
+std::optional<qint64> IdOfCode(cConnection& book, Chart chart, const QString& code) {
+    auto row = book.Read(u"select Id1 from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
+    return row.Next() ? std::optional(row.Int(0)) : std::nullopt;
 }
 
 std::vector<CodeName> ChildCodes(cConnection& book, Chart chart, const QString& code) {

@@ -45,6 +45,16 @@ BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code);
 /// none.
 double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart);
 
+/// The same as the opening balance of a chart row: 0 when the posted row has another code by now.
+double OpeningOf(cConnection& book, Chart chart, qint64 link, const QString& code);
+
+/// Whether the posted row is there, still under the code.
+bool IsOwnOpening(cConnection& book, Chart chart, qint64 link, const QString& code);
+
+/// Code of a chart row by its id, and the other way; nothing when there is none.
+std::optional<QString> CodeOfId(cConnection& book, Chart chart, qint64 id);
+std::optional<qint64> IdOfCode(cConnection& book, Chart chart, const QString& code);
+
 /// Codes and names of the children of code, two characters longer; the first level for an empty code.
 std::vector<CodeName> ChildCodes(cConnection& book, Chart chart, const QString& code);
 

@@ -27,11 +27,6 @@ AccountRow OpeningRow(cConnection& book, double amount) {
     return row;
 }
 
-qint64 EntryOfRecord(cConnection& book, qint64 record) {
-    const auto row = FindRow(book, u"tSubAccItem"_s, record);
-    return row ? row->Int(u"AccId") : -1;
-}
-
 // The rows of an opening entry that have moved balances.
 PostedIds MovedRows(cConnection& book, Chart chart, qint64 link, PostedIds ids) {
     const auto main = FindRow(book, u"tAccount"_s, ids.main);
@@ -86,15 +81,19 @@ qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QStr
                                  : AddAccountOpeningEntry(book, amount, code, name).record;
 }
 
-void RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link) {
+bool RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link) {
     const qint64 entry = chart == Chart::kinds ? link : EntryOfRecord(book, link);
-    if (const auto ids = TiesOf(book, entry)) {
-        MoveBalances(book, MovedRows(book, chart, link, *ids), Effect::takeBack);
-        DeletePictures(book, u"tAccount"_s, entry);
-        for (const qint64 row : {ids->main, ids->second})
-            DeleteRow(book, u"tAccount"_s, row);
-        for (const qint64 record : {ids->record1, ids->record2})
-            DeleteRow(book, u"tSubAccItem"_s, record);
+    const auto ids = TiesOf(book, entry);
+    if (!ids) {
+        DeleteRow(book, TableOf(chart).rows, link);
+        return false;
     }
-    DeleteRow(book, TableOf(chart).rows, link);
+    const PostedIds moved = MovedRows(book, chart, link, *ids);
+    MoveBalances(book, moved, Effect::takeBack);
+    DeletePictures(book, u"tAccount"_s, entry);
+    for (const qint64 row : {ids->main, ids->second})
+        DeleteRow(book, u"tAccount"_s, row);
+    for (const qint64 record : {ids->record1, ids->record2, chart == Chart::accounts ? link : -1})
+        DeleteRow(book, u"tSubAccItem"_s, record);
+    return moved.main != -1 || moved.second != -1 || moved.record1 != -1 || moved.record2 != -1;
 }

@@ -24,5 +24,5 @@ qint64 AddOpeningEntry(cConnection& book, Chart chart, double amount, const QStr
 
 /// Removes the entry behind a chart row's link, with all that it was given later: second row, records,
 /// pictures, and the balances of these. The opening's own rows move no balance; the chart row is the
-/// caller's.
-void RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link);
+/// caller's. True when other balances have moved with it.
+bool RemoveOpeningEntry(cConnection& book, Chart chart, qint64 link);

@@ -33,11 +33,6 @@ std::vector<qint64> MainRows(cConnection& book, const std::vector<qint64>& ids) 
     return found;
 }
 
-qint64 EntryOfRecord(cConnection& book, qint64 record) {
-    const auto row = FindRow(book, u"tSubAccItem"_s, record);
-    return row ? row->Int(u"AccId") : -1;
-}
-
 // The entry that a record belongs to by the ties of both; nothing for a record whose entry is gone.
 std::optional<qint64> LivingEntry(cConnection& book, qint64 record) {
     const qint64 entry = EntryOfRecord(book, record);

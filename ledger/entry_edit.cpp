@@ -46,12 +46,22 @@ void ChangeAccount(cConnection& book, const EntryValues& e, size_t slot, bool wa
     }
 }
 
+SlotCodes StoredCodes(cConnection& book, const PostedIds& ids) {
+    const auto code = [&](const QString& table, qint64 id, QStringView column) {
+        const auto row = FindRow(book, table, id);
+        return row ? row->Text(column) : QString();
+    };
+    return {code(kEntries, ids.main, u"Type1"), code(kEntries, ids.second, u"Type1"),
+            code(kRecords, ids.record1, u"SubAccKey"), code(kRecords, ids.record2, u"SubAccKey")};
+}
+
 // False when the main row has gone.
 bool RewriteEntry(cConnection& book, const EntryValues& e, qint64 main) {
     Transaction save(book);
     const auto ties = TiesOf(book, main);
     if (!ties) return false;
     PostedIds ids = *ties;
+    InsistOnCodes(book, e, StoredCodes(book, ids));
     MoveBalances(book, ids, Effect::takeBack);
     RewriteAccountRow(book, ids.main, KindRow(e, kKind1));
     ChangeSecondKind(book, e, ids);
@@ -135,6 +145,6 @@ EditOutcome SaveEditedEntry(cConnection& book, EntryValues& entry, qint64 main, 
         TellMissing();
         return {};
     }
-    const bool openedIsGone = opened != main && !book.RowOf(kEntries, opened);
+    const bool openedIsGone = opened != main && !entry.kind2On;  // its row went with the second kind
     return {true, EntryField::none, openedIsGone ? -1 : opened};
 }

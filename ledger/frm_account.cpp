@@ -134,9 +134,9 @@ void frmAccount::NewEntry() {
     entry.isNew = 1;
     {
         const FreshView::Own own(fresh_);
-        if (!OpenModal(kDlgEntry)) return;
+        OpenModal(kDlgEntry);
     }
-    if (!entry.done) return;
+    if (!entry.done) return fresh_.Shown();
     const qint64 id = entry.id;
     ShowOwnChange([this, id] { AppendEntry(id); });
     const int row = query_.all ? -1 : KestroList1->FindRow(QString::number(id));

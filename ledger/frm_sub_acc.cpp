@@ -7,6 +7,7 @@
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/parts/toolbar.h"
+#include "store/entry_effect.h"
 #include "store/state.h"
 
 using namespace Qt::StringLiterals;
@@ -82,6 +83,11 @@ void frmSubAcc::ReloadChoosers() {
     if (!name.isEmpty()) return comKind->SetText(sKind + name);
     sKind = u"all"_s;
     comKind->SetCurrentKey(sKind);
+}
+
+bool frmSubAcc::StandsAlone(int row) const {
+    const auto ties = TiesOf(State().gDB, EntryOf(row));
+    return !ties || ties->record1 == -1 || ties->record2 == -1;
 }
 
 void frmSubAcc::ChooseCode(const QString& code) {

@@ -22,6 +22,7 @@ class frmSubAcc : public ListPage {
     qint64 EntryOf(int row) const override;
     bool CheckLine(int row) override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
+    bool StandsAlone(int row) const override;
     void ChooseCode(const QString& code) override;
     void ReloadChoosers() override;
 

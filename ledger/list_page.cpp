@@ -12,6 +12,10 @@
 #include "store/messages.h"
 #include "store/outside.h"
 
+#include <algorithm>
+#include <limits>
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 ListPage::~ListPage() = default;
@@ -84,6 +88,7 @@ void ListPage::ShowOwnChange(const std::function<void()>& show) {
     if (!query_.all) return ReloadInPlace();
     show();
     ShowSums();
+    fresh_.ShownOwn();
 }
 
 void ListPage::EditCurrent() {
@@ -93,15 +98,22 @@ void ListPage::EditCurrent() {
         return;
     }
     if (!CheckLine(row)) return;
+    const qint64 id = EntryOf(row);
+    if (id > std::numeric_limits<int>::max()) {
+        ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
+        return;
+    }
+    const bool alone = StandsAlone(row);
     ResetDlg(kDlgEntry);
     EntryDialog entry;
     entry.isNew = 0;
-    entry.id = static_cast<int>(EntryOf(row));
+    entry.id = static_cast<int>(id);
     {
         const FreshView::Own own(fresh_);
         OpenModal(kDlgEntry);
     }
-    if (!entry.done) return;
+    if (!entry.done) return fresh_.Shown();
+    if (!alone || !StandsAlone(row)) return ReloadInPlace();
     ShowOwnChange([&] {
         if (entry.id == -1) return;
         if (auto line = ReadLineAgain(row, entry.id)) return RewriteLine(row, std::move(*line));
@@ -125,31 +137,44 @@ void ListPage::DeleteCurrent() {
         return;
     }
     if (!CheckLine(row)) return;
+    bool done = false;
     {
         const FreshView::Own own(fresh_);
-        if (!DeleteAsked(State().gDB, lines_, KestroList1->RowKey(row).toLongLong())) return;
+        done = DeleteAsked(State().gDB, lines_, KestroList1->RowKey(row).toLongLong());
     }
-    ShowOwnChange([&] {
-        KestroList1->RemoveRows({row});
-        ShowDetail();
-    });
+    if (!done) return fresh_.Shown();
+    ShowOwnChange([&] { RemoveGone({row}); });
 }
 
 void ListPage::DeleteChecked() {
     std::vector<qint64> ids;
     for (const auto& key : KestroList1->CheckedKeys())
         ids.push_back(key.toLongLong());
-    const FreshView::Own own(fresh_);
-    DeleteCheckedAsked(State().gDB, lines_, ids, KestroPGress1->Slots(),
-                       [this] { ShowOwnChange([this] { RemoveDeleted(); }); });
+    bool shown = false;
+    const auto show = [&] {
+        ShowOwnChange([this] { RemoveGone(KestroList1->CheckedRows()); });
+        shown = true;
+    };
+    {
+        const FreshView::Own own(fresh_);
+        DeleteCheckedAsked(State().gDB, lines_, ids, KestroPGress1->Slots(), show);
+    }
+    if (!shown) fresh_.Shown();
 }
 
-// Only lines that stand for nothing any more leave the list.
-void ListPage::RemoveDeleted() {
+// Of these lines and those of the same entries, what stands for nothing any more leaves the list.
+void ListPage::RemoveGone(const std::vector<int>& asked) {
+    std::set<QString> entries;
+    for (const int row : asked)
+        entries.insert(KestroList1->RowSubKey(row));
+    std::vector<int> rows;
     std::vector<qint64> ids;
-    const auto rows = KestroList1->CheckedRows();
-    for (const int row : rows)
+    for (int row = 0; row < KestroList1->RowCount(); ++row) {
+        const bool sameEntry = lines_ == LineKind::records && entries.contains(KestroList1->RowSubKey(row));
+        if (!sameEntry && std::find(asked.begin(), asked.end(), row) == asked.end()) continue;
+        rows.push_back(row);
         ids.push_back(KestroList1->RowKey(row).toLongLong());
+    }
     const auto standing = StillThere(State().gDB, lines_, ids);
     std::vector<int> gone;
     for (size_t i = 0; i < rows.size(); ++i)

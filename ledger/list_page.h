@@ -60,6 +60,8 @@ class ListPage : public StripPage {
     virtual bool CheckLine(int /*row*/) { return true; }
     /// The line anew after a change; id is what the entry window handed back. nullopt: the line has to go.
     virtual std::optional<EntryLine> ReadLineAgain(int row, qint64 id) = 0;
+    /// Whether no other line shows the entry of this one.
+    virtual bool StandsAlone(int /*row*/) const { return true; }
     /// Follows a code of the page's chart.
     virtual void ChooseCode(const QString& code) = 0;
     /// Fills what is chosen from anew: the chooser of codes, the strip. May go back to all.
@@ -129,7 +131,9 @@ class ListPage : public StripPage {
     void OpenTree();
     void RewriteLine(int row, EntryLine line);
     void DeleteChecked();
-    void RemoveDeleted();
+    void RemoveGone(const std::vector<int>& asked);
+    /// A chosen code that was changed elsewhere is followed to its new one.
+    void FollowChosenCode();
     void FirstLoad();
     /// Runs the query for the page in sPage.
     void LoadPage();
@@ -138,7 +142,8 @@ class ListPage : public StripPage {
 
     Chart chart_;
     LineKind lines_;
-    EntryFilter filter_;  ///< as it was run
+    EntryFilter filter_;     ///< as it was run
+    qint64 chosenRow_ = -1;  ///< chart row of its code, -1 for all
     std::optional<KnownFigures> figures_;
     DetailPanel* panel_;
     QWidget* filters_;

@@ -47,6 +47,7 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words)
     : StripPage(parent),
       fresh_(this,
              [this] {
+                 FollowChosenCode();
                  ReloadChoosers();
                  ReloadInPlace();
              }),

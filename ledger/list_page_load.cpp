@@ -1,5 +1,6 @@
 // How a list page reads its lines: by its filter, page by page, and once more in place after a change.
 
+#include "chart/codes.h"
 #include "ledger/list_page.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
@@ -68,9 +69,15 @@ void ListPage::ReloadData() {
     if (IsBusy()) return;
     filter_ = {sKind, txtSearch->text(), period_->Value(), chkFlag->IsChecked()};
     query_ = BuildQuery(filter_);
+    chosenRow_ = query_.all ? -1 : IdOfCode(State().gDB, chart_, sKind).value_or(-1);
     figures_.reset();
     sPage = u"0"_s;
     LoadPage();
+}
+
+void ListPage::FollowChosenCode() {
+    if (query_.all || chosenRow_ < 0) return;
+    sKind = CodeOfId(State().gDB, chart_, chosenRow_).value_or(u"all"_s);
 }
 
 void ListPage::ReloadInPlace() {
@@ -101,6 +108,7 @@ void ListPage::LoadPage() {
     Job job(KestroPGress1->Slots());
     if (job.Refused()) return;
     loaded_ = true;
+    fresh_.Loading();
     KestroList1->Clear();
     const int count = Figures().count;
     FillPages(count, sPage.toInt());
@@ -121,10 +129,10 @@ void ListPage::LoadPage() {
         });
         stopped = job.Stopped();
     }
-    fresh_.MarkFresh();
     if (stopped) TellStopped();
     ShowDetail();
     ShowSums();
+    fresh_.MarkFresh();
 }
 
 void ListPage::FillPages(int count, int page) {

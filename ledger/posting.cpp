@@ -1,5 +1,6 @@
 #include "ledger/posting.h"
 
+#include "chart/codes.h"
 #include "store/money.h"
 #include "store/notices.h"
 
@@ -60,12 +61,25 @@ SubAccItemRow RecordRow(const EntryValues& e, size_t slot) {
     return row;
 }
 
+void InsistOnCodes(cConnection& book, const EntryValues& entry, const SlotCodes& before) {
+    const std::array<bool, 4> used{true, entry.kind2On, entry.toAccount, entry.toAccount && entry.account2On};
+    for (size_t slot = 0; slot < used.size(); ++slot) {
+        const QString& code = entry.code[slot];
+        if (!used[slot] || code == before[slot]) continue;
+        auto rows = book.Read(u"select Sort1 from "_s + TableOf(ChartOfSlot(slot)).table + u" where "_s +
+                              AtOrBelow(u"Sort1"_s, code));
+        const bool isLeaf = rows.Next() && rows.Text(0) == code && !rows.Next();
+        if (!isLeaf) FailStatement(u"所选的分类或账户刚刚被修改或删除，请重新选择"_s, {});
+    }
+}
+
 PostedIds PostEntry(cConnection& book, const EntryValues& entry) {
     EntryRows rows{KindRow(entry, kKind1), {}, {}, {}};
     if (entry.kind2On) rows.second = KindRow(entry, kKind2);
     if (entry.toAccount) rows.record1 = RecordRow(entry, kAccount1);
     if (entry.toAccount && entry.account2On) rows.record2 = RecordRow(entry, kAccount2);
     Transaction save(book);
+    InsistOnCodes(book, entry, {});
     const PostedIds ids = PostRows(book, rows);
     save.Commit();
     Notices().entriesChanged.Emit();

@@ -121,7 +121,6 @@ void frmMain::FillHost() {
             DropPage(tab);
     };
     Host().refresh = [this] { RefreshBook(); };
-    Host().updateLogo = [this] { SetLogoNumber(); };
     booksChanged_ = Notices().booksChanged.Subscribe([this] { ShowBookLabel(); });
     remindersChanged_ = Notices().remindersChanged.Subscribe([this] { SetLogoNumber(); });
 }

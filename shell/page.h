@@ -73,7 +73,6 @@ struct PageHost {
     std::function<void(int tab)> show;     ///< goes to a tab
     std::function<void()> dropOtherPages;  ///< unloads all pages but the entry page
     std::function<void()> refresh;         ///< book label, number on the logo, empty search box
-    std::function<void()> updateLogo;      ///< the number on the logo alone
 };
 PageHost& Host();
 

@@ -75,6 +75,11 @@ std::optional<PostedIds> TiesOf(cConnection& book, qint64 id) {
     return PostedIds{id, row.Int(0), row.Int(1), row.Int(2)};
 }
 
+qint64 EntryOfRecord(cConnection& book, qint64 record) {
+    const auto row = FindRow(book, kRecords, record);
+    return row ? row->Int(u"AccId") : -1;
+}
+
 bool RemoveEntry(cConnection& book, qint64 id) {
     const auto ids = TiesOf(book, id);
     if (!ids) return false;

@@ -41,8 +41,11 @@ void DeleteRow(cConnection& book, const QString& table, qint64 id);
 /// The ties that a stored tAccount row holds, as of a main row; nullopt when the row is gone.
 std::optional<PostedIds> TiesOf(cConnection& book, qint64 id);
 
-/// Takes the effect of an entry back and deletes its rows and pictures, given either of its tAccount ids.
-/// False when the row is gone.
+/// The main row that a record names; -1 when the record is gone.
+qint64 EntryOfRecord(cConnection& book, qint64 record);
+
+/// Takes the effect of an entry back and deletes its rows and pictures, given either of its tAccount ids. A
+/// second row that was added later knows nothing of the records, which then stay. False when the row is gone.
 bool RemoveEntry(cConnection& book, qint64 id);
 /// The same for a record alone, whose entry is gone. False when the record is gone.
 bool RemoveRecord(cConnection& book, qint64 record);

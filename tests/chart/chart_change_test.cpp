@@ -1,9 +1,11 @@
 // A change to a chart is one: what it takes along, what a failure and another program leave.
 
 #include "ledger/entry_edit.h"
+#include "ledger/posting.h"
 #include "store/errors.h"
 #include "store/picture_index.h"
 #include "tests/support/chart_fixture.h"
+#include "tests/support/entries.h"
 
 using namespace Qt::StringLiterals;
 
@@ -94,4 +96,33 @@ TEST_F(MaintenanceTest, AUseThatCameInBehindTheQuestionRefusesTheChange) {
     boxes.Expect(u"该编号刚刚又有新的记账使用，请重新修改!"_s);
     EXPECT_FALSE(Change(kKinds, u"0102"_s, {u"0109 项目收入"_s, 0, {}, false}));
     EXPECT_EQ(Row(kKinds, u"0102"_s), u"0102|项目收入|0|0|0|0"_s);
+}
+
+// An edit has given the opening's record to another account: it is that account's now.
+TEST_F(MaintenanceTest, AnOpeningThatWasMovedElsewhereIsLeftAlone) {
+    const auto added = NewRow(Book(), kAccounts, {u"0309 甲"_s, 100, {}, false});
+    ASSERT_TRUE(added.has_value());
+    boxes.AnswerAll(1);
+    const qint64 entry = Dump(u"select Id1 from tAccount where Date1='1900-01-01'"_s).value(0).toLongLong();
+    auto loaded = LoadEntry(Book(), entry);
+    loaded->values.code[kAccount1] = u"0301"_s;
+    loaded->values.text[kAccount1] = u"0301软件开发"_s;
+    ASSERT_TRUE(SaveEditedEntry(Book(), loaded->values, loaded->main, loaded->opened).done);
+    EXPECT_EQ(ReadChartRecord(Book(), added->id, kAccounts)->oldOpening, 0);
+    ASSERT_TRUE(Change(kAccounts, u"0309"_s, {u"0309 甲"_s, 7, {}, false}));
+    ASSERT_TRUE(Change(kAccounts, u"0309"_s, {u"0309 甲"_s, 0, {}, false}));
+    EXPECT_EQ(Row(kAccounts, u"0309"_s), u"0309|甲|0|0|0|0"_s);
+    EXPECT_EQ(Row(kAccounts, u"0301"_s), u"0301|软件开发|100|0|100|0"_s);
+    EXPECT_EQ(Dump(u"select SubAccKey,Value1 from tSubAccItem where Id1>4"_s), QStringList{u"0301|100"_s});
+}
+
+TEST_F(MaintenanceTest, AnEntryIsNotPostedUnderAKindThatHasGone) {
+    auto e = SampleEntry(u"迟到"_s, u"5"_s);
+    Choose(e, kKind1, u"0102"_s, u"项目收入"_s, true);
+    Book().Execute(u"delete from tKind where Sort1='0102'"_s);
+    const auto before = Dump(u"select * from tAccount"_s);
+    EXPECT_THROW(PostEntry(Book(), e), DbError);
+    EXPECT_EQ(Dump(u"select * from tAccount"_s), before);
+    Choose(e, kKind1, u"0302"_s, u"银行存款"_s, true);  // has levels below
+    EXPECT_THROW(PostEntry(Book(), e), DbError);
 }

@@ -137,8 +137,9 @@ class ChangesTest : public RandomEntries {
         qint64 link = 0;
         const auto stored = Stored(Chart::kinds, code, &link);
         if (code == kReservedKind || !StandsAlone(link)) return;
-        const auto row = OpeningOf(u"tAccount"_s, u"Type1,IIID"_s, link);
+        auto row = OpeningOf(u"tAccount"_s, u"Type1,IIID"_s, link);
         if (row.there && row.other != -1) return;  // it has got an account
+        if (row.code != code) row = {};            // it is another kind's entry by now
         const double opening = Opening();
         ASSERT_TRUE(
             ChangeRow(Book(), Chart::kinds, *stored, {code + u' ' + stored->name, opening, {}, false}));
@@ -153,8 +154,9 @@ class ChangesTest : public RandomEntries {
         const QString code = Pick(Accounts()).code;
         qint64 link = 0;
         const auto stored = Stored(Chart::accounts, code, &link);
-        const auto row = OpeningOf(u"tSubAccItem"_s, u"SubAccKey,AccId"_s, link);
+        auto row = OpeningOf(u"tSubAccItem"_s, u"SubAccKey,AccId"_s, link);
         if (!StandsAlone(row.other)) return;
+        if (row.code != code) row = {};
         const auto entry = OpeningOf(u"tAccount"_s, u"Type1,IIID"_s, row.other);
         const double opening = Opening();
         const bool done = Succeeds([&] {

@@ -139,9 +139,7 @@ TEST_F(Freshness, WhileAJobRunsPagesOnlyTakeNote) {
         Post(u"0102"_s, u"9"_s);
         EXPECT_EQ(Entries()->RowCount(), 3);
     }
-    Key(Qt::Key_6);
-    Key(Qt::Key_1);
-    EXPECT_EQ(Entries()->RowCount(), 4);
+    EXPECT_TRUE(Wait([this] { return Entries()->RowCount() == 4; }));
 }
 
 TEST_F(Freshness, APageTurnAsksForNoCountAgain) {
@@ -173,6 +171,34 @@ TEST_F(Freshness, KeysGoRoundTheTabsAndTheFocusStandsOnALine) {
     EXPECT_EQ(frame_->CurrentTab(), kTabAccount);
     QTest::keyClick(frame_.get(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(frame_->CurrentTab(), kTabSetting);
+}
+
+TEST_F(Freshness, APageThatCannotShowItsOwnChangeStaysStale) {
+    auto& book = State().gDB;
+    Entries()->SetCurrentRow(0);
+    boxes.Expect(u"确定要【删除】选定的一条记录?"_s);
+    cConnection::Seams().beforeStatement = [](const QString& sql) {
+        if (sql.startsWith(u"select Id1 from tAccount where Id1 in("_s)) FailStatement(u"读不出"_s, sql);
+    };
+    boxes.Expect(u"意外错误，错误信息："_s);
+    QTest::keyClick(Entries(), Qt::Key_Delete);
+    cConnection::Seams().beforeStatement = {};
+    EXPECT_EQ(Rows(book, u"select count(*) from tAccount where Id1=3"_s), QStringList{u"0"_s});
+    Key(Qt::Key_6);
+    Key(Qt::Key_1);
+    EXPECT_EQ(Entries()->RowCount(), 2);
+}
+
+TEST_F(Freshness, AChosenKindIsFollowedToItsNewCode) {
+    auto* page = Host().page(kTabAccount);
+    Find<KestroScrollMenu>(page, "KestroScrollMenu1")->onClick(u"title3"_s, u"030201"_s);
+    ASSERT_EQ(Entries()->RowCount(), 2);
+    const auto stored = ReadChartRecord(State().gDB, 12, Chart::kinds);
+    boxes.Expect(u"修改之前的编号已经在记账中使用"_s);
+    ASSERT_TRUE(ChangeRow(State().gDB, Chart::kinds, *stored, {u"030209 农行"_s, 0, {}, false}));
+    EXPECT_EQ(Entries()->RowCount(), 2);
+    EXPECT_EQ(Find<KestroCombox>(page, "comKind")->text(), u"030209农行"_s);
+    EXPECT_EQ(Column(Entries(), 5), (QStringList{u"-2100"_s, u"2900"_s}));
 }
 
 // Forward Tab visits the page as it is read: strip, toolbar, search, filters, list.
