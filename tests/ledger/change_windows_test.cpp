@@ -188,6 +188,29 @@ TEST_F(ChangeWindows, ANewLineAfterDeletionsTakesTheNextNumber) {
     EXPECT_EQ(list_->CurrentRow(), 2);
 }
 
+TEST_F(ChangeWindows, BothRecordsOfAnEntryFollowItsChangeAndItsEnd) {
+    PostEntry(State().gDB, RichEntry());
+    auto page = Open<frmSubAcc>(4);
+    list_->SetCurrentRow(2);
+    OnEntryWindow([](QWidget* window) { Find<KestroText>(window, "txtAccValue1")->setText(u"99"_s); });
+    boxes.Expect(u"【事情】：O'Neil 的货款"_s);
+    page->Do(Act::edit);
+    EXPECT_TRUE(Line(3).contains(u"99"_s)) << qPrintable(Line(3).join(u'|'));
+    boxes.Expect(u"确定要【删除】选定的一条记录? 若确定将删除该事情!"_s);
+    page->Do(Act::remove);
+    EXPECT_EQ(list_->RowCount(), 2);
+}
+
+// The record's entry stands, but knows another record: the record alone goes.
+TEST_F(ChangeWindows, ARecordThatItsEntryDoesNotKnowDeletesNoEntry) {
+    auto& book = State().gDB;
+    book.Execute(u"update tAccount set IIID=-1 where Id1 in (5,6)"_s);
+    EXPECT_TRUE(DeleteLine(book, LineKind::records, 3));
+    EXPECT_EQ(
+        Rows(book, u"select count(*) from tAccount"_s) + Rows(book, u"select count(*) from tSubAccItem"_s),
+        (QStringList{u"5"_s, u"1"_s}));
+}
+
 TEST_F(ChangeWindows, ARecordWhoseEntryIsGoneGoesAloneWithItsBalance) {
     auto& book = State().gDB;
     book.Execute(u"delete from tAccount where Id1 in (5,6)"_s);
