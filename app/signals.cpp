@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -15,8 +16,10 @@ int ends[2] = {-1, -1};
 
 // Nothing else is safe in a handler.
 void Note(int) {
+    const int kept = errno;
     const char one = 1;
     [[maybe_unused]] const auto written = write(ends[1], &one, 1);
+    errno = kept;
 }
 
 }  // namespace
@@ -29,6 +32,9 @@ void OnEndSignal(const std::function<void()>& stop) {
         RunEvent(stop);
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction before {};
+        // Who started the program may have asked that it outlives its terminal.
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_IGN) continue;
         struct sigaction action {};
         action.sa_handler = Note;
         action.sa_flags = SA_RESTART;

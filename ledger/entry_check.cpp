@@ -19,8 +19,9 @@ void PutZeroInFront(QString& amount) {
     if (amount.startsWith(u'.')) amount.prepend(u'0');
 }
 
-// A larger amount is refused, but for one that was there already.
-bool FitsOrStands(double amount, const QString& loaded) {
+// A larger amount is refused, but for one that was there already. rounded: as it would be stored.
+bool FitsOrStands(const QString& rounded, const QString& loaded) {
+    const double amount = Val(rounded);
     return std::fabs(amount) < kTooMuch || (!loaded.isEmpty() && Val(loaded) == amount);
 }
 
@@ -36,7 +37,8 @@ QString Sign(bool add) {
 EntryComplaint CheckHead(EntryValues& e) {
     if (e.title.trimmed().isEmpty()) return {u"事情不能为空!"_s, EntryField::thing};
     const auto money = NumericValue(e.money);
-    if (!money || !FitsOrStands(*money, e.loadedAmounts[0])) return {u"金额不正确!"_s, EntryField::money};
+    if (!money || !FitsOrStands(FixedText(*money), e.loadedAmounts[0]))
+        return {u"金额不正确!"_s, EntryField::money};
     e.money = FixedText(*money);
     if (!ParseDate(e.date)) return {u"入账日期不正确!"_s, EntryField::date};
     if (!IsBelow(e.hour, 24)) return {u"小时不正确!"_s, EntryField::hour};
@@ -56,14 +58,14 @@ EntryComplaint CheckAccounts(EntryValues& e) {
     if (e.text[kAccount1].isEmpty()) return {u"【账户一名称】不能为空!"_s + kCloseHint, EntryField::account};
     if (e.accountValue[0].trimmed().isEmpty())
         return {u"【账户一金额】不能为空!"_s + kCloseHint, EntryField::accountValue};
-    if (!FitsOrStands(Val(e.accountValue[0]), e.loadedAmounts[1]))
+    if (!FitsOrStands(FixedText(Val(e.accountValue[0])), e.loadedAmounts[1]))
         return {u"金额不正确!"_s, EntryField::accountValue};
     PutZeroInFront(e.accountValue[0]);
     if (!e.account2On) return {};
     if (e.text[kAccount2].isEmpty()) return {u"【账户二名称】不能为空!"_s, EntryField::account2};
     if (e.accountValue[1].trimmed().isEmpty())
         return {u"【账户二金额】不能为空!"_s, EntryField::account2Value};
-    if (!FitsOrStands(Val(e.accountValue[1]), e.loadedAmounts[2]))
+    if (!FitsOrStands(FixedText(Val(e.accountValue[1])), e.loadedAmounts[2]))
         return {u"金额不正确!"_s, EntryField::account2Value};
     PutZeroInFront(e.accountValue[1]);
     if (e.text[kAccount1] == e.text[kAccount2])

@@ -58,7 +58,6 @@ frmMain::frmMain() {
     FillHost();
     RefreshBook();
     SetFormTab(kTabAccount);
-    SetLogoNumber();
     if (Commands().tellAgent) Commands().tellAgent(2);
 }
 

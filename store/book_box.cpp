@@ -27,7 +27,12 @@ void ReadInfo(BookRecord& book, int waitMs) {
 
 BookRecord OutsideBook(const QString& path) {
     QString name = path;
-    return {path.toLower(), u"->"_s + FileNameOf(name, kBookExtension).toLower(), 0, {}, RealPath(path).path};
+    const auto real = RealPath(path);
+    return {path.toLower(),
+            u"->"_s + FileNameOf(name, kBookExtension).toLower(),
+            0,
+            {},
+            real.exists ? real.path : QString()};
 }
 
 }  // namespace

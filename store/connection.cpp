@@ -134,8 +134,13 @@ void cConnection::Open(const QString& path, Options options) {
     const auto& vfs = Seams().vfs;
     const int flags = options.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (sqlite3_open_v2(real.path.toUtf8().constData(), &core->db, flags,
-                        vfs.isEmpty() ? nullptr : vfs.constData()) != SQLITE_OK)
-        core->Fail(u"open "_s + path);
+                        vfs.isEmpty() ? nullptr : vfs.constData()) != SQLITE_OK) {
+        // The file is there: what keeps it shut is no vanishing.
+        DbError failed(sqlite3_extended_errcode(core->db), core->source,
+                       QString::fromUtf8(sqlite3_errmsg(core->db)), u"open "_s + path);
+        failed.hint = u"没有打开该文件的权限"_s;
+        throw failed;
+    }
     sqlite3_extended_result_codes(core->db, 1);
     sqlite3_busy_timeout(core->db, options.waitMs);
     RegisterTextFunctions(core->db);
@@ -305,7 +310,11 @@ std::optional<qint64> cConnection::RowOf(const QString& table, qint64 id) {
     auto& core = Core();
     const auto name = table.toLower();
     const auto added = core.added.value(name);
-    if (const auto found = added.constFind(id); found != added.constEnd()) return *found;
+    if (const auto found = added.constFind(id); found != added.constEnd()) {
+        // A row deleted since has left its number to another.
+        const auto there = core.RowFrom(core.order[name], name, *found);
+        if (there && there->row == *found && there->id == id) return *found;
+    }
     if (!IdsRise(name)) {
         auto row = Read(u"select rowid from "_s + table + u" where Id1="_s + QString::number(id));
         return row.Next() ? std::optional(row.Int(0)) : std::nullopt;

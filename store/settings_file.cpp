@@ -117,8 +117,10 @@ qint32 HandOverToRunning(const QString& path) {
     auto row = settings.OpenRecordset(u"select lHandle,sOutOpenDBFile from tSetting"_s);
     if (row.Eof()) return 0;
     const auto handle = static_cast<qint32>(row.Int(u"lHandle"));
-    // The running copy has to tell what lower case would lead elsewhere.
-    const bool plain = SpelledPath(path).rivals.isEmpty();
+    // The running copy has to tell what lower case would lead elsewhere, or nowhere.
+    const auto lower = RealPath(path.toLower());
+    const bool elsewhere = QFileInfo::exists(path) && !(lower.exists && IsSameFile(lower.path, path));
+    const bool plain = SpelledPath(path).rivals.isEmpty() && !elsewhere;
     row.Set(u"sOutOpenDBFile", plain ? path.toLower() : path);
     row.Update();
     return handle;

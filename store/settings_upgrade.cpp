@@ -31,6 +31,14 @@ constexpr Wanted kWanted[] = {
     {u"tAd", u"iid", u"integer"},
 };
 
+const QString kMessages =
+    u" (Id1 integer primary key autoincrement, Title1 text, Note1 text, Date1 text, Time1 text,"
+    u" bWakeOk integer, iid integer);"_s;
+
+bool HasTable(cConnection& file, const QString& table) {
+    return file.Read(u"select 1 from sqlite_master where type='table' and name="_s + Quote(table)).Next();
+}
+
 bool HasColumn(cConnection& file, const Wanted& wanted) {
     return file.OpenRecordset(u"select * from "_s + QString::fromUtf16(wanted.table) + u" where 0"_s)
         .Has(wanted.column);
@@ -44,8 +52,7 @@ bool MessagesHaveAKey(cConnection& file) {
 // Ids stay; a missing one, or one that came before, is given anew behind all others.
 void GiveMessagesAKey(cConnection& file) {
     file.Execute(
-        u"create table tAdNew (Id1 integer primary key autoincrement, Title1 text, Note1 text, Date1 text,"
-        u" Time1 text, bWakeOk integer, iid integer);"
+        u"create table tAdNew"_s + kMessages +
         u"insert into tAdNew select Id, Title1, Note1, Date1, Time1, bWakeOk, iid from"
         u" (select *, rowid as Row, case when typeof(Id1)='integer' and not exists"
         u" (select 1 from tAd b where b.Id1=a.Id1 and b.rowid<a.rowid) then Id1 end as Id from tAd a)"
@@ -56,15 +63,20 @@ void GiveMessagesAKey(cConnection& file) {
 }  // namespace
 
 void UpgradeSettings(cConnection& file) {
+    const bool hasMessages = HasTable(file, u"tAd"_s);
     std::vector<const Wanted*> missing;
     for (const auto& wanted : kWanted)
-        if (!HasColumn(file, wanted)) missing.push_back(&wanted);
-    const bool keyed = MessagesHaveAKey(file);
+        if ((hasMessages || QString::fromUtf16(wanted.table) != u"tAd") && !HasColumn(file, wanted))
+            missing.push_back(&wanted);
+    const bool keyed = hasMessages && MessagesHaveAKey(file);
     if (missing.empty() && keyed) return;
     Transaction all(file);
     for (const auto* wanted : missing)
         file.Execute(u"alter table "_s + QString::fromUtf16(wanted->table) + u" add column "_s +
                      QString::fromUtf16(wanted->column) + u' ' + QString::fromUtf16(wanted->declared));
-    if (!keyed) GiveMessagesAKey(file);
+    if (!hasMessages)
+        file.Execute(u"create table tAd"_s + kMessages);
+    else if (!keyed)
+        GiveMessagesAKey(file);
     all.Commit();
 }

@@ -33,6 +33,18 @@ TEST_F(EntryCheckTest, AnAmountLeftAsItWasLoadedStandsWhateverItsSize) {
     EXPECT_EQ(CheckEntry(e).focus, EntryField::account2Value);
 }
 
+TEST_F(EntryCheckTest, AnAmountIsMeasuredAsItWillBeStored) {
+    for (const auto& [money, good] :
+         {std::pair{u"999999999999.994"_s, true}, {u"999999999999.996"_s, false}}) {
+        auto e = Full();
+        e.money = e.accountValue[0] = money;
+        EXPECT_EQ(CheckEntry(e).Good(), good) << qPrintable(money);
+        e = Full();
+        e.accountValue[0] = money;
+        EXPECT_EQ(CheckEntry(e).Good(), good) << qPrintable(money);
+    }
+}
+
 // Everything is wrong at first; each row puts right what the row before it complained of.
 TEST_F(EntryCheckTest, ComplaintsComeInTheirOrder) {
     struct Step {
