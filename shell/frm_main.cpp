@@ -266,7 +266,7 @@ void frmMain::Unload() {
     Timer1.stop();
     TrackRemove(MyTrak);
     KeepPlace();
-    for (int tab = 0; tab < kTabs; ++tab)
+    for (const Tab tab : {kTabAccount, kTabSubAcc, kTabStats, kTabNote, kTabSetting, kTabWeb})
         DropPage(tab);
     hide();
     if (Commands().closeAll) Commands().closeAll();

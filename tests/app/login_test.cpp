@@ -2,6 +2,8 @@
 
 #include "app/frm_login.h"
 #include "app/quiet_close.h"
+#include "app/single_instance.h"
+#include "app/startup.h"
 #include "app/windows.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
@@ -293,4 +295,23 @@ TEST_F(Login, TheEndFromOutsideStopsAJobAndCancelsWhatIsOpen) {
     EXPECT_EQ(EntryDialog(State().gDlg[kDlgEntry]).done, 0);
     EXPECT_TRUE(Wait([&] { return ended == 2; }));
     EXPECT_EQ(Rows(State().gDB, u"select count(*) from tAccount"_s), entries);
+}
+
+TEST_F(Login, AMessageMeantForAnotherRunIsNotHeard) {
+    PutBook(u"box/a.jotdb"_s);
+    PutBook(u"box/b.jotdb"_s);
+    ScanBookBox(Path(u"box"_s));
+    ReadBookInfo();
+    ShowLogin();
+    for (auto* window : QApplication::topLevelWidgets())
+        if (auto* login = dynamic_cast<frmLogin*>(window)) login->BtnEnterClicked();
+    ASSERT_TRUE(PageOfCode(kPageAccount));
+    RegisterDialog(kDlgInput, [](QPoint) { InputDialog().done = 1; });
+    const int before = State().gCurBook;
+    const QString other = State().gBooks.at(before == 0 ? 1 : 0).Path;
+    State().gSetDB.Execute(u"update tSetting set sOutOpenDBFile="_s + Quote(other));
+    MainChannel().onMessage({State().gRunHandle + 1, kCodeOpenBook, 0, {}});
+    EXPECT_EQ(State().gCurBook, before);
+    MainChannel().onMessage({State().gRunHandle, kCodeOpenBook, 0, {}});
+    EXPECT_EQ(CurrentBook().Path, other);
 }
