@@ -306,7 +306,10 @@ TEST_F(Login, AMessageMeantForAnotherRunIsNotHeard) {
     for (auto* window : QApplication::topLevelWidgets())
         if (auto* login = dynamic_cast<frmLogin*>(window)) login->BtnEnterClicked();
     ASSERT_TRUE(PageOfCode(kPageAccount));
-    RegisterDialog(kDlgInput, [](QPoint) { InputDialog().done = 1; });
+    RegisterDialog(kDlgInput, [](QPoint) {
+        InputDialog().done = 1;
+        InputDialog().text.clear();
+    });
     const int before = State().gCurBook;
     const QString other = State().gBooks.at(before == 0 ? 1 : 0).Path;
     State().gSetDB.Execute(u"update tSetting set sOutOpenDBFile="_s + Quote(other));
