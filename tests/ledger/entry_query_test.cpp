@@ -52,38 +52,6 @@ EntryFilter WithText(const QString& text) {
 
 }  // namespace
 
-TEST_F(EntryQueryTest, EachFilterAddsItsPieceInOrder) {
-    const QDate day(2016, 9, 3), first(2016, 1, 1), last(2016, 12, 31);
-    struct Case {
-        EntryFilter filter;
-        QString where;
-    };
-    const Case cases[] = {
-        {{}, u" and bIsMain=1"_s},
-        {{u"all"_s, {}, {}, true}, u" and Mark1=1 and bIsMain=1"_s},
-        {{u"all"_s, u"  "_s, {}, false}, u" and bIsMain=1"_s},
-        {{u"all"_s, u"桌"_s, {}, false}, u" and Title1 like '%桌%' and bIsMain=1"_s},
-        {{u"all"_s, u"O'N"_s, {}, false}, u" and Title1 like '%O''N%' and bIsMain=1"_s},
-        {{u"0302"_s, {}, {}, false}, u" and Type1>='0302' and Type1<'0303'"_s},
-        {{u"all"_s, {}, {day, {}}, false}, u" and bIsMain=1 and Date1>='2016-09-03'"_s},
-        {{u"all"_s, {}, {{}, day}, false}, u" and bIsMain=1 and Date1<='2016-09-03'"_s},
-        {{u"all"_s, {}, {first, last}, false},
-         u" and bIsMain=1 and (date1 >='2016-01-01' and date1<= '2016-12-31')"_s},
-        {{u"01"_s, u"x"_s, {first, last}, true},
-         u" and Mark1=1 and Title1 like '%x%' and Type1>='01' and Type1<'02'"
-         u" and (date1 >='2016-01-01' and date1<= '2016-12-31')"_s},
-    };
-    for (const auto& c : cases) {
-        const auto query = BuildEntryQuery(c.filter);
-        EXPECT_EQ(query.where, c.where);
-        EXPECT_EQ(query.Sql(),
-                  u"select Id1,Title1,Mark1,Date1,Time1,Type1,nSign,TypeName1,Value1,IID,IIID,sPic"
-                  u" from tAccount  where 1 "_s +
-                      c.where + u" order by date1,time1,id1 "_s);
-        EXPECT_EQ(AmountHeading(query), c.filter.kind == u"all"_s ? u"金   额"_s : u"累计余额"_s);
-    }
-}
-
 TEST_F(EntryQueryTest, AnEntryIsOneLineAndAChosenKindShowsItsRows) {
     OpenSample();
     Book().Execute(u"update tAccount set Mark1=1 where Id1=3"_s);
