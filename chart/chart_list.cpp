@@ -14,7 +14,7 @@ ChartRecord RecordOf(cConnection& book, const cRecordset& row, Chart chart) {
     ChartRecord record;
     record.code = row.Text(u"Sort1");
     record.name = row.Text(u"Name1");
-    record.oldOpening = OpeningOf(book, chart, row.Int(u"IID"), record.code);
+    record.oldOpening = GetOpeningBalance(book, row.Int(u"IID"), chart, record.code).value_or(0);
     record.newOpening = record.oldOpening;
     record.added = row.Number(u"nAdd");
     record.reduced = row.Number(u"nReduce");

@@ -27,8 +27,9 @@ std::optional<ChangedRow> RewriteRow(cConnection& book, Chart chart, const Chart
     if (row.Eof()) return {};
     ChangedRow changed{change.record, row.Int(u"Id1"), row.Int(u"IID"), false};
     auto& record = changed.record;
-    changed.linked = IsOwnOpening(book, chart, changed.link, change.oldCode);
-    record.oldOpening = OpeningOf(book, chart, changed.link, change.oldCode);
+    const auto opening = GetOpeningBalance(book, changed.link, chart, change.oldCode);
+    changed.linked = opening.has_value();
+    record.oldOpening = opening.value_or(0);
     if (!change.openingTouched) record.newOpening = record.oldOpening;
     record.added = row.Number(u"nAdd");
     record.reduced = row.Number(u"nReduce");

@@ -29,22 +29,6 @@ std::optional<CodeName> RowOfCode(cConnection& book, const QString& code, Chart 
     return CodeName{row.Text(0), row.Text(1)};
 }
 
-struct OpeningRow {
-    double amount = 0;
-    QString code;
-};
-
-std::optional<OpeningRow> OpeningRowOf(cConnection& book, qint64 id, Chart chart) {
-    const auto& names = TableOf(chart);
-    if (id < 1) return {};
-    const auto at = book.RowOf(names.rows, id);
-    if (!at) return {};
-    auto row = book.Read(u"select Value1,nSign,"_s + names.code + u" from "_s + names.rows +
-                         u" where rowid="_s + QString::number(*at));
-    if (!row.Next()) return {};
-    return OpeningRow{row.Number(0) * static_cast<double>(row.Int(1)), row.Text(2)};
-}
-
 QString DetailLines(cConnection& book, Chart chart, const QString& code) {
     const auto row =
         book.OpenRecordset(u"select * from "_s + TableOf(chart).table + u" where Sort1="_s + Quote(code));
@@ -105,19 +89,15 @@ BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code) {
     return {MoneyText(added), MoneyText(reduced), MoneyText(added - reduced)};
 }
 
-double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart) {
-    const auto opening = OpeningRowOf(book, entryId, chart);
-    return opening ? opening->amount : 0;
-}
-
-double OpeningOf(cConnection& book, Chart chart, qint64 link, const QString& code) {
-    const auto opening = OpeningRowOf(book, link, chart);
-    return opening && opening->code == code ? opening->amount : 0;
-}
-
-bool IsOwnOpening(cConnection& book, Chart chart, qint64 link, const QString& code) {
-    const auto opening = OpeningRowOf(book, link, chart);
-    return opening && opening->code == code;
+std::optional<double> GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart, const QString& code) {
+    const auto& names = TableOf(chart);
+    if (entryId < 1) return {};
+    const auto at = book.RowOf(names.rows, entryId);
+    if (!at) return {};
+    auto row = book.Read(u"select Value1,nSign,"_s + names.code + u" from "_s + names.rows +
+                         u" where rowid="_s + QString::number(*at));
+    if (!row.Next() || row.Text(2) != code) return {};
+    return row.Number(0) * static_cast<double>(row.Int(1));
 }
 
 std::optional<QString> CodeOfId(cConnection& book, Chart chart, qint64 id) {

@@ -41,15 +41,9 @@ struct BranchTexts {
 };
 BranchTexts BranchSums(cConnection& book, Chart chart, const QString& code);
 
-/// Signed opening balance held by the posted row (of the chart's rows table) with this id; 0 when there is
-/// none.
-double GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart);
-
-/// The same as the opening balance of a chart row: 0 when the posted row has another code by now.
-double OpeningOf(cConnection& book, Chart chart, qint64 link, const QString& code);
-
-/// Whether the posted row is there, still under the code.
-bool IsOwnOpening(cConnection& book, Chart chart, qint64 link, const QString& code);
+/// Signed opening balance that a chart row's link leads to: the posted row (of the chart's rows table) with
+/// this id. Nothing when there is none, or when an edit has given it another code.
+std::optional<double> GetOpeningBalance(cConnection& book, qint64 entryId, Chart chart, const QString& code);
 
 /// Code of a chart row by its id, and the other way; nothing when there is none.
 std::optional<QString> CodeOfId(cConnection& book, Chart chart, qint64 id);

@@ -12,7 +12,6 @@
 #include "store/messages.h"
 #include "store/outside.h"
 
-#include <algorithm>
 #include <limits>
 #include <set>
 
@@ -164,14 +163,15 @@ void ListPage::DeleteChecked() {
 
 // Of these lines and those of the same entries, what stands for nothing any more leaves the list.
 void ListPage::RemoveGone(const std::vector<int>& asked) {
+    const std::set<int> wanted(asked.begin(), asked.end());
     std::set<QString> entries;
-    for (const int row : asked)
-        entries.insert(KestroList1->RowSubKey(row));
+    if (lines_ == LineKind::records)
+        for (const int row : asked)
+            entries.insert(KestroList1->RowSubKey(row));
     std::vector<int> rows;
     std::vector<qint64> ids;
     for (int row = 0; row < KestroList1->RowCount(); ++row) {
-        const bool sameEntry = lines_ == LineKind::records && entries.contains(KestroList1->RowSubKey(row));
-        if (!sameEntry && std::find(asked.begin(), asked.end(), row) == asked.end()) continue;
+        if (!wanted.contains(row) && !entries.contains(KestroList1->RowSubKey(row))) continue;
         rows.push_back(row);
         ids.push_back(KestroList1->RowKey(row).toLongLong());
     }

@@ -21,9 +21,6 @@ struct Item {
     QString icon = {};
     QString hint = {};
     std::function<bool()> can = {};
-    bool enabled = true;
-    bool checked = false;
-    bool visible = true;
     bool separator = false;
     bool opensMenu = false;
 };
@@ -61,13 +58,12 @@ void Add(const QString& menu, Item&& item) {
 }
 
 bool IsEnabled(const Item& item) {
-    return item.enabled && (!item.can || item.can());
+    return !item.can || item.can();
 }
 
 void Build(KestroMenu& menu, const Menu& told) {
     menu.onChoose = [name = told.name](const QString& key) { Choose(name, key); };
     for (const Item& item : told.items) {
-        if (!item.visible) continue;
         if (item.separator) {
             menu.AddSeparator(item.key);
             continue;
@@ -80,7 +76,6 @@ void Build(KestroMenu& menu, const Menu& told) {
             menu.AddItem(item.key, item.caption, item.icon, item.hint);
         }
         menu.SetItemEnabled(item.key, IsEnabled(item));
-        menu.SetItemChecked(item.key, item.checked);
     }
 }
 
@@ -94,10 +89,6 @@ void AddMenu(const QString& name) {
     }
 }
 
-bool HasMenu(const QString& name) {
-    return FindMenu(name) != nullptr;
-}
-
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon,
              const QString& hint, std::function<bool()> can) {
     Add(menu, {.key = key, .caption = caption, .icon = icon, .hint = hint, .can = std::move(can)});
@@ -109,22 +100,6 @@ void AddSeparator(const QString& menu, const QString& key) {
 
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption, const QString& icon) {
     Add(menu, {.key = subMenu, .caption = caption, .icon = icon, .opensMenu = true});
-}
-
-void SetEnabled(const QString& menu, const QString& key, bool on) {
-    if (Item* const item = FindItem(menu, key)) item->enabled = on;
-}
-
-void SetChecked(const QString& menu, const QString& key, bool on) {
-    if (Item* const item = FindItem(menu, key)) item->checked = on;
-}
-
-void SetCaption(const QString& menu, const QString& key, const QString& caption) {
-    if (Item* const item = FindItem(menu, key)) item->caption = caption;
-}
-
-void SetVisible(const QString& menu, const QString& key, bool on) {
-    if (Item* const item = FindItem(menu, key)) item->visible = on;
 }
 
 void Popup(const QString& name, const QPoint& globalPos) {

@@ -13,7 +13,6 @@ using Handler = std::function<void(const QString& menu, const QString& item)>;
 
 /// Adds an empty menu; one of the same name is emptied.
 void AddMenu(const QString& name);
-bool HasMenu(const QString& name);
 /// can is asked each time the menu opens and before the item acts; without it the item can be chosen.
 void AddItem(const QString& menu, const QString& key, const QString& caption, const QString& icon = {},
              const QString& hint = {}, std::function<bool()> can = {});
@@ -21,10 +20,6 @@ void AddSeparator(const QString& menu, const QString& key = {});
 /// An item of menu that opens the menu subMenu beside it; a choice there is reported under subMenu's name.
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption,
                 const QString& icon = {});
-void SetEnabled(const QString& menu, const QString& key, bool on);
-void SetChecked(const QString& menu, const QString& key, bool on);
-void SetCaption(const QString& menu, const QString& key, const QString& caption);
-void SetVisible(const QString& menu, const QString& key, bool on);
 
 /// Shows a menu; an unknown or empty one does nothing. Returns at once.
 void Popup(const QString& name, const QPoint& globalPos);

@@ -97,7 +97,9 @@ int FindBook(const QString& path) {
         const auto found = std::find_if(books.begin(), books.end(), fits);
         return found == books.end() ? -1 : static_cast<int>(found - books.begin());
     };
-    if (real.exists) return find([&](const auto& book) { return IsSameFile(FileOf(book).path, real.path); });
+    // Whether a spelling has rivals is asked where the book opens, not of each book here.
+    const auto file = [](const auto& book) { return book.File.isEmpty() ? FileOf(book).path : book.File; };
+    if (real.exists) return find([&](const auto& book) { return IsSameFile(file(book), real.path); });
     return find([&](const auto& book) { return book.Path == path.toLower(); });
 }
 

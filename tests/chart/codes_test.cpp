@@ -130,10 +130,11 @@ TEST_F(CodesTest, BranchesSumTheirRowsAndNotTheStoredTotals) {
 }
 
 TEST_F(CodesTest, OpeningBalancesCarryTheirSign) {
-    EXPECT_EQ(GetOpeningBalance(Book(), 4, Chart::kinds), -2100);
-    EXPECT_EQ(GetOpeningBalance(Book(), 4, Chart::accounts), 8500);
+    EXPECT_EQ(GetOpeningBalance(Book(), 4, Chart::kinds, u"030201"_s), -2100);
+    EXPECT_EQ(GetOpeningBalance(Book(), 4, Chart::accounts, u"02"_s), 8500);
+    EXPECT_EQ(GetOpeningBalance(Book(), 4, Chart::accounts, u"01"_s), std::nullopt);
     for (const qint64 none : {0, -1, 99})
-        EXPECT_EQ(GetOpeningBalance(Book(), none, Chart::kinds), 0) << none;
+        EXPECT_EQ(GetOpeningBalance(Book(), none, Chart::kinds, u"030201"_s), std::nullopt) << none;
 }
 
 TEST_F(CodesTest, ChildrenAreOneLevelBelow) {

@@ -38,14 +38,14 @@ class MenuTest : public testing::Test {
 TEST_F(MenuTest, ChoicesArriveInLowerCase) {
     Menus::AddMenu(u"Export"_s);
     Menus::AddItem(u"EXPORT"_s, u"Html"_s, u"网页"_s);
-    Menus::AddItem(u"export"_s, u"Txt"_s, u"文本"_s);
-    Menus::SetEnabled(u"Export"_s, u"TXT"_s, false);
+    Menus::AddItem(u"export"_s, u"Txt"_s, u"文本"_s, {}, {}, [] { return false; });
     Menus::Popup(u"eXport"_s, {10, 10});
     const auto* menu = dynamic_cast<KestroMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 2);
     EXPECT_FALSE(menu->actions()[1]->isEnabled());
     menu->actions()[0]->trigger();
+    Menus::Choose(u"export"_s, u"txt"_s);  // stands disabled
     EXPECT_EQ(heard_, QStringList(u"export/html"_s));
     QApplication::activePopupWidget()->close();
     Menus::Popup(u"nowhere"_s, {10, 10});
