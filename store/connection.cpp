@@ -285,6 +285,17 @@ bool cReader::IsNull(int column) const {
     return sqlite3_column_type(body_->statement.get(), column) == SQLITE_NULL;
 }
 
+bool cReader::IsNumber(int column) const {
+    const int type = sqlite3_column_type(body_->statement.get(), column);
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+}
+
+QString cReader::Shown(int column) const {
+    const char* const declared = sqlite3_column_decltype(body_->statement.get(), column);
+    if (declared && sqlite3_stricmp(declared, "bit") == 0) return Int(column) ? u"True"_s : u"False"_s;
+    return Text(column);
+}
+
 QString cReader::Text(int column) const {
     auto* statement = body_->statement.get();
     if (sqlite3_column_type(statement, column) == SQLITE_FLOAT) return PlainNumber(Number(column));
