@@ -12,6 +12,7 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "output/frm_print.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -119,6 +120,7 @@ void RegisterWindows() {
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
+    RegisterDialog(kDlgPrint, OpenPrintPreview);
     RegisterDialog(kDlgTree, OpenTreeDialog);
 }
 

@@ -1,5 +1,6 @@
 #include "tools/drive/request.h"
 
+#include "store/dates.h"
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
@@ -7,6 +8,8 @@
 #include "store/state.h"
 
 #include <QDateTime>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +22,7 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), ChartRequests(), TextRequests()})
+    for (const auto& group : {EntryRequests(), ChartRequests(), PrintRequests(), TextRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;
@@ -103,15 +106,39 @@ QString BoxLog::LastText() const {
     return boxes_.isEmpty() ? QString() : boxes_.last()[u"text"].toString();
 }
 
-std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request) {
-    if (!request[u"ids"].isArray()) return {};
+std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request, const QString& field) {
+    if (!request[field].isArray()) return {};
     std::vector<qint64> ids;
-    for (const auto& value : request[u"ids"].toArray()) {
+    for (const auto& value : request[field].toArray()) {
         const qint64 id = value.toInteger(-1);
         if (!value.isDouble() || id < 1) return {};
         ids.push_back(id);
     }
     return ids;
+}
+
+EntryFilter FilterOf(const QJsonObject& r) {
+    EntryFilter filter;
+    const auto put = [&](const QString& key, QString& value) {
+        if (!r[key].toString().isEmpty()) value = r[key].toString();
+    };
+    put(u"kind"_s, filter.kind);
+    put(u"text"_s, filter.text);
+    filter.period = PeriodOf(r);
+    filter.marked = r[u"mark"].toBool();
+    return filter;
+}
+
+Period PeriodOf(const QJsonObject& request) {
+    return {ParseDate(request[u"date1"].toString()), ParseDate(request[u"date2"].toString())};
+}
+
+int PageOf(const QJsonObject& request) {
+    return std::max(0, request[u"page"].toInt());
+}
+
+QJsonArray CellsOf(const std::vector<QString>& cells) {
+    return QJsonArray::fromStringList({cells.begin(), cells.end()});
 }
 
 QJsonObject Refusal(const QString& message, const QString& focus) {

@@ -1,4 +1,5 @@
 #include "chart/codes.h"
+#include "output/print_columns.h"
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/paths.h"
@@ -85,6 +86,7 @@ const std::map<QString, Function>& Functions() {
         {u"CodePathText"_s,
          {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
         {u"BranchSums"_s, {Sums, 0}},
+        {u"ReplaceValue"_s, {[](const auto& a) { return ReplaceValue(a.Text(0), a.Text(1)); }}},
         {u"MakeFolders"_s, {Folders}},
         {u"IsForbiddenBox"_s,
          {[](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }}},
