@@ -14,6 +14,9 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <utility>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -21,9 +24,17 @@ namespace {
 constexpr int kBarHeight = 48, kPageWidth = 124;
 constexpr QSize kSize{880, 680}, kSmallest{640, 400};
 
+// Where it is short of room, buttons lose their captions from the last one on.
 class Bar : public QWidget {
  public:
-    using QWidget::QWidget;
+    Bar(QWidget* parent, std::vector<KestroButton*> shrinking)
+        : QWidget(parent), row_(new QHBoxLayout(this)), shrinking_(std::move(shrinking)) {
+        row_->setContentsMargins(Skin::Space::kPage, 0, Skin::Space::kPage, 1);
+        row_->setSpacing(Skin::Space::kPartner);
+        row_->setSizeConstraint(QLayout::SetNoConstraint);
+        setFixedHeight(Skin::Px(kBarHeight));
+    }
+    QHBoxLayout* Row() const { return row_; }
 
  protected:
     void paintEvent(QPaintEvent*) override {
@@ -31,6 +42,20 @@ class Bar : public QWidget {
         p.fillRect(rect(), Skin::Color(Tok::page));
         Skin::HLine(p, 0, width(), height() - 1, Skin::Color(Tok::line));
     }
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        for (auto* button : shrinking_)
+            button->SetCompact(false);
+        for (auto button = shrinking_.rbegin(); button != shrinking_.rend(); ++button) {
+            row_->invalidate();
+            if (row_->minimumSize().width() > width()) (*button)->SetCompact(true);
+        }
+        row_->invalidate();
+    }
+
+ private:
+    QHBoxLayout* row_;
+    std::vector<KestroButton*> shrinking_;
 };
 
 class Divider : public QWidget {
@@ -78,11 +103,8 @@ void frmPrint::Build() {
 }
 
 void frmPrint::LayOut() {
-    auto* bar = new Bar(Body());
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(Skin::Space::kPage, 0, Skin::Space::kPage, 1);
-    row->setSpacing(Skin::Space::kPartner);
-    bar->setFixedHeight(Skin::Px(kBarHeight));
+    auto* bar = new Bar(Body(), {btnPrint, btnCurr});
+    auto* row = bar->Row();
     comPage->setFixedWidth(Skin::Px(kPageWidth));
     row->addWidget(btnPrint);
     row->addWidget(btnCurr);
@@ -102,5 +124,5 @@ void frmPrint::LayOut() {
     column->addWidget(canvas_, 1);
     SetResizable(true);
     SetSmallest(kSmallest);
-    SetNamedSize(kSize);
+    SetNamedSize({Skin::Px(kSize.width()), Skin::Px(kSize.height())});
 }
