@@ -109,7 +109,7 @@ void frmTJ::LoadComkindData() {
 void frmTJ::FillChooser(KestroCombox* box, Chart chart, QString& code) {
     box->Clear();
     for (const auto& row : AllCodes(State().gDB, chart))
-        box->AddItem(row.code + row.name, row.code, chart == Chart::kinds ? u"items"_s : u"book"_s);
+        box->AddItem(row.code + row.name, row.code, chart == Chart::kinds ? u"kind"_s : u"account"_s);
     if (!box->SetCurrentKey(code)) {
         box->SetText({});
         code.clear();

@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kChooser = 216, kChooserLeast = 120;
+constexpr int kTipHeight = 32;
 constexpr int kMoneyWidth = 150, kMoneyLeast = 80;
 constexpr int kNumberWidth = 60, kNumberLeast = 30;
 constexpr int kNameWidth = 200, kNameLeast = 120;
@@ -115,6 +116,7 @@ void frmTJ::BuildChoosers() {
     btnPrint = toolbar_->Add(Act::print, u"btnPrint"_s, [this] { Do(Act::print); });
     btnExport = toolbar_->Add(Act::exportHtml, u"btnExport"_s, [this] { Do(Act::exportHtml); });
     btnPrint->SetLook(ButtonLook::toolbar);
+    toolbar_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     btnPrint->setToolTip(u"打印所有记录"_s);
     btnExport->setToolTip(u"导出列表所有记录"_s);
     Toolbar::GiveMenu(btnPrint, u"print"_s);
@@ -173,6 +175,7 @@ void frmTJ::LayOut() {
     told->setSpacing(Skin::Space::kPage);
     told->addWidget(lblTip, 1);
     told->addWidget(KestroPGress1);
+    lblTip->setMinimumHeight(Skin::Px(kTipHeight));
     Room()->addLayout(told);
     for (auto* list : lists_)
         Room()->addWidget(list, 1);
