@@ -90,6 +90,7 @@ class Layout {
         Text({kLeft, y_, 0, PrintAlign::left, PrintFont::title, CellText(planned.info.title)});
         y_ += kTitle;
         const QString where = u" from "_s + planned.info.table + u" where 1 "_s + planned.info.condition;
+        const StatementWatch watch(book_, [this] { return job_.GoOn(); });
         auto count = TryRead(u"select count(*)"_s + where);
         if (planned.columns.empty() || !count || !count->Next()) return;
         const auto rows = static_cast<int>(count->Int(0));
@@ -102,6 +103,7 @@ class Layout {
             PrintList(planned.columns, *values);
         else
             PrintRecords(planned.columns, *values);
+        ended_ = ended_ || job_.Stopped();
     }
 
     std::optional<cReader> TryRead(const QString& sql) {
@@ -113,13 +115,12 @@ class Layout {
     // Counts a row, gives way; true when the layout ends here.
     bool Stopped() {
         job_.Step(++rows_);
-        ended_ = ended_ || job_.Stopped();
-        return ended_;
+        return job_.Stopped();
     }
 
     void PrintList(const std::vector<PrintColumn>& columns, cReader& rows) {
         Head(columns);
-        for (int number = 1; !ended_ && rows.Next(); ++number) {
+        for (int number = 1; rows.Next(); ++number) {
             if (y_ > document_.Height() - kListFoot) {
                 if (!NextPage()) return;
                 Head(columns);

@@ -74,9 +74,7 @@ TargetChooser& TargetSlot() {
 
 PrintTarget PdfTarget(const QString& path, const PrintDocument& document) {
     const auto file = std::make_shared<QSaveFile>(path);
-    const auto fail = [file, path] {
-        FailStatement(u"文件【"_s + path + u"】无法写入："_s + file->errorString(), {});
-    };
+    const auto fail = [file, path] { FailStatement(u"文件写入失败："_s + file->errorString(), path); };
     if (!file->open(QIODevice::WriteOnly)) fail();
     auto writer = std::make_unique<QPdfWriter>(file.get());
     writer->setResolution(kPdfResolution);
@@ -100,8 +98,7 @@ bool WritePages(PrintTarget& target, const PrintDocument& document, Job& job) {
     for (size_t page = target.first; page <= target.last; ++page) {
         if (page > target.first && !target.device->newPage()) FailStatement(u"打印机不再接收"_s, {});
         PaintPage(painter, document, document.pages[page], target.resolution / 25.4);
-        job.Step(static_cast<int>(page) + 1);
-        if (job.Stopped()) {
+        if (!job.GoOn()) {
             target.drop();
             return false;
         }

@@ -61,9 +61,14 @@ int Toolbar::Needed() const {
 void Toolbar::Fit() {
     for (auto* button : buttons_)
         button->SetCompact(false);
+    whole_ = Needed();
     const int room = width() - (end_ && !end_->isHidden() ? wanted_ : 0);
     for (auto button = buttons_.rbegin(); button != buttons_.rend() && Needed() > room; ++button)
         (*button)->SetCompact(true);
+}
+
+QSize Toolbar::sizeHint() const {
+    return {whole_ > 0 ? whole_ + (end_ ? wanted_ : 0) : Needed(), row_->sizeHint().height()};
 }
 
 QSize Toolbar::minimumSizeHint() const {

@@ -28,6 +28,8 @@ class Toolbar : public QWidget {
     /// To be called when buttons have come or gone.
     void Fit();
 
+    /// With all captions.
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
  protected:
@@ -39,5 +41,6 @@ class Toolbar : public QWidget {
     QHBoxLayout* row_;
     std::vector<KestroButton*> buttons_;
     QWidget* end_ = nullptr;
+    int whole_ = 0;  ///< width of the buttons with their captions
     int wanted_ = 0;
 };

@@ -12,6 +12,7 @@
 #include "shell/menus.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
+#include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
 #include <QAbstractButton>
@@ -233,11 +234,13 @@ TEST_F(PrintPreview, EveryWayOutLeavesNothingBusy) {
         EXPECT_FALSE(QFile::exists(path));
     };
     run([](const PrintDocument&) { return PrintTarget{}; });
+    const auto yield = Outside().yield;
     run([&](const PrintDocument& document) {
-        Job::StopAfter(2);  // while the second page is written
+        QTest::qSleep(30);  // the first page is written then, and the event loop gets its turn
+        Outside().yield = [] { Job::Stop(); };
         return PdfTarget(path, document);
     });
-    Job::StopAfter(-1);
+    Outside().yield = yield;
     boxes.Expect(u"意外错误"_s);
     run([&](const PrintDocument& document) { return PdfTarget(Path(u"none/out.pdf"_s), document); });
     boxes.Expect(u"意外错误"_s);

@@ -72,7 +72,6 @@ QJsonArray ItemsOf(const PrintDocument& document) {
 }
 
 void WritePdf(const QString& path, const PrintDocument& document) {
-    Job::StopAfter(-1);
     Job job;
     auto target = PdfTarget(path, document);
     WritePages(target, document, job);

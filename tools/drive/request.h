@@ -20,9 +20,11 @@ class BoxLog {
     void SetAnswer(const QString& caption) { answer_ = caption; }
     const QJsonArray& Boxes() const { return boxes_; }
     QString LastText() const;
+    /// What would have been opened by the desktop, empty when nothing.
+    QString Opened() const { return opened_; }
 
  private:
-    QString answer_;
+    QString answer_, opened_;
     QJsonArray boxes_;
 };
 
@@ -45,6 +47,7 @@ struct Request {
 };
 std::span<const Request> EntryRequests();
 std::span<const Request> ChartRequests();
+std::span<const Request> OutputRequests();
 std::span<const Request> PrintRequests();
 std::span<const Request> TextRequests();
 

@@ -11,6 +11,7 @@
 #include "shell/skin.h"
 #include "store/places.h"
 #include "store/state.h"
+#include "tools/tour/see_answers.h"
 #include "tools/tour/tour.h"
 
 #include <QApplication>
@@ -28,12 +29,6 @@ KestroList* EntryList(QWidget* window) {
     return dynamic_cast<KestroList*>(Control(window, "KestroList1"));
 }
 
-QWidget* Tab(QWidget* window, const QString& caption) {
-    for (auto* button : window->findChildren<QAbstractButton*>())
-        if (button->text() == caption) return button;
-    return nullptr;
-}
-
 void DoubleClickRow(KestroList* list, int row) {
     const QPoint at = list->visualRect(list->model()->index(row, 3)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
@@ -43,13 +38,6 @@ void DoubleClickRow(KestroList* list, int row) {
 QWidget* MainWithRows(int rows) {
     auto* window = WindowWith("KestroList1");
     return window && EntryList(window)->RowCount() == rows && !State().gBusy ? window : nullptr;
-}
-
-QWidget* MessageWith(const QString& button) {
-    auto* window = WindowWith("btnEnter");
-    if (!window || window->findChild<QWidget*>(u"txtThing"_s)) return nullptr;
-    auto* enter = dynamic_cast<QAbstractButton*>(Control(window, "btnEnter"));
-    return enter && enter->text() == button ? window : nullptr;
 }
 
 void LogIn(Tour& tour) {
@@ -261,9 +249,10 @@ void DeleteEntry(Tour& tour) {
         });
     tour.Add(
         u"list without the entry"_s, [] { return MainWithRows(4); },
-        [&tour](QWidget*) {
+        [&tour](QWidget* w) {
             const QString left = Lines(u"select count(*) from tAccount where Id1 in (8,9)"_s);
             const QString kind = Lines(u"select nAdd,nReduce,Money from tKind where Sort1='030201'"_s);
+            Click(Tab(w, u"统  计"_s));
             if (left != u"  0\n" || kind != u"  5000 | 2100 | 2900\n")
                 tour.Fail(u"the deletion has not restored the balances"_s);
         });
@@ -293,6 +282,7 @@ int main(int argc, char** argv) {
     SeeAccounts(tour);
     AddKind(tour);
     DeleteEntry(tour);
+    SeeAnswers(tour);
     tour.Start();
     const int code = QApplication::exec();
     TellAgent(1);

@@ -1,5 +1,6 @@
 #include "tools/tour/tour.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QPixmap>
@@ -76,6 +77,19 @@ QWidget* Control(QWidget* window, const char* name) {
     if (auto* control = window->findChild<QWidget*>(QString::fromLatin1(name))) return control;
     std::fprintf(stderr, "tour: no control %s\n", name);
     std::_Exit(1);
+}
+
+QWidget* Tab(QWidget* window, const QString& caption) {
+    for (auto* button : window->findChildren<QAbstractButton*>())
+        if (button->text() == caption) return button;
+    return nullptr;
+}
+
+QWidget* MessageWith(const QString& button) {
+    auto* window = WindowWith("btnEnter");
+    if (!window || window->findChild<QWidget*>(u"txtThing"_s)) return nullptr;
+    auto* enter = dynamic_cast<QAbstractButton*>(Control(window, "btnEnter"));
+    return enter && enter->text() == button ? window : nullptr;
 }
 
 void Click(QWidget* control) {

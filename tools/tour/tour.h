@@ -46,6 +46,10 @@ class Tour {
 QWidget* WindowWith(const char* control);
 /// A control of a window by its object name; ends the process when it is missing.
 QWidget* Control(QWidget* window, const char* name);
+/// The tab of the main window with this caption.
+QWidget* Tab(QWidget* window, const QString& caption);
+/// The message box in front, when its main button says so.
+QWidget* MessageWith(const QString& button);
 void Click(QWidget* control);
 void ClickAt(QWidget* control, QPoint at);
 void Key(QWidget* control, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
