@@ -1,5 +1,6 @@
 #include "app/startup.h"
 
+#include "app/single_instance.h"
 #include "store/book_box.h"
 #include "store/errors.h"
 #include "store/messages.h"
