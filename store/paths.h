@@ -28,6 +28,16 @@ FoundPath SpelledPath(const QString& path);
 void KnowFolder(const QString& folder);
 void ForgetFolders();
 
+/// For a walk over many paths: while one lives, each folder is listed only once, so that what comes into it
+/// meanwhile is not seen.
+class ListingScope {
+ public:
+    ListingScope();
+    ~ListingScope();
+    ListingScope(const ListingScope&) = delete;
+    ListingScope& operator=(const ListingScope&) = delete;
+};
+
 /// True when both exist and are the same on the disk, whatever links lead to them.
 bool IsSameFile(const QString& a, const QString& b);
 
