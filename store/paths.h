@@ -64,6 +64,6 @@ QString MakeFolders(const QString& path);
 
 /// True when path (lower case) lies in a folder of the system outside Windows.
 bool IsSystemFolder(const QString& path);
-/// True when a book box may not lie at path (lower case). home is the Windows system drive.
+/// True when a book box may not lie at path (lower case). systemDrive: of Windows, such as "C:".
 bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
                     const QString& programFolder);

@@ -78,6 +78,17 @@ TEST_F(Processes, TheRoadStandsWhereNoVariableMovesItAndAnswersFromTheLockOn) {
     CloseAll();
 }
 
+TEST_F(Processes, AChannelThatCannotStandIsToldAndKeepsNobodyOut) {
+    InitFolders();
+    const QString road = ChannelName(u"main"_s);
+    QFile::remove(road);
+    ASSERT_TRUE(QDir().mkpath(road + u"/full"_s));
+    boxes.Expect(u"程序无法建立通信通道【"_s + road + u"】"_s);
+    EXPECT_EQ(StartUp({}), StartResult::login);
+    QDir(road).removeRecursively();
+    CloseAll();
+}
+
 TEST_F(Processes, OnlyADeadCopysLockIsTakenOver) {
     InitFolders();
     const QString path = ChannelName(u"lock"_s);
