@@ -242,6 +242,16 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
               QStringList{CurrentBook().Path});
 }
 
+TEST_F(Frame, ASettingsFileThatCannotBeWrittenIsToldOnce) {
+    frame_.reset();
+    State().gSetDB.Open(State().gSetDB.Path(), {.readOnly = true});
+    boxes.Expect(u"意外错误"_s);
+    frame_ = std::make_unique<frmMain>();
+    frame_->show();
+    Menus::Choose(u"File"_s, u"exit"_s);
+    EXPECT_EQ(boxes.Seen().size(), 1);
+}
+
 TEST_F(Frame, PagesAreUnloadedInTheirOrder) {
     QStringList log;
     for (const int tab : {kTabWeb, kTabStats, kTabNote})
