@@ -12,12 +12,14 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "output/search.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
 #include "shell/job_yield.h"
 #include "shell/message_box.h"
 #include "shell/page.h"
+#include "stats/frm_tj.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
 #include "store/outside.h"
@@ -99,6 +101,7 @@ void RegisterCommands() {
     commands.openSettings = [](const QString& key) {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
+    commands.search = [](const QString& text, const JobBar& bar) { RunSearch(text, bar); };
     commands.resetHeadIco = [] { Outside().launch(BesideProgram(u"JotIco"_s), {}, ProgramFolder()); };
 }
 
@@ -115,6 +118,7 @@ void RegisterWindows() {
     RegisterCommands();
     RegisterPage(kTabAccount, [](QWidget* parent) { return new frmAccount(parent); });
     RegisterPage(kTabSubAcc, [](QWidget* parent) { return new frmSubAcc(parent); });
+    RegisterPage(kTabStats, [](QWidget* parent) { return new frmTJ(parent); });
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);

@@ -1,9 +1,12 @@
 #include "chart/chart_panel.h"
 
+#include "chart/chart_export.h"
 #include "chart/codes.h"
+#include "output/export_page.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
+#include "shell/parts/job_bar.h"
 #include "shell/parts/toolbar.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
@@ -40,6 +43,11 @@ ChartPanel::ChartPanel(Chart chart, bool withButtons, QWidget* parent)
     if (withButtons) BuildToolbar(room);
     BuildList();
     room->addWidget(KestroList1_, 1);
+    KestroPGress1_ = new PageJobBar(this);
+    auto gone = KestroPGress1_->sizePolicy();
+    gone.setRetainSizeWhenHidden(false);
+    KestroPGress1_->setSizePolicy(gone);
+    room->addWidget(KestroPGress1_, 0, Qt::AlignRight);
     notices_.push_back(Notices().entriesChanged.Subscribe([this] { fresh_.MarkStale(); }));
     notices_.push_back(Notices().chartChanged.Subscribe([this](Chart) { fresh_.MarkStale(); }));
 }
@@ -56,6 +64,9 @@ bool ChartPanel::Can(Act act) const {
     switch (act) {
         case Act::add:
         case Act::reload:
+        case Act::exportHtml:
+        case Act::exportText:
+        case Act::exportSheet:
             return true;
         case Act::edit:
         case Act::remove:
@@ -75,6 +86,10 @@ void ChartPanel::Do(Act act) {
             return Del();
         case Act::reload:
             return Reload();
+        case Act::exportHtml:
+        case Act::exportText:
+        case Act::exportSheet:
+            return ExportFor(act, ChartExport(State().gDB, chart_), KestroPGress1_->Slots());
         default:
             return;
     }
@@ -89,9 +104,7 @@ void ChartPanel::BuildToolbar(QVBoxLayout* room) {
                                             {Act::reload, u"btnReload"_s}};
     for (const auto& [act, name] : acts) {
         auto* button = toolbar->Add(act, name, [this, act = act] { Do(act); });
-        if (act != Act::exportHtml) continue;
-        Toolbar::GiveMenu(button, u"export"_s);
-        button->setEnabled(false);
+        if (act == Act::exportHtml) Toolbar::GiveMenu(button, u"export"_s);
     }
     lblTip_ = new KestroLabel(u"当前账本的"_s + TableOf(chart_).word + u"列表（单击左侧导航条会刷新）"_s,
                               LabelKind::caption, this);

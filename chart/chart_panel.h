@@ -12,6 +12,7 @@
 #include <vector>
 
 class KestroLabel;
+class PageJobBar;
 class KestroList;
 class QVBoxLayout;
 
@@ -53,6 +54,7 @@ class ChartPanel : public QWidget {
     Chart chart_;
     KestroLabel* lblTip_ = nullptr;
     KestroList* KestroList1_;
+    PageJobBar* KestroPGress1_;
     FreshView fresh_;
     std::vector<NoticeToken> notices_;
 };

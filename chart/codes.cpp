@@ -123,6 +123,14 @@ std::vector<CodeName> ChildCodes(cConnection& book, Chart chart, const QString& 
     return children;
 }
 
+std::vector<CodeName> AllCodes(cConnection& book, Chart chart) {
+    std::vector<CodeName> codes;
+    auto rows = book.Read(u"select Sort1,Name1 from "_s + TableOf(chart).table + u" order by Sort1"_s);
+    while (rows.Next())
+        codes.push_back({rows.Text(0), rows.Text(1)});
+    return codes;
+}
+
 std::vector<CodeName> ShownCodes(cConnection& book, Chart chart) {
     std::vector<CodeName> codes;
     for (auto& row : ShownRows(book, chart))

@@ -52,6 +52,9 @@ std::optional<qint64> IdOfCode(cConnection& book, Chart chart, const QString& co
 /// Codes and names of the children of code, two characters longer; the first level for an empty code.
 std::vector<CodeName> ChildCodes(cConnection& book, Chart chart, const QString& code);
 
+/// All rows, hidden ones too, in order of their codes.
+std::vector<CodeName> AllCodes(cConnection& book, Chart chart);
+
 /// Rows that pickers offer (nHide=0) in order of their codes.
 std::vector<CodeName> ShownCodes(cConnection& book, Chart chart);
 

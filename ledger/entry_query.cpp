@@ -118,10 +118,6 @@ bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
     return true;
 }
 
-void TellStopped() {
-    ShowMsg(u"已停止剩余部分导出!"_s);
-}
-
 QString AmountHeading(const EntryQuery& query) {
     return query.all ? u"金   额"_s : u"累计余额"_s;
 }

@@ -58,8 +58,6 @@ QString Joined(std::initializer_list<QByteArrayView> pieces);
 /// of the page was read.
 bool ReadLines(cConnection& book, const EntryQuery& query, int page, Job& job,
                const std::function<void(EntryLine&&)>& take);
-/// Tells the user that a list was stopped.
-void TellStopped();
 /// Heading of the amount column: 金   额, or 累计余额 with a kind chosen.
 QString AmountHeading(const EntryQuery& query);
 /// The line of one row as it is appended after saving: the line number is number, column 5 is empty.

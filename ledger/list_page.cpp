@@ -1,6 +1,8 @@
 #include "ledger/list_page.h"
 
 #include "ledger/detail_panel.h"
+#include "ledger/list_export.h"
+#include "output/export_page.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_label.h"
@@ -32,6 +34,9 @@ bool ListPage::Can(Act act) const {
         case Act::edit:
         case Act::remove:
             return HasLine();
+        case Act::exportHtml:
+        case Act::exportText:
+        case Act::exportSheet:
         case Act::deleteChecked:
         case Act::reload:
         case Act::find:
@@ -49,6 +54,10 @@ void ListPage::Do(Act act) {
             return EditCurrent();
         case Act::remove:
             return DeleteCurrent();
+        case Act::exportHtml:
+        case Act::exportText:
+        case Act::exportSheet:
+            return ExportFor(act, LinesExport(lines_, RowsOnShow(*KestroList1)), KestroPGress1->Slots());
         case Act::deleteChecked:
             return DeleteChecked();
         case Act::reload:

@@ -15,7 +15,6 @@
 #include "store/errors.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -80,7 +79,6 @@ void ListPage::BuildToolbar(const ListPageWords& words) {
     for (const auto& [button, tip] : tips)
         button->setToolTip(tip);
     btnPrint->setEnabled(false);
-    btnExport->setEnabled(false);
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->setObjectName(u"txtSearch"_s);
     txtSearch->SetPrompt(words.searchPrompt);
@@ -164,12 +162,7 @@ void ListPage::LayOut() {
 void ListPage::Connect(const ListPageWords&) {
     txtSearch->onEnter = [this] { ReloadData(); };
     txtSearch->onEndButton = [this] { ReloadData(); };
-    txtSearch->onKey = [this](QKeyEvent* event) {
-        if (event->key() != Qt::Key_Space && event->key() != Qt::Key_Escape) return false;
-        txtSearch->setText({});
-        ReloadData();
-        return true;
-    };
+    txtSearch->onEmptied = [this] { ReloadData(); };
     comKind->onChoose = [this](const QString&, const QString& key) { ChooseCode(key); };
     comKind->onBrowse = [this] { OpenTree(); };
     period_->onPick = [this] { ReloadData(); };

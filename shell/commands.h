@@ -2,6 +2,8 @@
 // What the frame sets off without knowing who does it. app/windows.cpp fills the slots; the button or menu
 // item of an empty slot stands disabled.
 
+#include "store/job.h"
+
 #include <QString>
 
 #include <functional>
@@ -11,7 +13,7 @@ struct FrameCommands {
     std::function<void()> closeAll;
     std::function<void()> resetHeadIco;
     std::function<void()> about;
-    std::function<void(const QString& text)> search;
+    std::function<void(const QString& text, const JobBar& bar)> search;  ///< over entries and notes
     std::function<void()> webCheck;
     std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings
     std::function<void()> openReminders;

@@ -58,6 +58,7 @@ class frmMain : public KestroForm {
     void FillHost();
     void RefreshBook();
     void ShowBookLabel();
+    void RunSearch();
     void ClearSearch();
     void HeaderButton(const QString& name);
     void StatusClicked(int panel);

@@ -20,6 +20,7 @@ enum Panel { kSearchPanel, kWebPanel, kWaitingPanel, kWebNamePanel, kBoxPanel };
 
 void frmMain::BuildStatusBar() {
     barTip = new KestroStatusBar(this);
+    barTip->setObjectName(u"barTip"_s);
     barTip->AddPanel(u"搜索"_s, 230);
     barTip->AddPanel(u"网账：未连接"_s, 120);
     barTip->AddPanel(u"未收网账： 笔"_s, 140, false, u"new"_s);
@@ -29,12 +30,17 @@ void frmMain::BuildStatusBar() {
     barTip->setToolTip(State().settings.sDBPath + u"\n单击打开【账本盒文件夹】"_s);
     barTip->onClick = [this](int panel) { StatusClicked(panel); };
     txtSearch = new KestroText(TextMode::search, barTip);
+    txtSearch->setObjectName(u"txtSearch"_s);
     txtSearch->SetPrompt(u"搜索"_s);
     txtSearch->setEnabled(static_cast<bool>(Commands().search));
-    txtSearch->onEnter = [this] {
-        if (Commands().search) Commands().search(txtSearch->text());
-    };
+    txtSearch->setToolTip(
+        u"1.搜记账、记事/提醒、其它\n2.搜索结果形成网页\n3.模糊搜索，搜标题和内容\n4.回车开始搜索\n"
+        u"5.单击进度条停止搜索“"_s);
+    txtSearch->onEnter = [this] { RunSearch(); };
+    txtSearch->onEndButton = [this] { RunSearch(); };
+    txtSearch->onEmptied = [] {};
     KestroPGress1 = new KestroPGress(barTip);
+    KestroPGress1->setObjectName(u"KestroPGress1"_s);
     KestroPGress1->onClick = [] { Job::Stop(); };
     KestroPGress1->hide();
     AllowDuringJob(KestroPGress1);
@@ -47,6 +53,25 @@ void frmMain::StatusClicked(int panel) {
     const bool onBox = txtSearch->geometry().contains(barTip->mapFromGlobal(QCursor::pos()));
     if (panel == kWebPanel || (panel == kSearchPanel && !onBox)) OpenAddress(kHomePage);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
+}
+
+// The bar stands in the place of the box while the search runs.
+void frmMain::RunSearch() {
+    if (!Commands().search) return;
+    Commands().search(txtSearch->text(), {.start =
+                                              [this](int maximum) {
+                                                  KestroPGress1->SetMaximum(maximum);
+                                                  KestroPGress1->SetValue(1);
+                                                  KestroPGress1->show();
+                                                  txtSearch->hide();
+                                              },
+                                          .value = [this](int value) { KestroPGress1->SetValue(value); },
+                                          .end =
+                                              [this] {
+                                                  KestroPGress1->hide();
+                                                  txtSearch->show();
+                                                  txtSearch->setFocus();
+                                              }});
 }
 
 void frmMain::ClearSearch() {

@@ -28,8 +28,10 @@ void DistrustSchema(sqlite3* db) {
 
 }  // namespace
 
-void FailStatement(const QString& description, const QString& statement) {
-    throw DbError(kOwnError, u"KestroJot"_s, description, statement);
+void FailStatement(const QString& description, const QString& statement, const QString& hint) {
+    DbError failed(kOwnError, u"KestroJot"_s, description, statement);
+    failed.hint = hint;
+    throw failed;
 }
 
 DbFault FaultOf(int number) {
@@ -69,6 +71,7 @@ QString SqlNumber(double x) {
 
 Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
     sqlite3_stmt* statement = nullptr;
+    if (asking) FailStatement(u"账本正在读取"_s, QString::fromUtf8(sql));
     if (const auto& hook = cConnection::Seams().beforeStatement) hook(QString::fromUtf8(sql));
     if (sqlite3_prepare_v2(db, sql.constData(), static_cast<int>(sql.size()) + 1, &statement, rest) !=
         SQLITE_OK)
@@ -81,6 +84,7 @@ bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
     if (const auto& onScan = cConnection::Seams().onScan)
         if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1) > 0) onScan(sql);
     if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_INTERRUPT && ended && sqlite3_stmt_readonly(statement)) return false;
     if (code != SQLITE_DONE) Fail(sql);
     return false;
 }
@@ -218,6 +222,44 @@ void cConnection::Rollback() noexcept {
     core_->serial = ConnectionCore::NextSerial();
     core_->order.clear();  // ids that were given out come again
     if (InTransaction()) sqlite3_exec(core_->db, "rollback", nullptr, nullptr, nullptr);
+}
+
+bool cConnection::IsReadOnly() const {
+    if (sqlite3_db_readonly(Core().db, "main") == 1) return true;
+    return !QFileInfo(QFileInfo(QString::fromUtf8(sqlite3_db_filename(Core().db, "main"))).path())
+                .isWritable();
+}
+
+namespace {
+
+constexpr int kInstructionsPerQuestion = 20000;
+
+// What flies by must not pass through the C library.
+int AskGoOn(void* data) noexcept {
+    auto& core = *static_cast<ConnectionCore*>(data);
+    core.asking = true;
+    try {
+        core.ended = core.ended || !core.goOn();
+    } catch (...) {
+        core.ended = true;
+    }
+    core.asking = false;
+    return core.ended ? 1 : 0;
+}
+
+}  // namespace
+
+StatementWatch::StatementWatch(cConnection& connection, std::function<bool()> goOn)
+    : core_(connection.Core()) {
+    core_.goOn = std::move(goOn);
+    core_.ended = false;
+    sqlite3_progress_handler(core_.db, kInstructionsPerQuestion, AskGoOn, &core_);
+}
+
+StatementWatch::~StatementWatch() {
+    sqlite3_progress_handler(core_.db, 0, nullptr, nullptr);
+    core_.goOn = {};
+    core_.ended = false;
 }
 
 qint64 ConnectionCore::NextSerial() {

@@ -36,7 +36,8 @@ class DbError : public std::exception {
 };
 
 /// Fails an action for a reason of our own, as a failing statement does.
-[[noreturn]] void FailStatement(const QString& description, const QString& statement);
+[[noreturn]] void FailStatement(const QString& description, const QString& statement,
+                                const QString& hint = {});
 
 /// What the number of a DbError says about the file.
 enum class DbFault {
@@ -165,6 +166,9 @@ class cConnection {
     /// The where part that names the rows of these ids: "rowid in (…)". Ids below 0 are left out.
     QString WhereIds(const QString& table, const std::vector<qint64>& ids);
 
+    /// Whether the file, or the folder that its journal needs, cannot be written.
+    bool IsReadOnly() const;
+
     /// Changes with every open and every rollback: what was remembered of the contents no longer holds.
     qint64 Serial() const;
     /// Changes when another connection has changed the file.
@@ -180,9 +184,23 @@ class cConnection {
     static Probe& Seams();
 
  private:
+    friend class StatementWatch;
     ConnectionCore& Core() const;
     bool IdsRise(const QString& table);
     std::unique_ptr<ConnectionCore> core_;
+};
+
+/// While it lives, the reading statements of a connection ask about every millisecond whether to go on. After
+/// a "no" they end early, as if there were no more rows. The question must not use the connection.
+class StatementWatch {
+ public:
+    StatementWatch(cConnection& connection, std::function<bool()> goOn);
+    ~StatementWatch();
+    StatementWatch(const StatementWatch&) = delete;
+    StatementWatch& operator=(const StatementWatch&) = delete;
+
+ private:
+    ConnectionCore& core_;
 };
 
 /// One user action: begins at once, rolls back unless committed.

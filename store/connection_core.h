@@ -41,6 +41,9 @@ struct ConnectionCore {
     std::map<QString, RowOrder> order;
     std::optional<qint64> version;  ///< the data version, which stands still in a transaction
     qint64 serial = NextSerial();
+    std::function<bool()> goOn;  ///< asked by long statements while a watch lives
+    bool asking = false;         ///< no statement may start while the question is being answered
+    bool ended = false;          ///< a watched statement was told to end
 
     static qint64 NextSerial();
 

@@ -16,6 +16,10 @@ bool IsBusy() {
     return true;
 }
 
+void TellStopped() {
+    ShowMsg(u"已停止剩余部分导出!"_s);
+}
+
 Job::Job(JobBar bar) : bar_(std::move(bar)), refused_(IsBusy()) {
     if (refused_) return;
     State().gBusy = true;
@@ -40,6 +44,14 @@ void Job::Step(int value) {
     Show(value);
     if (Outside().yield) Outside().yield();
     sinceYield_.restart();
+}
+
+bool Job::GoOn() {
+    if (sinceYield_.elapsed() >= kYieldMs) {
+        if (Outside().yield) Outside().yield();
+        sinceYield_.restart();
+    }
+    return !Stopped();
 }
 
 void Job::Show(int value) const {

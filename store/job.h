@@ -8,6 +8,9 @@
 /// True after the box "有进程在运行，请等待结束后再试..." when a job is running.
 bool IsBusy();
 
+/// The box after a job that the user has stopped: "已停止剩余部分导出!".
+void TellStopped();
+
 /// Where a job shows how far it is. Slots may be empty.
 struct JobBar {
     std::function<void(int maximum)> start;
@@ -30,6 +33,8 @@ class Job {
     /// Reports the value, leaves the yield to the caller's next Step.
     void Show(int value) const;
     bool Stopped() const;
+    /// For work without steps, a long statement for one: yields by time. False when it shall end.
+    bool GoOn();
 
     /// Asks the running job to stop; nothing happens when none runs.
     static void Stop();

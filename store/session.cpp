@@ -40,6 +40,10 @@ int DueCount() {
     return notes.RecordCount() + OpenAdCount();
 }
 
+QString UsualDataFolder() {
+    return FromEnvironment("APPDATA", DataHome()) + u"/KestroJot"_s;
+}
+
 void InitFolders() {
     auto& state = State();
     for (int code = 0; code < static_cast<int>(state.gDlg.size()); ++code)
@@ -50,8 +54,7 @@ void InitFolders() {
     state.gCmdBook = -1;
     state.gBooks.assign(1, {});
     state.gSettingsPath.clear();
-    const QString dataHome = FromEnvironment("APPDATA", DataHome());
-    state.gDataDir = dataHome + u"/KestroJot"_s;
+    state.gDataDir = UsualDataFolder();
     MakeFolders(state.gDataDir);
     state.gDefaultBox = FromEnvironment("SystemDrive", QDir::homePath()) + u"/KestroData/墨鹊理财"_s;
     for (const auto& folder : {QDir::homePath(), state.gDataDir, state.gDefaultBox, ProgramFolder()})

@@ -10,6 +10,9 @@ void ReopenDB();
 /// on the logo.
 int DueCount();
 
+/// Where the program keeps its data for this user, from the environment.
+QString UsualDataFolder();
+
 /// Lays out folders and defaults before anything is read: gDataDir (made here) and gDefaultBox, dialog
 /// records, highlight and group defaults.
 void InitFolders();

@@ -6,19 +6,29 @@
 
 using namespace Qt::StringLiterals;
 
-QString PadByWidth(int width, const QString& text) {
+namespace {
+
+// Bytes of one character in GB18030; the usual ones without asking the converter.
+qsizetype BytesOf(QStringView character) {
+    const char16_t c = character.front().unicode();
+    if (c < 0x80) return 1;
+    if (c >= 0x4E00 && c <= 0x9FA5) return 2;
     QStringEncoder encoder("GB18030");
-    QString kept;
-    qsizetype used = 0;
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype units = text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
-        const QByteArray bytes = encoder.encode(QStringView(text).mid(at, units));
-        if (used + bytes.size() > width) break;
-        used += bytes.size();
-        kept += QStringView(text).mid(at, units);
-        at += units;
+    return QByteArray(encoder.encode(character)).size();
+}
+
+}  // namespace
+
+QString PadByWidth(int width, const QString& text) {
+    qsizetype kept = 0, used = 0;
+    while (kept < text.size()) {
+        const qsizetype units = text[kept].isHighSurrogate() && kept + 1 < text.size() ? 2 : 1;
+        const qsizetype bytes = BytesOf(QStringView(text).mid(kept, units));
+        if (used + bytes > width) break;
+        used += bytes;
+        kept += units;
     }
-    return kept + QString(std::max<qsizetype>(0, width - used), u' ');
+    return text.left(kept).leftJustified(kept + std::max<qsizetype>(0, width - used), u' ');
 }
 
 QString IndentByDepth(const QString& text, bool nbsp) {

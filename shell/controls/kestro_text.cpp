@@ -297,10 +297,20 @@ void KestroText::PutCursor(int position, bool marking) {
         setCursorPosition(position);
 }
 
+bool KestroText::EmptiesBox(const QKeyEvent& event) const {
+    return onEmptied && preedit_.isEmpty() &&
+           (event.key() == Qt::Key_Space || event.key() == Qt::Key_Escape);
+}
+
 void KestroText::keyPressEvent(QKeyEvent* event) {
     bool used = false;
     RunEvent([&] { used = onKey && onKey(event); });
     if (used) return;
+    if (EmptiesBox(*event)) {
+        clear();
+        RunEvent(onEmptied);
+        return;
+    }
     SetWrong(false);
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool drop = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;

@@ -44,6 +44,8 @@ class KestroText : public QLineEdit {
     std::function<void()> onClick;
     std::function<void()> onLeave;          ///< the focus went to another control
     std::function<bool(QKeyEvent*)> onKey;  ///< before the box; true when the key is used up
+    /// Makes blank and Escape empty the box, and is called after; an input method that composes keeps them.
+    std::function<void()> onEmptied;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -81,6 +83,7 @@ class KestroText : public QLineEdit {
     QString Clean(const QString& text) const;
     void CleanEdit();
     void EndStep();
+    bool EmptiesBox(const QKeyEvent& event) const;
     void ShowMenu(QPoint at);
     bool TypeCleaned(const QKeyEvent& event);
     void PaintOutline(QPainter& p) const;

@@ -79,10 +79,6 @@ EntryValues EntryOf(const QJsonObject& r) {
     return e;
 }
 
-QJsonArray CellsOf(const std::vector<QString>& cells) {
-    return QJsonArray::fromStringList({cells.begin(), cells.end()});
-}
-
 // The codes of the four boxes chosen as from their lists; false after a refusal.
 bool ChooseCodes(const QJsonObject& r, EntryValues& e, const EntryValues* loaded) {
     static const QString codes[] = {u"kind"_s, u"kind2"_s, u"account"_s, u"account2"_s};
@@ -98,22 +94,6 @@ bool ChooseCodes(const QJsonObject& r, EntryValues& e, const EntryValues* loaded
         }
     }
     return true;
-}
-
-EntryFilter FilterOf(const QJsonObject& r) {
-    EntryFilter filter;
-    const auto put = [&](const QString& key, QString& value) {
-        if (!r[key].toString().isEmpty()) value = r[key].toString();
-    };
-    put(u"kind"_s, filter.kind);
-    put(u"text"_s, filter.text);
-    filter.period = {ParseDate(r[u"date1"].toString()), ParseDate(r[u"date2"].toString())};
-    filter.marked = r[u"mark"].toBool();
-    return filter;
-}
-
-int PageOf(const QJsonObject& r) {
-    return std::max(0, r[u"page"].toInt());
 }
 
 QJsonObject Missing(const QString& field) {

@@ -18,6 +18,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <map>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -25,21 +26,22 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Options {
-    QString book, pass, settings;
+    QString book, pass, settings, data;
     bool good = false;
 };
 
 Options Read(const QStringList& arguments) {
     Options options;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const bool named = arguments[i] == u"--pass" || arguments[i] == u"--settings";
-        if (named && i + 1 >= arguments.size()) return options;
-        if (arguments[i] == u"--pass")
-            options.pass = arguments[++i];
-        else if (arguments[i] == u"--settings")
-            options.settings = arguments[++i];
-        else
+        const std::map<QString, QString*> named{
+            {u"--pass"_s, &options.pass}, {u"--settings"_s, &options.settings}, {u"--data"_s, &options.data}};
+        const auto option = named.find(arguments[i]);
+        if (option == named.end()) {
             options.book = arguments[i];
+            continue;
+        }
+        if (++i == arguments.size()) return options;
+        *option->second = arguments[i];
     }
     options.good = !options.book.isEmpty();
     return options;
@@ -93,9 +95,11 @@ int main(int argc, char** argv) {
     const QCoreApplication app(argc, argv);
     const Options options = Read(QCoreApplication::arguments());
     if (!options.good) {
-        std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] BOOK\n", stderr);
+        std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] [--data FOLDER] BOOK\n", stderr);
         return 1;
     }
+    State().gDataDir =
+        options.data.isEmpty() ? UsualDataFolder() : QFileInfo(options.data).absoluteFilePath();
     const QString refused = OpenBook(options);
     if (!refused.isEmpty()) {
         Print({{u"ok"_s, false}, {u"message"_s, refused}});

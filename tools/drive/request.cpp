@@ -1,5 +1,6 @@
 #include "tools/drive/request.h"
 
+#include "store/dates.h"
 #include "store/errors.h"
 #include "store/job.h"
 #include "store/messages.h"
@@ -7,6 +8,8 @@
 #include "store/state.h"
 
 #include <QDateTime>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +22,7 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), ChartRequests(), TextRequests()})
+    for (const auto& group : {EntryRequests(), ChartRequests(), OutputRequests(), TextRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;
@@ -73,6 +76,13 @@ void SetWorld(const QJsonObject& r, BoxLog& log) {
         Outside().now = OutsideWorld{}.now;
 }
 
+/// The button that stands for an answer to what shall be opened of an export.
+QString OpeningButton(const QString& answer) {
+    if (answer == u"file") return u"打开文件"_s;
+    if (answer == u"folder") return u"打开目录"_s;
+    return answer.isEmpty() || answer == u"cancel" ? u"取消"_s : answer;
+}
+
 QJsonObject Boxed(const MessageRequest& request) {
     return {{u"text"_s, request.text},
             {u"title"_s, request.title},
@@ -83,12 +93,17 @@ QJsonObject Boxed(const MessageRequest& request) {
 }  // namespace
 
 BoxLog::BoxLog() {
+    Outside().open = [this](const QString& path) {
+        opened_ = path;
+        return true;
+    };
     MessageSlot() = [this](const MessageRequest& request) {
         boxes_.append(Boxed(request));
         const auto captions = request.buttons.split(u',');
-        const auto at = answer_.isEmpty() ? -1 : captions.indexOf(answer_);
+        const QString answer = captions.contains(u"打开文件"_s) ? OpeningButton(answer_) : answer_;
+        const auto at = answer.isEmpty() ? -1 : captions.indexOf(answer);
         // A button that is not there must not go on with what was asked.
-        if (at < 0 && !answer_.isEmpty() && captions.size() > 1) return 0;
+        if (at < 0 && !answer.isEmpty() && captions.size() > 1) return 0;
         const auto fromRight = at < 0 ? 0 : captions.size() - 1 - at;
         static constexpr int kNumbers[] = {1, 0, 2, 3};
         return fromRight < 4 ? kNumbers[fromRight] : 0;
@@ -97,6 +112,7 @@ BoxLog::BoxLog() {
 
 BoxLog::~BoxLog() {
     MessageSlot() = {};
+    Outside().open = OutsideWorld{}.open;
 }
 
 QString BoxLog::LastText() const {
@@ -112,6 +128,30 @@ std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request) {
         ids.push_back(id);
     }
     return ids;
+}
+
+EntryFilter FilterOf(const QJsonObject& r) {
+    EntryFilter filter;
+    const auto put = [&](const QString& key, QString& value) {
+        if (!r[key].toString().isEmpty()) value = r[key].toString();
+    };
+    put(u"kind"_s, filter.kind);
+    put(u"text"_s, filter.text);
+    filter.period = PeriodOf(r);
+    filter.marked = r[u"mark"].toBool();
+    return filter;
+}
+
+Period PeriodOf(const QJsonObject& request) {
+    return {ParseDate(request[u"date1"].toString()), ParseDate(request[u"date2"].toString())};
+}
+
+int PageOf(const QJsonObject& request) {
+    return std::max(0, request[u"page"].toInt());
+}
+
+QJsonArray CellsOf(const std::vector<QString>& cells) {
+    return QJsonArray::fromStringList({cells.begin(), cells.end()});
 }
 
 QJsonObject Refusal(const QString& message, const QString& focus) {
@@ -139,6 +179,7 @@ QJsonObject Answer(const QJsonObject& given) {
         if (answer.contains(u"message"_s) && answer[u"message"].toString().isEmpty())
             answer[u"message"] = log.LastText();
     }
+    if (!log.Opened().isEmpty()) answer[u"opened"] = log.Opened();
     answer[u"boxes"] = log.Boxes();
     return answer;
 }

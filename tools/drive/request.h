@@ -1,6 +1,8 @@
 #pragma once
 // One request of the driver and its answer.
 
+#include "ledger/entry_query.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -18,9 +20,11 @@ class BoxLog {
     void SetAnswer(const QString& caption) { answer_ = caption; }
     const QJsonArray& Boxes() const { return boxes_; }
     QString LastText() const;
+    /// What would have been opened by the desktop, empty when nothing.
+    QString Opened() const { return opened_; }
 
  private:
-    QString answer_;
+    QString answer_, opened_;
     QJsonArray boxes_;
 };
 
@@ -43,7 +47,15 @@ struct Request {
 };
 std::span<const Request> EntryRequests();
 std::span<const Request> ChartRequests();
+std::span<const Request> OutputRequests();
 std::span<const Request> TextRequests();
+
+/// The filter fields kind, text, date1, date2, mark; and page.
+EntryFilter FilterOf(const QJsonObject& request);
+Period PeriodOf(const QJsonObject& request);
+int PageOf(const QJsonObject& request);
+
+QJsonArray CellsOf(const std::vector<QString>& cells);
 
 /// The whole numbers of the field "ids"; nullopt when it is no list of such.
 std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request);

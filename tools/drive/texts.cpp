@@ -1,4 +1,6 @@
 #include "chart/codes.h"
+#include "output/search.h"
+#include "stats/period_report.h"
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/paths.h"
@@ -48,6 +50,12 @@ QJsonValue Sums(const Arguments& a) {
     return Texts({sums.added, sums.reduced, sums.balance});
 }
 
+// Increase and decrease of a period from the sum of its amounts and the signed sum.
+QJsonValue Split(const Arguments& a) {
+    const auto split = SplitSums(a.Number(0), a.Number(1));
+    return Texts({MoneyText(split.added), MoneyText(split.reduced)});
+}
+
 QJsonValue NameOfFile(const Arguments& a) {
     QString path = a.Text(0);
     return FileNameOf(path, a.Whole(1), a.style);
@@ -85,6 +93,8 @@ const std::map<QString, Function>& Functions() {
         {u"CodePathText"_s,
          {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
         {u"BranchSums"_s, {Sums, 0}},
+        {u"SplitSums"_s, {Split}},
+        {u"Highlight"_s, {[](const auto& a) { return Highlight(a.Text(0), a.Text(1)); }}},
         {u"MakeFolders"_s, {Folders}},
         {u"IsForbiddenBox"_s,
          {[](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }}},
