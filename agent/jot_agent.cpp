@@ -1,17 +1,15 @@
 // JotAgent: the small program in the tray. It shows the number of due reminders, brings the main window to
 // the front at a click, and goes when the program goes. It never opens a book.
 
-#include "app/single_instance.h"
-#include "shell/skin.h"
+#include "agent/tray_icon.h"
+#include "app/channel.h"
 #include "store/dates.h"
 #include "store/errors.h"
 #include "store/places.h"
 #include "store/session.h"
 #include "store/state.h"
 
-#include <QApplication>
-#include <QPainter>
-#include <QSystemTrayIcon>
+#include <QCoreApplication>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -39,16 +37,14 @@ class Agent {
         server_.onMessage = [this](const ChannelMessage& m) { Take(m); };
         if (!server_.Listen(ChannelName(u"agent"_s))) return false;
         // Held open, so that the end of the program is noticed at once.
-        QObject::connect(&link_, &QLocalSocket::connected, &link_, [this] { lost_ = 0; });
-        QObject::connect(&link_, &QLocalSocket::disconnected, &link_, [this] { retry_.start(kRetryMs); });
-        QObject::connect(&link_, &QLocalSocket::errorOccurred, &link_, [this] { retry_.start(kRetryMs); });
+        link_.onLost = [this] { retry_.start(kRetryMs); };
         retry_.setSingleShot(true);
         retry_.callOnTimeout([this] { RunEvent([this] { Retry(); }); });
-        link_.connectToServer(ChannelName(u"main"_s));
+        Reach();
         days_.callOnTimeout([this] { RunEvent([this] { WatchDay(); }); });
         days_.start(kDayCheckMs);
         day_ = TodayText(u"-"_s);
-        QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_, [this] { Send(kCodeRaise); });
+        icon_.onClick = [this](const QString& token) { Send(kCodeRaise, token); };
         ShowIcon();
         return true;
     }
@@ -56,17 +52,25 @@ class Agent {
  private:
     void Take(const ChannelMessage& m) {
         handle_ = m.handle;
-        if (m.code == 1 || m.code == 3) QApplication::quit();
+        if (m.code == 1 || m.code == 3) QCoreApplication::quit();
         if (m.code == kCodeDueCount) due_ = m.extra;
         ShowIcon();
     }
 
-    void Send(int code) { SendMessage(ChannelName(u"main"_s), {handle_, code, 0, {}}); }
+    void Send(int code, const QString& token = {}) {
+        SendMessage(ChannelName(u"main"_s), {handle_, code, 0, token});
+    }
+
+    void Reach() {
+        if (link_.Connect(ChannelName(u"main"_s)))
+            lost_ = 0;
+        else
+            retry_.start(kRetryMs);
+    }
 
     void Retry() {
-        if (++lost_ >= kLostAfter) return QApplication::quit();
-        link_.abort();
-        link_.connectToServer(ChannelName(u"main"_s));
+        if (++lost_ >= kLostAfter) return QCoreApplication::quit();
+        Reach();
     }
 
     void WatchDay() {
@@ -77,34 +81,14 @@ class Agent {
     }
 
     void ShowIcon() {
-        if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
-        icon_.setIcon(Picture());
-        icon_.setToolTip(due_ > 0 ? u"墨鹊理财：您有【"_s + QString::number(due_) + u"】个提醒"_s
-                                  : u"墨鹊理财"_s);
-        icon_.setVisible(WantsIcon());
-    }
-
-    QIcon Picture() const {
-        constexpr int kSide = 64;
-        QPixmap picture = Skin::Icon(u"agent"_s, kSide, 1);
-        if (due_ <= 0) return picture;
-        QPainter p(&picture);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setPen(Qt::NoPen);
-        p.setBrush(Skin::Color(Tok::seal));
-        const QRect seal(26, 0, 38, 30);
-        p.drawRoundedRect(seal, 15, 15);
-        QFont font = Skin::Font(Type::badge);
-        font.setPixelSize(24);
-        p.setFont(font);
-        p.setPen(Skin::Color(Tok::inkText));
-        p.drawText(seal, Qt::AlignCenter, due_ > 99 ? u"99+"_s : QString::number(due_));
-        return picture;
+        if (!WantsIcon()) return icon_.Hide();
+        icon_.Show(due_,
+                   due_ > 0 ? u"墨鹊理财：您有【"_s + QString::number(due_) + u"】个提醒"_s : u"墨鹊理财"_s);
     }
 
     ChannelServer server_;
-    QSystemTrayIcon icon_;
-    QLocalSocket link_;
+    TrayIcon icon_;
+    ChannelLink link_;
     QTimer retry_;
     QTimer days_;
     QString day_;
@@ -116,10 +100,8 @@ class Agent {
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
+    const QCoreApplication app(argc, argv);
     InitFolders();
-    Skin::Load(ProgramFolder());
     Agent agent;
-    return agent.Start() ? QApplication::exec() : 0;
+    return agent.Start() ? QCoreApplication::exec() : 0;
 }

@@ -1,7 +1,6 @@
 #include "app/desktop.h"
 
 #include "store/outside.h"
-#include "store/paths.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -33,12 +32,12 @@ bool Launch(const QString& program, const QStringList& arguments, const QString&
     return process.startDetached();
 }
 
-// Without a data home the file would be moved into the current folder.
+// Takes the real spelling. Without a data home the file would be moved into the current folder.
 bool MoveToTrash(const QString& path) {
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (home.isEmpty() || !QDir().mkpath(home)) return false;
     QString there;
-    return QFile::moveToTrash(RealPath(path).path, &there) && QFileInfo(there).isAbsolute();
+    return QFile::moveToTrash(path, &there) && QFileInfo(there).isAbsolute();
 }
 
 bool StartCalculator() {

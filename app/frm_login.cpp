@@ -136,8 +136,7 @@ void frmLogin::BtnEnterClicked() {
         txtPass->setFocus(Qt::OtherFocusReason);
         return;
     }
-    // What cannot be noted for the next start bars nobody from the book.
-    RunEvent([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
+    SaveForNextStart([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
     hide();
     popup_.reset();
     const auto entered = onEntered;

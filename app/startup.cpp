@@ -1,5 +1,6 @@
 #include "app/startup.h"
 
+#include "app/single_instance.h"
 #include "store/book_box.h"
 #include "store/errors.h"
 #include "store/messages.h"
@@ -66,7 +67,8 @@ StartResult StartUp(const QString& commandLine) {
                 u"严重错误!"_s);
         return StartResult::failed;
     }
-    MainChannel().Listen(ChannelName(u"main"_s));
+    if (const QString channel = ChannelName(u"main"_s); !MainChannel().Listen(channel))
+        ShowMsg(u"程序无法建立通信通道【"_s + channel + u"】，再次启动时不能转到本窗口!"_s);
     State().gRunHandle =
         static_cast<qint32>(QRandomGenerator::global()->bounded(1, std::numeric_limits<int>::max()));
     if (!CheckFiles()) {

@@ -1,7 +1,7 @@
 #pragma once
 // The order of start and stop.
 
-#include "app/single_instance.h"
+#include "app/channel.h"
 
 #include <QString>
 

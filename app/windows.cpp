@@ -1,10 +1,10 @@
 #include "app/windows.h"
 
+#include "app/channel.h"
 #include "app/desktop.h"
 #include "app/frm_about.h"
 #include "app/frm_login.h"
 #include "app/quiet_close.h"
-#include "app/single_instance.h"
 #include "app/startup.h"
 #include "books/frm_setting.h"
 #include "chart/frm_tree.h"

@@ -115,6 +115,7 @@ void ChartPanel::BuildToolbar(QVBoxLayout* room) {
 void ChartPanel::BuildList() {
     auto* list = KestroList1_ = new KestroList(this);
     list->setObjectName(u"KestroList1"_s);
+    list->setAccessibleName(TableOf(chart_).word + u"列表"_s);
     list->DefineColumn({u"no"_s, u"No"_s, 46, 30, u"number"_s, ListColor::dim, false, {}});
     list->DefineColumn({u"name"_s, u"编号名称"_s, 200, 120, u"string"_s, ListColor::none, true, {}});
     list->DefineColumn({u"hide"_s, u"隐藏？"_s, 64, 50, u"string"_s, ListColor::dim, false, {}});

@@ -18,6 +18,7 @@ constexpr int kFrame = 4;
 }  // namespace
 
 DetailPanel::DetailPanel(QWidget* parent) : QWidget(parent), list_(new KestroList(this)) {
+    list_->setAccessibleName(u"当前记录的分类和账户"_s);
     list_->SetCompact(true);
     list_->SetSortable(false);
     list_->SetEmptyText({});

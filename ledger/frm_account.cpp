@@ -48,6 +48,7 @@ std::vector<ListColumn> EntryColumns() {
 
 frmAccount::frmAccount(QWidget* parent) : ListPage(parent, Words()) {
     query_ = BuildEntryQuery({});
+    KestroList1->setAccessibleName(u"记账列表"_s);
     chkFlag->setToolTip(
         u"查找重要记录开关\n1.您是否对某些记账记录特别关注?\n2.重要开关就是把重要记录找出来"_s);
     chkFlag->onChange = [this](bool) { ReloadData(); };

@@ -39,6 +39,7 @@ ListPageWords Words() {
 
 frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, Words()) {
     query_ = BuildRecordQuery({});
+    KestroList1->setAccessibleName(u"账户记录列表"_s);
     btnNoNew = toolbar_->Insert(0, u"禁增"_s, u"nonew"_s, u"btnNoNew"_s, {});
     btnNoNew->setToolTip(u"『禁增』账户记录，在【记账时】选择账户，将会【自动记入】账户！"_s);
     chartPanel_ = new ChartPanel(Chart::accounts, false, this);

@@ -31,13 +31,13 @@ QString HeadOf(const ExportTable& table) {
 }
 
 /// The starts of a row's cells; rows alternate between two classes.
-QStringList StartsOf(const ExportTable& table, int parity) {
-    QStringList starts;
+std::vector<QByteArray> StartsOf(const ExportTable& table, int parity) {
+    std::vector<QByteArray> starts;
     for (const auto& column : table.columns) {
         QString start =
             u"<td "_s + WidthPart(column, kBodyRoom) + u"class='s"_s + QString::number(parity) + u'\'';
         if (column.kind != CellKind::number) start += u" align='"_s + SideName(column.webSide) + u'\'';
-        starts << start + u'>';
+        starts.push_back((start + u'>').toLatin1());
     }
     return starts;
 }
@@ -53,22 +53,20 @@ QString PageCell(const ExportColumn& column, const QString& cell) {
 }  // namespace
 
 QStringList WriteWebPages(const ExportTable& table, Job& job) {
-    const QStringList starts[] = {StartsOf(table, 0), StartsOf(table, 1)};
+    const std::vector<QByteArray> starts[] = {StartsOf(table, 0), StartsOf(table, 1)};
     const int count = static_cast<int>(table.rows.size());
-    WebPages pages(table.webStem, PageCount(count, RowsPerPage()), RowsPerPage());
+    WebPages pages(table.webStem, HeadOf(table), PageCount(count, RowsPerPage()), RowsPerPage());
     for (int i = 0; i < count && !job.Stopped(); ++i) {
-        if (pages.NeedsPage()) pages.BeginPage(HeadOf(table));
         const auto& cells = table.rows[static_cast<size_t>(i)];
-        QString row = u"<tr>"_s;
-        for (size_t c = 0; c < table.columns.size(); ++c)
-            row +=
-                starts[i % 2][static_cast<qsizetype>(c)] + PageCell(table.columns[c], cells[c]) + u"</td>"_s;
-        pages.AddRow(row + u"</tr>"_s);
+        QByteArray& row = pages.BeginRow();
+        row += "<tr>";
+        for (size_t c = 0; c < table.columns.size(); ++c) {
+            row += starts[i % 2][c];
+            row += PageBytes(PageCell(table.columns[c], cells[c]));
+            row += "</td>";
+        }
+        row += "</tr>";
         job.Step(i + 1);
     }
-    pages.Close();
-    QStringList files;
-    for (int page = 1; page <= pages.Page(); ++page)
-        files << PagePath(table.webStem, page);
-    return files;
+    return pages.Close();
 }

@@ -42,28 +42,23 @@ QString HeadRow() {
            "</tr>"_s;
 }
 
-QString RowOf(const Hit& hit, int number, const QString& key) {
-    const QString shade = number % 2 == 0 ? u"0'>"_s : u"1'>"_s;
-    return u"<tr><td width='40'  class='s"_s + shade + QString::number(number) +
-           u"</td><td width='120'  class='s"_s + shade + PageText(hit.date + u' ' + hit.time) +
-           u"</td><td width='50' class='s"_s + shade + PageText(hit.origin) +
-           u"</td><td width='140'  class='s"_s + shade + Highlight(hit.title, key) +
-           u"</td><td             class='s"_s + shade + Highlight(hit.note, key) + u"</td></tr>"_s;
+void AddRow(QByteArray& row, const Hit& hit, int number, const QString& key) {
+    const QByteArray shade = number % 2 == 0 ? "0'>" : "1'>";
+    row += "<tr><td width='40'  class='s" + shade + QByteArray::number(number);
+    row += "</td><td width='120'  class='s" + shade + PageBytes(PageText(hit.date + u' ' + hit.time));
+    row += "</td><td width='50' class='s" + shade + PageBytes(PageText(hit.origin));
+    row += "</td><td width='140'  class='s" + shade + PageBytes(Highlight(hit.title, key));
+    row += "</td><td             class='s" + shade + PageBytes(Highlight(hit.note, key)) + "</td></tr>";
 }
 
 QStringList WriteHits(const std::vector<Hit>& hits, const QString& key, Job& job) {
     const int count = static_cast<int>(hits.size());
-    WebPages pages(kStem, PageCount(count, RowsPerPage()), RowsPerPage());
+    WebPages pages(kStem, HeadRow(), PageCount(count, RowsPerPage()), RowsPerPage());
     for (int i = 0; i < count && !job.Stopped(); ++i) {
-        if (pages.NeedsPage()) pages.BeginPage(HeadRow());
-        pages.AddRow(RowOf(hits[static_cast<size_t>(i)], i + 1, key));
+        AddRow(pages.BeginRow(), hits[static_cast<size_t>(i)], i + 1, key);
         job.Step(i + 1);
     }
-    pages.Close();
-    QStringList files;
-    for (int page = 1; page <= pages.Page(); ++page)
-        files << PagePath(kStem, page);
-    return files;
+    return pages.Close();
 }
 
 }  // namespace

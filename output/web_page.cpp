@@ -6,11 +6,14 @@
 
 #include <QStringEncoder>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kUsualPageSize = 50;
+constexpr qsizetype kUsualPageBytes = 65536;
 
 const QString kBreak = u"\r\n"_s;
 
@@ -43,8 +46,17 @@ const QStringList& FootLines() {
 
 }  // namespace
 
+QByteArray PageBytes(const QString& text) {
+    static const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
+    if (std::ranges::all_of(text, isAscii)) return text.toLatin1();
+    QStringEncoder encoder("GB18030");
+    return encoder.encode(text);
+}
+
 QString PageText(const QString& text) {
-    return text.toHtmlEscaped();
+    static const QString special = u"&<>\""_s;
+    const auto isPlain = [](QChar c) { return !special.contains(c); };
+    return std::ranges::all_of(text, isPlain) ? text : text.toHtmlEscaped();
 }
 
 QString PagePath(const QString& stem, int page) {
@@ -60,38 +72,46 @@ int PageCount(int rows, int rowsPerPage) {
     return rows / rowsPerPage + (rows % rowsPerPage != 0 ? 1 : 0);
 }
 
-WebPages::WebPages(const QString& stem, int pages, int rowsPerPage)
-    : stem_(stem), pages_(pages), rowsPerPage_(rowsPerPage) {}
-
-bool WebPages::NeedsPage() const {
-    return page_ == 0 || rows_ == rowsPerPage_;
+WebPages::WebPages(const QString& stem, const QString& head, int pages, int rowsPerPage)
+    : stem_(stem),
+      head_(PageBytes(HeadLines().join(kBreak) + kBreak + head + kBreak)),
+      pages_(pages),
+      rowsPerPage_(rowsPerPage) {
+    const QByteArray link = PageBytes(u" <a href='"_s + PageText(stem_) + u'_');
+    for (int i = 1; i <= pages_; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        links_ += link + number + ".html'>" + number + "</a>";
+    }
 }
 
-void WebPages::BeginPage(const QString& head) {
-    if (page_ > 0) Close();
+void WebPages::BeginPage() {
+    if (page_ > 0) WritePage();
     ++page_;
     rows_ = 0;
-    text_ = HeadLines().join(kBreak) + kBreak + head + kBreak;
+    text_ = head_;
+    text_.reserve(kUsualPageBytes);
 }
 
-void WebPages::AddRow(const QString& row) {
-    text_ += row;
-    text_ += kBreak;
+QByteArray& WebPages::BeginRow() {
+    if (page_ == 0 || rows_ == rowsPerPage_) BeginPage();
+    if (rows_ > 0) text_ += "\r\n";
     ++rows_;
+    return text_;
 }
 
-void WebPages::Close() {
-    QString links;
-    for (int i = 1; i <= pages_; ++i) {
-        const QString number = QString::number(i);
-        links += u" <a href='"_s + PageText(stem_) + u'_' + number + u".html'>"_s + number + u"</a>"_s;
-    }
-    const QString line =
-        u"共"_s + QString::number(pages_) + u"页，当前第"_s + QString::number(page_) + u"页，"_s + links;
-    QString foot = FootLines().join(kBreak);
-    foot.replace(u"date"_s, u"查询时间："_s + NowText());
-    foot.replace(u"page"_s, line);
-    QStringEncoder encoder("GB18030");
-    WriteWholeFile(PagePath(stem_, page_), encoder.encode(text_ + foot + kBreak));
-    text_.clear();
+void WebPages::WritePage() {
+    QByteArray foot = PageBytes(kBreak + FootLines().join(kBreak) + kBreak);
+    foot.replace("date", PageBytes(u"查询时间："_s + NowText()));
+    foot.replace("page", PageBytes(u"共"_s + QString::number(pages_) + u"页，当前第"_s +
+                                   QString::number(page_) + u"页，"_s) +
+                             links_);
+    WriteWholeFile(PagePath(stem_, page_), text_ + foot);
+}
+
+QStringList WebPages::Close() {
+    WritePage();
+    QStringList files;
+    for (int page = 1; page <= page_; ++page)
+        files << PagePath(stem_, page);
+    return files;
 }

@@ -88,12 +88,22 @@ try_install() {
     chmod -R u+w "$work/moved"
 }
 
+# What apt would do on a system with this status of packages; nothing is fetched or changed.
+would_install() {
+    apt-get -s -o Dir::State::status="$1" -o Dir::Cache::pkgcache= -o Dir::Cache::srcpkgcache= \
+        --no-install-recommends install "$2" >"$work/apt" 2>&1
+}
+
 try_deb() {
     [ "$(id -u)" = 0 ] || exit 77
     local root=$work/root deb
     "$source/jot" make-deb >/dev/null
     deb=$(ls "$build"/packages/kestrojot_*.deb)
     dpkg-deb -f "$deb" Depends | grep -q libqt6widgets6 || fail "the libraries are not among its needs"
+    # On a bare system, from the lists of this machine's sources; without lists, on this one.
+    local status=/dev/null
+    would_install "$status" dpkg || status=/var/lib/dpkg/status
+    would_install "$status" "$deb" || fail "apt cannot install it: $(cat "$work/apt")"
     mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers}
     touch "$root/var/lib/dpkg/status"
     local dpkg=(dpkg --root="$root" --log="$work/log" --force-depends)

@@ -42,7 +42,7 @@ frmMain::frmMain() {
         if (auto* page = GetWinhWnd(kTabAccount)) page->MyTrack_DragDropFiles(count, names);
     };
     TrackAdd(MyTrak);
-    RunEvent([] {
+    SaveForNextStart([] {
         Transaction start(State().gSetDB);  // one flush for both
         SaveSetting(QString::number(State().gRunHandle), kSaveHandle);
         SaveSetting({}, kSaveLogTime);
@@ -262,7 +262,7 @@ void frmMain::DropPage(int tab) {
 }
 
 void frmMain::Unload() {
-    RunEvent([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
+    SaveForNextStart([] { SaveSetting(CurrentBook().Path, kSaveLastBook); });
     Timer1.stop();
     TrackRemove(MyTrak);
     KeepPlace();

@@ -10,6 +10,8 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+#include <cstdlib>
+
 namespace {
 
 QHash<const QWidget*, clsTrackInfo*>& Trackers() {
@@ -90,10 +92,12 @@ bool clsTrackInfo::eventFilter(QObject* watched, QEvent* event) {
             QTimer::singleShot(0, this, [this, files] { RaiseDrop(files); });
             return true;
         }
-        case QEvent::Wheel:
-            if (static_cast<QWheelEvent*>(event)->angleDelta().y() == 0) return false;
-            RaiseMouseWheel(static_cast<QWheelEvent*>(event)->angleDelta().y() > 0 ? -1 : 1);
+        case QEvent::Wheel: {
+            const int notches = notches_.Take(*static_cast<QWheelEvent*>(event));
+            for (int i = 0; i < std::abs(notches); ++i)
+                RaiseMouseWheel(notches > 0 ? -1 : 1);
             return false;
+        }
         case QEvent::HoverEnter:
         case QEvent::HoverMove:
             rest_.start(hoverTime);

@@ -2,6 +2,8 @@
 // What a window needs from the platform beyond its controls: wheel, hover and leave, dropped files, and the
 // message of another process. One tracker per window turns them into events for its owner.
 
+#include "shell/controls/control_support.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -25,7 +27,7 @@ class clsTrackInfo : public QObject {
     std::function<void(const QString& text, int code, int extra)> ReceMsg;
     std::function<void()> MouseHover;
     std::function<void()> MouseLeave;
-    std::function<void(int direction)> MouseWheel;  ///< -1 away from the user, otherwise 1
+    std::function<void(int direction)> MouseWheel;  ///< -1 away from the user, otherwise 1; once a notch
     std::function<void(const QString& names, int count)> DragDropFiles;  ///< names joined by line breaks
 
     void RaiseReceMsg(const QString& text, int code, int extra);
@@ -44,6 +46,7 @@ class clsTrackInfo : public QObject {
     void RaiseDrop(const QStringList& files);
 
     QTimer rest_;
+    Controls::WheelNotches notches_;
     bool over_ = false;
     bool first_ = true;
 };

@@ -72,6 +72,7 @@ void ScanBookBox(const QString& folder) {
 }
 
 void ReadBookInfo() {
+    const ListingScope once;
     for (auto& book : State().gBooks)
         Succeeds([&] { ReadInfo(book, 0); });
 }

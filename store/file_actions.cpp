@@ -1,19 +1,22 @@
 #include "store/file_actions.h"
 
+#include "store/book_box.h"
 #include "store/book_images.h"
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/places.h"
-#include "store/state.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
-bool DeleteToBin(const QString& path) {
-    const auto real = RealPath(path);
+namespace {
+
+bool Delete(const FoundPath& real) {
     if (!real.exists) return real.rivals.isEmpty();
     const QString journal = real.path + u"-journal"_s;
     if (Outside().trash(real.path)) {
@@ -26,17 +29,28 @@ bool DeleteToBin(const QString& path) {
     return !QFile::exists(real.path);
 }
 
+bool CopyFiles(const QDir& from, const QString& to) {
+    const auto names = from.entryList(QDir::Files);
+    return std::all_of(names.begin(), names.end(), [&](const QString& name) {
+        const QString target = to + u'/' + name;
+        QFile::remove(target);
+        return QFile::copy(from.filePath(name), target);
+    });
+}
+
+}  // namespace
+
+bool DeleteToBin(const QString& path) {
+    return Delete(RealPath(path));
+}
+
+bool DeleteToBin(const BookRecord& book) {
+    return Delete(FileOf(book));
+}
+
 bool PrepareExportFolder() {
     const QString target = State().gDataDir + u"/Export/Html"_s;
-    if (!MakeFolders(target).isEmpty()) {
-        ShowMsg(u"创建临时文件夹错误!"_s, u"确定"_s, kMsgFail);
-        return false;
-    }
-    const QDir source(BesideProgram(u"Skin/Html"_s));
-    const auto names = source.entryList(QDir::Files);
-    for (const auto& name : names) {
-        QFile::remove(target + u'/' + name);
-        QFile::copy(source.filePath(name), target + u'/' + name);
-    }
-    return true;
+    if (MakeFolders(target).isEmpty() && CopyFiles(QDir(BesideProgram(u"Skin/Html"_s)), target)) return true;
+    ShowMsg(u"创建临时文件夹错误!"_s, u"确定"_s, kMsgFail);
+    return false;
 }

@@ -243,7 +243,7 @@ QString GroupNumber(double x, int nGroup, const QString& separator, const QStrin
 
 QString GroupText(const QString& plain, int nGroup, const QString& separator, const QString& zeroText) {
     const double x = plain.toDouble();
-    const double rounded = std::fabs(x) < 1e15 ? FixedText(x).toDouble() : x;
+    const double rounded = std::fabs(x) < 1 ? FixedText(x).toDouble() : x;
     if (rounded == 0) return zeroText;
     if (std::fabs(rounded) < 1) return plain.startsWith(u'.') ? u'0' + plain : plain;
     const bool negative = plain.startsWith(u'-');

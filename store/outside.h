@@ -16,7 +16,7 @@ struct OutsideWorld {
     /// Starts a program by itself: path, arguments, working directory.
     std::function<bool(const QString&, const QStringList&, const QString&)> launch =
         [](const QString&, const QStringList&, const QString&) { return false; };
-    /// Moves a file to the trash. False when there is none.
+    /// Moves a file, given in its real spelling, to the trash. False when there is none.
     std::function<bool(const QString&)> trash = [](const QString&) { return false; };
     /// Starts the desktop's calculator. False when there is none.
     std::function<bool()> calculator = [] { return false; };

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 #include <filesystem>
@@ -25,16 +26,39 @@ QString Below(const QString& folder, const QString& name) {
     return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
+QStringList ListFolder(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                  QDir::Unsorted);
+}
+
+using NamesByCase = QMultiHash<QString, QString>;
+QHash<QString, NamesByCase>& KeptListings() {
+    static QHash<QString, NamesByCase> listings;
+    return listings;
+}
+int listingsKept = 0;
+
+const NamesByCase& KeptListing(const QString& folder) {
+    auto& kept = KeptListings();
+    const auto found = kept.constFind(folder);
+    if (found != kept.constEnd()) return *found;
+    NamesByCase names;
+    for (const auto& name : ListFolder(folder))
+        names.insert(name.toCaseFolded(), name);
+    return *kept.insert(folder, names);
+}
+
 // The entries of a folder that equal name, ignoring case. A folder that cannot be listed still answers for
 // the exact name.
 QStringList Entries(const QString& folder, const QString& name) {
     QStringList found;
-    const auto entries =
-        QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const auto& entry : entries)
+    const auto names =
+        listingsKept > 0 ? KeptListing(folder).values(name.toCaseFolded()) : ListFolder(folder);
+    for (const auto& entry : names)
         if (entry.compare(name, Qt::CaseInsensitive) == 0) found << Below(folder, entry);
     const QString exact = Below(folder, name);
     if (!found.contains(exact) && Exists(exact)) found << exact;
+    found.sort();
     return found;
 }
 
@@ -132,6 +156,14 @@ void KnowFolder(const QString& folder) {
     auto& known = KnownFolders();
     const QString clean = QDir::cleanPath(folder);
     if (QDir::isAbsolutePath(clean) && clean != u"/" && !known.contains(clean)) known << clean;
+}
+
+ListingScope::ListingScope() {
+    ++listingsKept;
+}
+
+ListingScope::~ListingScope() {
+    if (--listingsKept == 0) KeptListings().clear();
 }
 
 void ForgetFolders() {

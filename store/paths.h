@@ -28,6 +28,16 @@ FoundPath SpelledPath(const QString& path);
 void KnowFolder(const QString& folder);
 void ForgetFolders();
 
+/// For a walk over many paths: while one lives, each folder is listed only once, so that what comes into it
+/// meanwhile is not seen.
+class ListingScope {
+ public:
+    ListingScope();
+    ~ListingScope();
+    ListingScope(const ListingScope&) = delete;
+    ListingScope& operator=(const ListingScope&) = delete;
+};
+
 /// True when both exist and are the same on the disk, whatever links lead to them.
 bool IsSameFile(const QString& a, const QString& b);
 
@@ -54,6 +64,6 @@ QString MakeFolders(const QString& path);
 
 /// True when path (lower case) lies in a folder of the system outside Windows.
 bool IsSystemFolder(const QString& path);
-/// True when a book box may not lie at path (lower case). home is the Windows system drive.
+/// True when a book box may not lie at path (lower case). systemDrive: of Windows, such as "C:".
 bool IsForbiddenBox(const QString& path, PathStyle style, const QString& systemDrive,
                     const QString& programFolder);

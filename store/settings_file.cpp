@@ -13,12 +13,16 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString kFirstRun = u"FirstRun"_s;
 const QString kVersionKey = u"Version"_s;
+// The book box as it is spelled: in lower case alone it is not found below a folder that cannot be listed.
+const QString kBoxFolder = u"BoxFolder"_s;
 
 // The user's own copy begins with the defaults of the installation, not with what its last user left there.
 void MakeCopy(const QString& packaged, const QString& copy) {
@@ -31,7 +35,7 @@ void MakeCopy(const QString& packaged, const QString& copy) {
     UpgradeSettings(file);
     ForgetUser(file);
     file.Close();
-    QFile::rename(fresh, copy);
+    if (!QFile::rename(fresh, copy)) QFile::remove(fresh);
 }
 
 // As an installer sets FirstRun in the packaged file.
@@ -83,6 +87,7 @@ void LoadSettings() {
         OpenSettings(packaged);
     else
         OpenCopy(packaged, SettingsPath());
+    Succeeds([&] { KnowFolder(SettingKey(state.gSetDB, kBoxFolder).value_or(QString())); });
     state.settings.sDBPath = FixBookPath(state.settings.sDBPath);
     // A file that cannot be written bars nobody from the books.
     bool firstRun = false;
@@ -105,10 +110,17 @@ void SaveSetting(const QString& value, int code) {
         case kSaveWebAccount:
             return WriteSettings(file, settings, SettingGroup::web);
         case kSaveBookBox:
+            SetSettingKey(file, kBoxFolder, RealPath(settings.sDBPath).path);
             return WriteSettings(file, settings, SettingGroup::box);
         default:
             return;
     }
+}
+
+void SaveForNextStart(const std::function<void()>& body) {
+    PendingError failed;
+    if (Succeeds(body, &failed) || std::exchange(State().gSettingsTold, true)) return;
+    TellFailure(failed);
 }
 
 qint32 HandOverToRunning(const QString& path) {

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// Opens gSetDB on a settings file, adds what it lacks of this version where it can be written, and reads its
 /// values into State().settings. Throws DbError when it cannot be read.
 void OpenSettings(const QString& path);
@@ -20,6 +22,9 @@ enum SettingCode {
     kSaveBookBox = 5
 };
 void SaveSetting(const QString& value, int code);
+/// Runs body, which saves what the next start wants to know. Where that cannot be written nobody is kept from
+/// the books, and the session tells it once.
+void SaveForNextStart(const std::function<void()>& body);
 
 /// Puts path where the running copy reads it and returns that copy's handle; 0 without a row. For a second
 /// copy, which has loaded nothing.

@@ -45,6 +45,7 @@ struct ProgramState {
     QString gProgramFolder;          ///< empty: the folder of the executable
     QString gSettingsPath;           ///< empty until it is first asked for
     QString gCommandLine;            ///< the book path given to the program, absolute, or empty
+    bool gSettingsTold = false;      ///< that the settings file cannot be written has been told
     qint32 gRunHandle = 0;           ///< random number of this run, the channel's name to a second copy
     Settings settings;
 };

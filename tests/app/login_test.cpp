@@ -1,8 +1,8 @@
 // The login window in every branch that a book or a user can drive it into.
 
+#include "app/channel.h"
 #include "app/frm_login.h"
 #include "app/quiet_close.h"
-#include "app/single_instance.h"
 #include "app/startup.h"
 #include "app/windows.h"
 #include "shell/commands.h"

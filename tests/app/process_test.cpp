@@ -1,6 +1,7 @@
 // Real processes: a second copy, the agent, killed copies, a program folder that cannot be written. They run
 // in a copied program folder and a home of their own.
 
+#include "app/channel.h"
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "store/book_images.h"
@@ -8,10 +9,9 @@
 #include "store/paths.h"
 #include "store/places.h"
 #include "store/session.h"
-#include "tests/support/ui_fixture.h"
+#include "tests/support/processes.h"
 
 #include <QFile>
-#include <QLocalSocket>
 #include <QProcess>
 #include <QTest>
 
@@ -21,86 +21,6 @@
 
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
-
-namespace {
-
-class Processes : public UiFixture {
- protected:
-    Processes() {
-        const fs::path bin = QCoreApplication::applicationDirPath().toStdString();
-        const fs::path copy = Path(u"program"_s).toStdString();
-        fs::create_directories(copy);
-        for (const char* name : {"KestroJot", "JotAgent", "JotIco", "Ico.ico", "Jot.ico", "HeadIco.ico"}) {
-            std::error_code failed;
-            fs::create_hard_link(bin / name, copy / name, failed);
-            if (failed) fs::copy_file(bin / name, copy / name);
-        }
-        fs::copy(bin / "Skin", copy / "Skin", fs::copy_options::recursive);
-        fs::copy_file(bin / ".." / "data" / "Set.ini", copy / "Set.ini");
-        fs::create_directories(Path(u"run"_s).toStdString());
-        for (const auto& [name, value] : World())
-            qputenv(name, value.toLocal8Bit());
-        State().gProgramFolder = Path(u"program"_s);
-    }
-    ~Processes() override {
-        for (auto* process : started_) {
-            process->kill();
-            process->waitForFinished(3000);
-            delete process;
-        }
-        MainChannel().Close();
-        MainChannel().onMessage = {};
-        for (const auto& role : {u"main"_s, u"agent"_s, u"lock"_s})
-            QFile::remove(ChannelName(role));
-        for (const auto& [name, value] : World())
-            qunsetenv(name);
-    }
-
-    std::vector<std::pair<const char*, QString>> World() const {
-        return {{"HOME", Path(u"Home"_s)},
-                {"XDG_RUNTIME_DIR", Path(u"run"_s)},
-                {"XDG_DATA_HOME", Path(u"Home/data"_s)}};
-    }
-    QProcess* Start(const QString& program, const QStringList& arguments = {}) {
-        auto* process = new QProcess;
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        process->setProcessEnvironment(environment);
-        process->start(program, arguments);
-        EXPECT_TRUE(process->waitForStarted(5000));
-        started_.push_back(process);
-        return process;
-    }
-    QString Program(const QString& name) const { return Path(u"program/"_s + name); }
-    /// The test process as the first copy, with its main channel.
-    void BecomeFirstCopy() {
-        Outside().launch = [](const QString&, const QStringList&, const QString&) { return true; };
-        ASSERT_EQ(StartUp({}), StartResult::login);
-        SaveHandle();
-        MainChannel().onMessage = [this](const ChannelMessage& m) {
-            received_ << m.code;
-            handles_ << m.handle;
-        };
-    }
-    void SaveHandle() {
-        State().gSetDB.Execute(u"update tSetting set lHandle="_s +
-                               Quote(QString::number(State().gRunHandle)));
-    }
-    bool AgentAnswers() {
-        QLocalSocket probe;
-        probe.connectToServer(ChannelName(u"agent"_s));
-        return probe.waitForConnected(50);
-    }
-    static bool WaitLong(const std::function<bool()>& done, int ms) { return QTest::qWaitFor(done, ms); }
-
-    QList<int> received_;
-    QList<qint32> handles_;
-
- private:
-    std::vector<QProcess*> started_;
-};
-
-}  // namespace
 
 TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
     BecomeFirstCopy();
@@ -151,14 +71,21 @@ TEST_F(Processes, TheRoadStandsWhereNoVariableMovesItAndAnswersFromTheLockOn) {
     qunsetenv("TMPDIR");
     EXPECT_EQ(QFile::permissions(ParentPath(road)) & (QFile::ReadOther | QFile::ReadGroup), 0);
     // Whoever talks too much is cut off, and others still get through.
-    QLocalSocket flood;
-    flood.connectToServer(road);
-    ASSERT_TRUE(flood.waitForConnected(1000));
-    flood.write(QByteArray(100000, '\x7f'));
-    EXPECT_TRUE(WaitLong([&] { return flood.state() == QLocalSocket::UnconnectedState; }, 3000));
+    EXPECT_TRUE(SendMessage(road, {State().gRunHandle, kCodeRaise, 0, QString(50000, u'x')}));
     EXPECT_TRUE(SendMessage(road, {State().gRunHandle, kCodeRedraw, 0, {}}));
     EXPECT_TRUE(WaitLong([&] { return !received_.isEmpty(); }, 2000));
     EXPECT_EQ(received_, QList<int>{kCodeRedraw});
+    CloseAll();
+}
+
+TEST_F(Processes, AChannelThatCannotStandIsToldAndKeepsNobodyOut) {
+    InitFolders();
+    const QString road = ChannelName(u"main"_s);
+    QFile::remove(road);
+    ASSERT_TRUE(QDir().mkpath(road + u"/full"_s));
+    boxes.Expect(u"程序无法建立通信通道【"_s + road + u"】"_s);
+    EXPECT_EQ(StartUp({}), StartResult::login);
+    QDir(road).removeRecursively();
     CloseAll();
 }
 

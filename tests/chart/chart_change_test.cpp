@@ -47,6 +47,56 @@ TEST_F(MaintenanceTest, AnOpeningSetToNothingTakesAlongWhatItsEntryWasGiven) {
               (QStringList{u"5"_s, u"2"_s, u"1"_s}));
 }
 
+// What has moved no balance, or moved it through the chart's row, is not taken back; what an edit has moved
+// is.
+TEST_F(MaintenanceTest, AnEditedOpeningSetToNothingTakesBackWhatMoved) {
+    const auto balances = [&] {
+        return Dump(u"select Sort1,nAdd,nReduce,Money from tKind where Sort1<>'00'"_s) +
+               Dump(u"select Sort1,nAdd,nReduce,Money from tSubAcc"_s);
+    };
+    struct Case {
+        const char* what;
+        bool ownKind;  ///< its main row was given a kind of its own
+        bool swapped;  ///< its record stands second
+    };
+    for (const Case& c : {Case{"a real kind", true, false}, Case{"the second record", false, true}}) {
+        SCOPED_TRACE(c.what);
+        const auto before = balances();
+        boxes.AnswerAll(1);
+        ASSERT_TRUE(Change(kAccounts, u"0301"_s, {u"0301 软件开发"_s, 100, {}, false}));
+        const QString entry = Dump(u"select Id1 from tAccount where Date1='1900-01-01'"_s).value(0);
+        auto loaded = LoadEntry(Book(), entry.toLongLong());
+        auto& e = loaded->values;
+        if (c.ownKind) {
+            e.code[kKind1] = u"0201"_s;
+            e.text[kKind1] = u"0201办公费用"_s;
+        }
+        if (c.swapped) {
+            e.account2On = true;
+            e.code[kAccount2] = u"02"_s;
+            e.text[kAccount2] = u"02公司"_s;
+            e.accountValue[1] = u"7"_s;
+        }
+        ASSERT_TRUE(SaveEditedEntry(Book(), e, loaded->main, loaded->opened).done);
+        if (c.swapped) Book().Execute(u"update tAccount set IIID=IIID1, IIID1=IIID where Id1="_s + entry);
+        ASSERT_TRUE(Change(kAccounts, u"0301"_s, {u"0301 软件开发"_s, 0, {}, false}));
+        EXPECT_EQ(balances(), before);
+    }
+}
+
+// Another program has changed the opening since the row was read: the new amount replaces what stands.
+TEST_F(MaintenanceTest, TheOpeningThatStandsIsReplacedNotTheOneThatWasRead) {
+    const qint64 id = NewRow(Book(), kKinds, {u"0309 甲"_s, 100, {}, false})->id;
+    const auto stored = ReadChartRecord(Book(), id, kKinds);
+    Book().Execute(
+        u"update tAccount set Value1=150 where Date1='1900-01-01';"
+        u"update tKind set nAdd=150, Money=150 where Sort1='0309'"_s);
+    boxes.AnswerAll(1);
+    ASSERT_TRUE(ChangeRow(Book(), kKinds, *stored, {u"0309 甲"_s, 40, {}, false}));
+    EXPECT_EQ(Row(kKinds, u"0309"_s), u"0309|甲|40|0|40|1"_s);
+    EXPECT_EQ(BalanceBreaks(Book()), QStringList());
+}
+
 TEST_F(MaintenanceTest, AChangeThatFailsAnywhereLeavesTheBookAsItWas) {
     const auto whole = [&] {
         QStringList rows;

@@ -3,6 +3,7 @@
 #include "shell/book_switch.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_list.h"
+#include "shell/controls/kestro_menu.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/frm_main.h"
 #include "shell/menus.h"
@@ -13,6 +14,7 @@
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
+#include <QAccessible>
 #include <QDialog>
 #include <QEnterEvent>
 #include <QFile>
@@ -158,6 +160,21 @@ TEST_F(Frame, OpensAnotherBookAfterItsPassword) {
     OpenDBFile(path);
 }
 
+TEST_F(Frame, AnAndInABooksNameIsPartOfIt) {
+    const QString path = Path(u"Brot & Butter.jotdb"_s);
+    ASSERT_TRUE(QFile::copy(SecondBook(), path));
+    OpenDBFile(path);
+    EXPECT_EQ(State().gCurBook, 1);
+    EXPECT_EQ(frame_->HeaderWidget(u"label"_s)->accessibleName(), u"账本: ->brot & butter"_s);
+    auto* strip = QAccessible::queryAccessibleInterface(Find<QWidget>(frame_.get(), "KestroScrollMenu1"));
+    QStringList names;
+    for (int i = 0; i < strip->childCount(); ++i)
+        names << strip->child(i)->text(QAccessible::Name);
+    EXPECT_EQ(names.filter(u"brot"_s), QStringList{u"->brot & butter"_s});
+    KestroMenu menu;
+    EXPECT_EQ(menu.AddItem(u"a"_s, CurrentBook().Name)->iconText(), u"->brot & butter"_s);
+}
+
 TEST_F(Frame, ABookThatCannotBeOpenedLeavesTheOldOneOpen) {
     const QString old = SecondBook(u"update tSet set Note1='9.0' where Key1='dbversion'"_s);
     boxes.Expect(u"程序要求账本版本是"_s);
@@ -223,6 +240,43 @@ TEST_F(Frame, StaysWhileAJobRunsAndRemembersItsBook) {
     EXPECT_EQ(told, (QStringList{u"close"_s, u"1"_s, u"3"_s}));
     EXPECT_EQ(Rows(State().gSetDB, u"select sPreOpenDBFile from tSetting"_s),
               QStringList{CurrentBook().Path});
+}
+
+TEST_F(Frame, ASettingsFileThatCannotBeWrittenIsToldOnce) {
+    frame_.reset();
+    State().gSetDB.Open(State().gSetDB.Path(), {.readOnly = true});
+    boxes.Expect(u"意外错误"_s);
+    frame_ = std::make_unique<frmMain>();
+    frame_->show();
+    Menus::Choose(u"File"_s, u"exit"_s);
+    EXPECT_EQ(boxes.Seen().size(), 1);
+}
+
+TEST_F(Frame, PagesAreUnloadedInTheirOrder) {
+    QStringList log;
+    for (const int tab : {kTabWeb, kTabStats, kTabNote})
+        RegisterPage(tab, [&log](QWidget* parent) { return new FakePage(parent, log); });
+    QList<int> gone;
+    for (int tab = kTabs - 1; tab >= 0; --tab) {
+        frame_->SetFormTab(tab);
+        QObject::connect(frame_->GetWinhWnd(tab), &QObject::destroyed, [&gone, tab] { gone << tab; });
+    }
+    Commands().closeAll = [&gone] { gone << -1; };
+    Menus::Choose(u"File"_s, u"exit"_s);
+    EXPECT_EQ(gone, (QList<int>{kTabAccount, kTabSubAcc, kTabStats, kTabNote, kTabSetting, kTabWeb, -1}));
+}
+
+TEST_F(Frame, EveryListIsCalledByWhatItHolds) {
+    for (const int tab : {kTabSubAcc, kTabSetting})
+        frame_->SetFormTab(tab);
+    QStringList names;
+    for (const auto* list : frame_->findChildren<KestroList*>())
+        if (!names.contains(list->accessibleName())) names << list->accessibleName();
+    names.sort();
+    QStringList wanted{u"记账列表"_s, u"账户记录列表"_s, u"当前记录的分类和账户"_s, u"分类列表"_s,
+                       u"账户列表"_s};
+    wanted.sort();
+    EXPECT_EQ(names, wanted);
 }
 
 TEST_F(Frame, KeepsItsSizeModeAndColumnsAndFitsTheScreen) {
@@ -366,8 +420,12 @@ TEST(Tracker, TurnsEventsOfItsWindowIntoItsOwn) {
     QApplication::sendEvent(&window, &up);
     QApplication::sendEvent(&window, &down);
     QApplication::sendEvent(&other, &up);
-    EXPECT_EQ(log,
-              (QStringList{u"/a.jotdb\n/b\n/c d#3"_s, u"hover"_s, u"hover"_s, u"leave"_s, u"-1"_s, u"1"_s}));
+    // Smooth wheels send small steps, which add up to notches.
+    QWheelEvent step({}, {}, {}, {0, 40}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    for (int i = 0; i < 4; ++i)
+        QApplication::sendEvent(&window, &step);
+    EXPECT_EQ(log, (QStringList{u"/a.jotdb\n/b\n/c d#3"_s, u"hover"_s, u"hover"_s, u"leave"_s, u"-1"_s,
+                                u"1"_s, u"-1"_s}));
     TrackRemove(tracker);
     TrackRemove(tracker);
     EXPECT_EQ(TrackCount(), 1);

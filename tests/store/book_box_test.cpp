@@ -10,7 +10,9 @@
 #include "tests/support/fixture.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -75,6 +77,25 @@ TEST_F(BookBoxTest, ALockedBookDoesNotDelayTheStart) {
     other.Execute(u"begin exclusive"_s);
     Scan();
     EXPECT_EQ(Books(), QStringList{u"a 0"_s});
+}
+
+// Listing the folder anew for each book took two and a half seconds here.
+TEST_F(BookBoxTest, ABoxOfVeryManyBooksIsListedOnceAndRivalsStayShut) {
+    for (int i = 0; i < 1000; ++i)
+        Put(u"Box/Filler%1.jotdb"_s.arg(i), {});
+    for (const auto& name : {u"Box/Twin.jotdb"_s, u"Box/twin.jotdb"_s, u"Box/Mine.jotdb"_s})
+        Put(name, EmptyBookImage());
+    QElapsedTimer watch;
+    watch.start();
+    Scan();
+    EXPECT_LT(watch.elapsed(), 1000);
+    EXPECT_EQ(Books().filter(QRegularExpression(u"^(mine|twin)"_s)),
+              (QStringList{u"mine 2016 10.0"_s, u"twin 0"_s, u"twin 0"_s}));
+    // What comes later is seen again.
+    const auto mine = State().gBooks.at(static_cast<size_t>(FindBook(Path(u"Box/Mine.jotdb"_s))));
+    EXPECT_TRUE(FileOf(mine).exists);
+    Put(u"Box/MINE.jotdb"_s, EmptyBookImage());
+    EXPECT_EQ(FileOf(mine).rivals.size(), 2);
 }
 
 TEST_F(BookBoxTest, TheBookOfTheCommandLineIsChosen) {

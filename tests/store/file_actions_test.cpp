@@ -42,6 +42,16 @@ TEST_F(FileActions, DeletingAsksOnlyWhereThereIsNoTrash) {
     EXPECT_FALSE(QFile::exists(book) || QFile::exists(journal));
 }
 
+TEST_F(FileActions, OnlyABooksOwnFileGoes) {
+    Outside().trash = [](const QString& path) { return QFile::remove(path); };
+    const QString gone = Path(u"BOOK.jotdb"_s);
+    const QString other = Put(u"book.jotdb"_s);
+    EXPECT_TRUE(DeleteToBin(BookRecord{gone.toLower(), u"book"_s, 0, {}, gone}));
+    EXPECT_TRUE(QFile::exists(other));
+    EXPECT_TRUE(DeleteToBin(BookRecord{gone.toLower(), u"book"_s, 0, {}, other}));
+    EXPECT_FALSE(QFile::exists(other));
+}
+
 TEST_F(FileActions, TheExportFolderTakesThePagesFilesAnew) {
     State().gProgramFolder = Path(u"program"_s);
     QDir().mkpath(Path(u"program/Skin/Html"_s));
@@ -52,6 +62,10 @@ TEST_F(FileActions, TheExportFolderTakesThePagesFilesAnew) {
     QFile copied(Path(u"data/Export/Html/page.css"_s));
     ASSERT_TRUE(copied.open(QIODevice::ReadOnly));
     EXPECT_EQ(copied.readAll(), QByteArray("new"));
+    Put(u"program/Skin/Html/z.css"_s);
+    QDir().mkpath(Path(u"data/Export/Html/z.css"_s));
+    boxes.Expect(u"创建临时文件夹错误!"_s);
+    EXPECT_FALSE(PrepareExportFolder());
     State().gDataDir = Put(u"a file"_s);
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_FALSE(PrepareExportFolder());

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -170,6 +172,40 @@ TEST_F(PathsTest, TheExactSpellingComesFirstAndRivalsAreToldApart) {
     EXPECT_FALSE(FileExists(Path(u"box"_s)));
     EXPECT_TRUE(FolderExists(Path(u"BOX"_s)));
     EXPECT_FALSE(FolderExists(Path(u"box/one.jotdb"_s)));
+}
+
+// Paths arrive in lower case. An exact child is asked for by its name; below it a known folder leads on.
+TEST_F(PathsTest, BelowAFolderThatCannotBeListed) {
+    const QString shut = Path(u"shut"_s);
+    QDir().mkpath(shut + u"/exact"_s);
+    QDir().mkpath(shut + u"/Known"_s);
+    QDir().mkpath(shut + u"/Other"_s);
+    Touch(u"shut/exact/One.jotdb"_s);
+    Touch(u"shut/Known/Two.jotdb"_s);
+    Touch(u"shut/Other/Three.jotdb"_s);
+    KnowFolder(shut + u"/Known"_s);
+    const auto all = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const auto readers = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    for (const auto& folder : {Path({}), shut})
+        QFile::setPermissions(folder, all | QFile::ExeGroup | QFile::ExeOther);
+    for (const auto& folder : {u"/exact"_s, u"/Known"_s, u"/Other"_s})
+        QFile::setPermissions(shut + folder, all | readers);
+    const bool root = geteuid() == 0;
+    if (root)
+        ASSERT_EQ(seteuid(65534), 0);
+    else
+        QFile::setPermissions(shut, QFile::ExeOwner);
+    const auto real = [&](const QString& name) { return RealPath((shut + name).toLower()); };
+    const auto exact = real(u"/exact/one.jotdb"_s);
+    const auto known = real(u"/known/two.jotdb"_s);
+    const auto other = real(u"/other/three.jotdb"_s);
+    if (root)
+        ASSERT_EQ(seteuid(0), 0);
+    else
+        QFile::setPermissions(shut, all);
+    EXPECT_EQ(exact.path, shut + u"/exact/One.jotdb"_s);
+    EXPECT_EQ(known.path, shut + u"/Known/Two.jotdb"_s);
+    EXPECT_FALSE(other.exists);
 }
 
 TEST_F(PathsTest, ASpellingThatLowerCaseLeadsElsewhereIsToldWithItsRival) {

@@ -4,6 +4,7 @@
 #include "store/book_images.h"
 #include "store/errors.h"
 #include "store/outside.h"
+#include "store/paths.h"
 #include "store/places.h"
 #include "store/session.h"
 #include "store/settings_file.h"
@@ -13,6 +14,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -273,6 +276,39 @@ TEST_F(SettingsTest, ABookBoxThatIsGoneGivesWayToTheDefaultOne) {
     EXPECT_EQ(FixBookPath(Path(u"Mine/"_s)), Path(u"Mine"_s));
     EXPECT_EQ(FixBookPath(Path(u"mine"_s)), Path(u"mine"_s));
     EXPECT_EQ(FixBookPath(u"/"_s), u"/"_s);
+}
+
+// A chosen box is kept in lower case, which leads nowhere below a folder that cannot be listed.
+TEST_F(SettingsTest, AChosenBookBoxIsFoundAgainWhereAFolderAboveCannotBeListed) {
+    const QString shared = Path(u"shared"_s);
+    const QString chosen = shared + u"/Books"_s;
+    QDir().mkpath(chosen);
+    Load();
+    KnowFolder(chosen);
+    State().settings.sDBPath = chosen.toLower();
+    SaveSetting({}, kSaveBookBox);
+    ForgetFolders();
+    for (const auto& folder : {Path({}), shared})
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                          QFile::ExeGroup | QFile::ExeOther);
+    if (geteuid() == 0)
+        ASSERT_EQ(seteuid(65534), 0);
+    else
+        QFile::setPermissions(shared, QFile::ExeOwner);
+    Load();
+    if (getuid() == 0)
+        ASSERT_EQ(seteuid(0), 0);
+    else
+        QFile::setPermissions(shared, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_EQ(State().settings.sDBPath, chosen.toLower());
+}
+
+TEST_F(SettingsTest, WhatCannotBeKeptForTheNextStartIsToldOnce) {
+    Load();
+    cConnection::Seams().beforeStatement = [](const QString& sql) { FailStatement(u"磁盘已满"_s, sql); };
+    boxes.Expect(u"意外错误"_s);
+    for (const int code : {kSaveLastBook, kSaveHandle, kSaveLastBook})
+        SaveForNextStart([code] { SaveSetting(u"1"_s, code); });
 }
 
 TEST_F(SettingsTest, ASecondCopyLeavesItsPathAndLearnsTheHandle) {

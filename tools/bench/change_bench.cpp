@@ -169,30 +169,6 @@ std::string Joined(const std::vector<qint64>& ids) {
     return text;
 }
 
-/// How a job looks from outside: the longest time without a turn of the event loop, and how often it turned.
-class Pulse {
- public:
-    Pulse() {
-        timer_.setInterval(0);
-        QObject::connect(&timer_, &QTimer::timeout, [this] { Beat(); });
-        timer_.start();
-    }
-    void Beat() {
-        const double now = Moment();
-        longest_ = std::max(longest_, now - last_);
-        last_ = now;
-        ++beats_;
-    }
-    double Longest() const { return longest_; }
-    double Beats() const { return beats_; }
-
- private:
-    QTimer timer_;
-    double last_ = Moment();
-    double longest_ = 0;
-    double beats_ = 0;
-};
-
 }  // namespace
 
 void MeasureChanges(SpeedTable& table, const QString& path, int entries, int runs) {

@@ -31,7 +31,8 @@ void LayOut(const QString& folder, const QString& build) {
 
 QProcessEnvironment OwnWorld(const QString& folder) {
     auto world = QProcessEnvironment::systemEnvironment();
-    for (const auto& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"APPDATA"_s, u"SystemDrive"_s})
+    for (const auto& name :
+         {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"APPDATA"_s, u"SystemDrive"_s, u"DBUS_SESSION_BUS_ADDRESS"_s})
         world.remove(name);
     const QString home = folder + u"/home"_s;
     world.insert(u"HOME"_s, home);

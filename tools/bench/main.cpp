@@ -13,6 +13,7 @@
 #include "tools/bench/click_bench.h"
 #include "tools/bench/page_bench.h"
 #include "tools/bench/print_bench.h"
+#include "tools/bench/report_bench.h"
 #include "tools/generate/book_maker.h"
 
 #include <QApplication>
@@ -75,6 +76,8 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
         MeasurePrint(table, book, entries, quick ? 5 : 11);
         MeasureChanges(table, book, entries, quick ? 11 : 31);
         MeasureKindsPage(table, book, entries, quick ? 5 : 11);
+        MeasureReports(table, book, entries, quick ? 5 : 11);
+        MeasureExports(table, book, entries, quick ? 3 : 7);
         MeasureClicks(table, book, entries, quick ? 5 : 11);
         MeasureBulkDeletion(table, book, entries, 3);
     }

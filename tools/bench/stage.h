@@ -8,7 +8,10 @@
 #include <QApplication>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
+
+#include <algorithm>
 
 constexpr double kPageBound = 1.3, kReadBound = 1.5, kWriteBound = 2;
 constexpr double kClickBound = 100, kLastPageBound = 150, kWindowBound = 50;  // milliseconds
@@ -38,6 +41,30 @@ class EntryPasses {
 
  private:
     QStringList statements_;
+};
+
+/// How a job looks from outside: the longest time without a turn of the event loop, and how often it turned.
+class Pulse {
+ public:
+    Pulse() {
+        timer_.setInterval(0);
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Beat(); });
+        timer_.start();
+    }
+    void Beat() {
+        const double now = Moment();
+        longest_ = std::max(longest_, now - last_);
+        last_ = now;
+        ++beats_;
+    }
+    double Longest() const { return longest_; }
+    double Beats() const { return beats_; }
+
+ private:
+    QTimer timer_;
+    double last_ = Moment();
+    double longest_ = 0;
+    double beats_ = 0;
 };
 
 template <class Widget>

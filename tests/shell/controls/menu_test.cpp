@@ -2,6 +2,7 @@
 
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
+#include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_dialog.h"
 #include "shell/controls/kestro_link.h"
 #include "shell/controls/kestro_menu.h"
@@ -9,12 +10,14 @@
 #include "shell/controls/kestro_pgress.h"
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_status_bar.h"
+#include "shell/controls/kestro_tool_tip.h"
 #include "shell/controls/kestro_tree.h"
 #include "shell/menus.h"
 #include "store/state.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -148,6 +151,23 @@ TEST_F(StripTest, KeysReachEveryLine) {
     EXPECT_EQ(strip_.SelectedKey(), u"19"_s);
 }
 
+TEST_F(StripTest, PageKeysGoByWhatShows) {
+    strip_.setFocus(Qt::TabFocusReason);
+    const auto after = [this](Qt::Key key) {
+        QTest::keyClick(&strip_, key);
+        QTest::keyClick(&strip_, Qt::Key_Return);
+        return strip_.SelectedKey().toInt();
+    };
+    QTest::keyClick(&strip_, Qt::Key_Home);
+    const int first = after(Qt::Key_PageDown);
+    EXPECT_GT(first, 2);
+    EXPECT_LT(first, 10);
+    const int page = first + 3;  // the lines above the first of them
+    EXPECT_EQ(after(Qt::Key_PageDown), first + page);
+    EXPECT_EQ(after(Qt::Key_PageDown), 19);
+    EXPECT_EQ(after(Qt::Key_PageUp), 19 - page);
+}
+
 TEST(OptionPair, ExactlyOneIsOn) {
     QWidget window;
     auto* column = new QVBoxLayout(&window);
@@ -237,6 +257,35 @@ TEST(Tree, LevelsAndEnter) {
     tree.SetCurrentNode(tree.FindKey(u"0201"_s));
     QTest::keyClick(&tree, Qt::Key_Return);
     EXPECT_EQ(entered, leaf);
+}
+
+TEST(Tips, ANameTooLongForItsTreeOrChooserShowsWhole) {
+    const QString longName = u"0201一个长得在它的格子里写不下的名字，所以要整个显示出来，再长一些"_s;
+    const auto tipAt = [](QWidget* widget, const QPoint& at) {
+        KestroToolTip::Hide();
+        QHelpEvent help(QEvent::ToolTip, at, widget->mapToGlobal(at));
+        QApplication::sendEvent(widget, &help);
+        return KestroToolTip::ShownText();
+    };
+    KestroTree tree;
+    tree.resize(200, 200);
+    tree.AddNode(KestroTree::kRoot, longName, {});
+    tree.AddNode(KestroTree::kRoot, u"02成本"_s, {});
+    tree.show();
+    const auto row = [&](int n) { return tree.visualItemRect(tree.topLevelItem(n)).center(); };
+    EXPECT_EQ(tipAt(tree.viewport(), row(0)), longName);
+    EXPECT_EQ(tipAt(tree.viewport(), row(1)), QString());
+    EXPECT_EQ(tipAt(tree.viewport(), {100, 190}), QString());
+
+    KestroCombox box(ComboxMode::chooseOnly);
+    box.resize(160, 30);
+    box.AddItem(longName, u"a"_s);
+    box.AddItem(u"02成本"_s, u"b"_s);
+    box.show();
+    box.SetCurrent(0);
+    EXPECT_EQ(tipAt(&box, {50, 15}), longName);
+    box.SetCurrent(1);
+    EXPECT_EQ(tipAt(&box, {50, 15}), QString());
 }
 
 TEST(Bars, PanelsShareTheRoomAndTheBarKeepsItsRange) {
