@@ -4,6 +4,7 @@
 #include "shell/controls/kestro_scrollbar.h"
 #include "shell/skin.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
 #include <QWheelEvent>

@@ -37,6 +37,10 @@ void MeasurePrint(SpeedTable& table, const QString& path, int entries, int runs)
     };
     const auto theirs = [&] { raw.Rows(sql); };
     table.Add(Compared(u"print: layout of the list"_s, entries, InTurns(runs, ours, theirs), kLayoutBound));
+    Pulse pulse;
+    ours();
+    pulse.Beat();
+    table.Add({u"  its longest time without an answer"_s, entries, pulse.Longest(), 0, u"ms"_s, kClickBound});
     table.Add({u"  its pages"_s, entries, static_cast<double>(document.pages.size()), 0, u"pages"_s, {}});
 
     const Stage<PrintCanvas> stage(document);
