@@ -12,6 +12,7 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "output/frm_print.h"
 #include "output/search.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
@@ -123,6 +124,7 @@ void RegisterWindows() {
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
+    RegisterDialog(kDlgPrint, OpenPrintPreview);
     RegisterDialog(kDlgTree, OpenTreeDialog);
 }
 

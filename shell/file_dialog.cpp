@@ -30,9 +30,18 @@ QString StartFolder(const QString& folder) {
     return !folder.isEmpty() && found.exists ? found.path : QDir::homePath();
 }
 
+QString AskForNewFile(const FileRequest& request, QWidget* parent) {
+    QFileDialog dialog(parent, request.title, StartFolder(request.folder), PlatformFilter(request.filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(request.suffix);
+    dialog.selectFile(request.name);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 QString AskPlatform(const FileRequest& request) {
     QWidget* parent = QApplication::activeWindow();
     const QString folder = StartFolder(request.folder);
+    if (!request.suffix.isEmpty()) return AskForNewFile(request, parent);
     if (request.wantsFolder) return QFileDialog::getExistingDirectory(parent, request.title, folder);
     const QString start = request.name.isEmpty() ? folder : folder + u'/' + request.name;
     return QFileDialog::getOpenFileName(parent, request.title, start, PlatformFilter(request.filter));
@@ -47,6 +56,12 @@ std::function<QString(const FileRequest&)>& FileDialogSlot() {
 QString ChooseFile(const QString& title, const QString& filter, const QString& folder, const QString& name) {
     const auto& slot = FileDialogSlot();
     return slot ? slot({title, filter, folder, name, false}) : QString();
+}
+
+QString ChooseNewFile(const QString& title, const QString& filter, const QString& folder, const QString& name,
+                      const QString& suffix) {
+    const auto& slot = FileDialogSlot();
+    return slot ? slot({title, filter, folder, name, false, suffix}) : QString();
 }
 
 QString ChooseFolder(const QString& title, const QString& folder) {

@@ -23,6 +23,7 @@ struct Item {
     std::function<bool()> can = {};
     bool separator = false;
     bool opensMenu = false;
+    bool checked = false;
 };
 
 struct Menu {
@@ -74,6 +75,7 @@ void Build(KestroMenu& menu, const Menu& told) {
             if (below) Build(*shown, *below);
         } else {
             menu.AddItem(item.key, item.caption, item.icon, item.hint);
+            menu.SetItemChecked(item.key, item.checked);
         }
         menu.SetItemEnabled(item.key, IsEnabled(item));
     }
@@ -100,6 +102,10 @@ void AddSeparator(const QString& menu, const QString& key) {
 
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption, const QString& icon) {
     Add(menu, {.key = subMenu, .caption = caption, .icon = icon, .opensMenu = true});
+}
+
+void SetItemChecked(const QString& menu, const QString& key, bool on) {
+    if (Item* const item = FindItem(menu, key)) item->checked = on;
 }
 
 void Popup(const QString& name, const QPoint& globalPos) {

@@ -21,6 +21,9 @@ void AddSeparator(const QString& menu, const QString& key = {});
 void AddSubMenu(const QString& menu, const QString& subMenu, const QString& caption,
                 const QString& icon = {});
 
+/// Ticks an item or takes its tick away.
+void SetItemChecked(const QString& menu, const QString& key, bool on);
+
 /// Shows a menu; an unknown or empty one does nothing. Returns at once.
 void Popup(const QString& name, const QPoint& globalPos);
 

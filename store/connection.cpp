@@ -293,6 +293,17 @@ struct cReader::Body {
     Statement statement;
     ConnectionCore* core = nullptr;
     QString sql;
+    std::vector<char> bits;  // which columns are declared bit; found at the first question
+
+    bool IsBit(int column) {
+        if (bits.empty())
+            for (int i = 0; i < sqlite3_column_count(statement.get()); ++i) {
+                const char* const declared = sqlite3_column_decltype(statement.get(), i);
+                bits.push_back(declared && sqlite3_stricmp(declared, "bit") == 0);
+            }
+        const auto at = static_cast<size_t>(column);
+        return at < bits.size() && bits[at];
+    }
 };
 
 cReader::cReader(std::unique_ptr<Body> body) : body_(std::move(body)) {}
@@ -325,6 +336,16 @@ int cReader::ColumnOf(QStringView name) const {
 
 bool cReader::IsNull(int column) const {
     return sqlite3_column_type(body_->statement.get(), column) == SQLITE_NULL;
+}
+
+bool cReader::IsNumber(int column) const {
+    const int type = sqlite3_column_type(body_->statement.get(), column);
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+}
+
+QString cReader::Shown(int column) const {
+    if (body_->IsBit(column)) return Int(column) ? u"True"_s : u"False"_s;
+    return Text(column);
 }
 
 QString cReader::Text(int column) const {

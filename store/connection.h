@@ -109,7 +109,11 @@ class cReader {
     /// Number of a column by its name in any case, -1 when there is none.
     int ColumnOf(QStringView name) const;
     bool IsNull(int column) const;
+    /// The row holds a number here, not a text.
+    bool IsNumber(int column) const;
     QString Text(int column) const;
+    /// A column declared bit reads "True" or "False", any other as Text.
+    QString Shown(int column) const;
     /// A text column as the UTF-8 that the file holds, good until Next.
     QByteArrayView Bytes(int column) const;
     qint64 Int(int column) const;

@@ -15,6 +15,7 @@ enum DialogCode {
     kDlgPictures = 6,
     kDlgInput = 7,
     kDlgNote = 10,
+    kDlgPrint = 11,
     kDlgTree = 17
 };
 
@@ -97,6 +98,16 @@ struct NoteDialog {
     int& isPlatform;  ///< a message of the service, not a note of the book
     int& id;
     QString& mode;
+};
+
+/// frmPrint.
+struct PrintDialog {
+    explicit PrintDialog(DialogRecord& r = State().gDlg[kDlgPrint])
+        : preview(r.Flag1), start(r.Num1), listKind(r.Num2), info(r.Text1) {}
+    int& preview;  ///< 0: straight to the printer
+    int& start;
+    int& listKind;
+    QString& info;  ///< the documents as one text
 };
 
 /// frmTree.

@@ -14,7 +14,7 @@ namespace {
 constexpr int kIcon = 16;
 constexpr int kGap = 6;
 constexpr int kChevron = 10;
-constexpr int kDateZone = 24;
+constexpr int kDropZone = 24;  // of buttons with an outline
 constexpr int kDateWidth = 56;
 constexpr double kRadius = 4;
 // Room for the focus ring outside the outline of buttons that show theirs there.
@@ -75,7 +75,7 @@ void KestroButton::Changed() {
 
 int KestroButton::ArrowWidth() const {
     if (!arrow_) return 0;
-    return look_ == ButtonLook::date ? kDateZone : kChevron + 10;
+    return InToolbar() ? kChevron + 10 : kDropZone;
 }
 
 QSize KestroButton::sizeHint() const {
@@ -180,7 +180,7 @@ void KestroButton::paintEvent(QPaintEvent*) {
 void KestroButton::PaintArrow(QPainter& p, const QColor& ink) const {
     if (!arrow_) return;
     const QRect zone(width() - ArrowWidth(), 0, ArrowWidth(), height());
-    if (look_ == ButtonLook::date) {
+    if (!InToolbar()) {
         Skin::VLine(p, zone.left(), 1, height() - 1, Skin::Color(Tok::line));
         Skin::Chevron(p, zone, 0, ink, kChevron);
     } else {

@@ -27,7 +27,7 @@ class KestroButton : public QAbstractButton {
 
     void SetLook(ButtonLook look);
     void SetIcon(const QString& icon);
-    /// An arrow at the right. A tool button's right third, a date button's drop zone, then call onArrow;
+    /// An arrow at the right. A tool button's right third, another's drop zone, then call onArrow;
     /// without onArrow the arrow acts as the button.
     void SetArrow(bool shown);
     /// 32 unless told otherwise.

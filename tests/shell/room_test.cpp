@@ -5,6 +5,7 @@
 #include "chart/frm_tree.h"
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
+#include "output/frm_print.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_scroll_menu.h"
@@ -144,6 +145,18 @@ TEST_F(Room, TreeAndTemplates) {
         templates.show();
         Find<QAbstractButton>(&templates, "pngArrow")->click();
         Check(templates, "templates", points);
+    });
+}
+
+TEST_F(Room, PrintPreview) {
+    const PrintDocument document;
+    AtEachFont([&](int points) {
+        Job job;
+        frmPrint preview(document, job);
+        preview.show();
+        preview.DoMenu(u"percent"_s, u"200%"_s);
+        Check(preview, "print preview", points);
+        EXPECT_FALSE(Find<QWidget>(&preview, "ScrollH")->isHidden());
     });
 }
 

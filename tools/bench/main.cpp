@@ -12,6 +12,7 @@
 #include "tools/bench/children.h"
 #include "tools/bench/click_bench.h"
 #include "tools/bench/page_bench.h"
+#include "tools/bench/print_bench.h"
 #include "tools/bench/report_bench.h"
 #include "tools/generate/book_maker.h"
 
@@ -72,6 +73,7 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
         MeasureReads(table, book, entries, quick ? 5 : 11);
         MeasureSaves(table, book, entries, quick ? 11 : 31);
         MeasureAccountList(table, book, entries, quick ? 5 : 11);
+        MeasurePrint(table, book, entries, quick ? 5 : 11);
         MeasureChanges(table, book, entries, quick ? 11 : 31);
         MeasureKindsPage(table, book, entries, quick ? 5 : 11);
         MeasureReports(table, book, entries, quick ? 5 : 11);

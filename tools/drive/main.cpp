@@ -10,9 +10,9 @@
 #include "store/state.h"
 #include "tools/drive/request.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QStringDecoder>
 
@@ -92,8 +92,16 @@ QJsonObject AnswerLine(const std::string& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication app(argc, argv);
-    const Options options = Read(QCoreApplication::arguments());
+    // Texts are measured and pages painted without a display, whatever the desktop is.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
+    qputenv("QT_LOGGING_RULES", "*.warning=false");
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    int alone = 1;  // the toolkit gets no word of the command line
+    const QGuiApplication app(alone, argv);
+    const Options options = Read(arguments);
     if (!options.good) {
         std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] [--data FOLDER] BOOK\n", stderr);
         return 1;

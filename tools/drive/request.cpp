@@ -22,7 +22,8 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), ChartRequests(), OutputRequests(), TextRequests()})
+    for (const auto& group :
+         {EntryRequests(), ChartRequests(), OutputRequests(), PrintRequests(), TextRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;
@@ -119,10 +120,10 @@ QString BoxLog::LastText() const {
     return boxes_.isEmpty() ? QString() : boxes_.last()[u"text"].toString();
 }
 
-std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request) {
-    if (!request[u"ids"].isArray()) return {};
+std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request, const QString& field) {
+    if (!request[field].isArray()) return {};
     std::vector<qint64> ids;
-    for (const auto& value : request[u"ids"].toArray()) {
+    for (const auto& value : request[field].toArray()) {
         const qint64 id = value.toInteger(-1);
         if (!value.isDouble() || id < 1) return {};
         ids.push_back(id);

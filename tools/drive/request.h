@@ -48,6 +48,7 @@ struct Request {
 std::span<const Request> EntryRequests();
 std::span<const Request> ChartRequests();
 std::span<const Request> OutputRequests();
+std::span<const Request> PrintRequests();
 std::span<const Request> TextRequests();
 
 /// The filter fields kind, text, date1, date2, mark; and page.
@@ -57,8 +58,9 @@ int PageOf(const QJsonObject& request);
 
 QJsonArray CellsOf(const std::vector<QString>& cells);
 
-/// The whole numbers of the field "ids"; nullopt when it is no list of such.
-std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request);
+/// The whole numbers of the field "ids", or of another; nullopt when it is no list of such.
+std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request,
+                                         const QString& field = QStringLiteral("ids"));
 
 QJsonObject Refusal(const QString& message, const QString& focus);
 QJsonObject Failure(const QString& error);

@@ -1,4 +1,5 @@
 #include "chart/codes.h"
+#include "output/print_columns.h"
 #include "output/search.h"
 #include "stats/period_report.h"
 #include "store/dates.h"
@@ -93,6 +94,7 @@ const std::map<QString, Function>& Functions() {
         {u"CodePathText"_s,
          {[](const auto& a) { return CodePathText(State().gDB, ChartAt(a, 0), a.Text(1), a.Flag(2)); }, 0}},
         {u"BranchSums"_s, {Sums, 0}},
+        {u"ReplaceValue"_s, {[](const auto& a) { return ReplaceValue(a.Text(0), a.Text(1)); }}},
         {u"SplitSums"_s, {Split}},
         {u"Highlight"_s, {[](const auto& a) { return Highlight(a.Text(0), a.Text(1)); }}},
         {u"MakeFolders"_s, {Folders}},
