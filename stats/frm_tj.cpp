@@ -90,6 +90,7 @@ void frmTJ::ShowMode(const QString& mode) {
         if (bPeriod[SideOfMode()] == kLengths[i]) options_[i]->SetOn();
     }
     period_->SetValue(Now().period);
+    Arrange();
     ShowTitle();
 }
 

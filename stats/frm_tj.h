@@ -16,6 +16,7 @@ class KestroLabel;
 class KestroOption;
 class PageJobBar;
 class PeriodButtons;
+class QHBoxLayout;
 class Toolbar;
 
 class frmTJ : public StripPage {
@@ -34,6 +35,9 @@ class frmTJ : public StripPage {
     /// Fills the two choosers; what is chosen stays while its row stands.
     void LoadComkindData();
 
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
  private:
     /// What the page remembers of a mode.
     struct ModeState {
@@ -47,6 +51,8 @@ class frmTJ : public StripPage {
     void BuildChoosers();
     void BuildLists();
     void LayOut();
+    void PutMore(QHBoxLayout& row);
+    void Arrange();
     KestroCombox* MakeChooser(Chart chart);
     KestroList* MakeList(const ReportModeRow& mode);
     void FillChooser(KestroCombox* box, Chart chart, QString& code);
@@ -73,6 +79,9 @@ class frmTJ : public StripPage {
     KestroButton* btnPrint;
     KestroButton* btnExport;
     KestroLabel* lblTip;
+    QHBoxLayout* asked_ = nullptr;
+    QHBoxLayout* more_ = nullptr;
+    bool narrow_ = false;  ///< the second half of asked_ stands in more_
     PageJobBar* KestroPGress1;
     std::array<KestroList*, 4> lists_{};  ///< in the order of ReportMode
 

@@ -159,18 +159,18 @@ void frmTJ::LayOut() {
     lengths->setSpacing(Skin::Space::kField);
     for (auto* option : options_)
         lengths->addWidget(option);
-    auto* asked = new QHBoxLayout;
-    asked->setSpacing(Skin::Space::kPartner);
-    asked->addWidget(comKind, 1);
-    asked->addWidget(comAcc, 1);
-    asked->addWidget(period_);
-    asked->addSpacing(Skin::Space::kPartner);
-    asked->addWidget(lengths_);
-    asked->addSpacing(Skin::Space::kPartner);
-    asked->addWidget(btnEnter);
-    asked->addStretch();
-    asked->addWidget(toolbar_);
-    Room()->addLayout(asked);
+    asked_ = new QHBoxLayout;
+    asked_->setSpacing(Skin::Space::kPartner);
+    for (auto* chooser : {comKind, comAcc})
+        asked_->addWidget(chooser, 1);
+    asked_->addWidget(period_);
+    asked_->addStretch();
+    Room()->addLayout(asked_);
+    more_ = new QHBoxLayout;
+    more_->setSpacing(Skin::Space::kPartner);
+    more_->addStretch();
+    Room()->addLayout(more_);
+    PutMore(*asked_);
     auto* told = new QHBoxLayout;
     told->setSpacing(Skin::Space::kPage);
     told->addWidget(lblTip, 1);
@@ -179,4 +179,30 @@ void frmTJ::LayOut() {
     Room()->addLayout(told);
     for (auto* list : lists_)
         Room()->addWidget(list, 1);
+}
+
+void frmTJ::PutMore(QHBoxLayout& row) {
+    // Before and behind the stretch that each of the two rows ends with.
+    row.insertWidget(row.count() - 1, lengths_);
+    row.insertWidget(row.count() - 1, btnEnter);
+    row.addWidget(toolbar_);
+    narrow_ = &row == more_;
+}
+
+// Where one row has no room for all, its second half goes into a row of its own.
+void frmTJ::Arrange() {
+    int needed = toolbar_->sizeHint().width() + Skin::Space::kPartner;
+    for (const QWidget* widget : {static_cast<QWidget*>(comKind), static_cast<QWidget*>(comAcc),
+                                  static_cast<QWidget*>(period_), lengths_, static_cast<QWidget*>(btnEnter)})
+        if (!widget->isHidden())
+            needed +=
+                std::max(widget->minimumWidth(), widget->minimumSizeHint().width()) + Skin::Space::kPartner;
+    const bool narrow = needed > Room()->contentsRect().width();
+    if (narrow == narrow_) return;
+    PutMore(narrow ? *more_ : *asked_);
+}
+
+void frmTJ::resizeEvent(QResizeEvent* event) {
+    StripPage::resizeEvent(event);
+    Arrange();
 }
