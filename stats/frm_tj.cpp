@@ -85,10 +85,8 @@ void frmTJ::ShowMode(const QString& mode) {
     lengths_->setVisible(Row().byPeriod);
     for (auto* list : lists_)
         list->setVisible(list == List());
-    for (size_t i = 0; i < options_.size(); ++i) {
-        constexpr PeriodLength kLengths[] = {PeriodLength::year, PeriodLength::month, PeriodLength::day};
-        if (bPeriod[SideOfMode()] == kLengths[i]) options_[i]->SetOn();
-    }
+    for (const auto& [option, length] : LengthOptions())
+        if (bPeriod[SideOfMode()] == length) option->SetOn();
     period_->SetValue(Now().period);
     Arrange();
     ShowTitle();

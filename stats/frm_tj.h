@@ -58,6 +58,10 @@ class frmTJ : public StripPage {
     void FillChooser(KestroCombox* box, Chart chart, QString& code);
     void OpenTree(Chart chart);
     void Run();
+    std::array<std::pair<KestroOption*, PeriodLength>, 3> LengthOptions() const {
+        return {
+            {{optYear, PeriodLength::year}, {optMonth, PeriodLength::month}, {optDay, PeriodLength::day}}};
+    }
     PeriodQuestion Question() const;
     void ShowReport(const Report& report);
     void ShowTitle();
@@ -72,7 +76,9 @@ class frmTJ : public StripPage {
     KestroCombox* comKind;
     KestroCombox* comAcc;
     QWidget* lengths_;
-    std::array<KestroOption*, 3> options_{};  ///< optYear, optMonth, optDay
+    KestroOption* optYear;
+    KestroOption* optMonth;
+    KestroOption* optDay;
     PeriodButtons* period_;
     KestroButton* btnEnter;
     Toolbar* toolbar_;

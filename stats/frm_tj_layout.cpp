@@ -98,17 +98,17 @@ void frmTJ::BuildChoosers() {
     period_ = new PeriodButtons(this);
     period_->onPick = [this] { Now().period = period_->Value(); };
     lengths_ = new QWidget(this);
-    const std::tuple<QString, QString, PeriodLength> lengths[] = {
-        {u"optYear"_s, u"年"_s, PeriodLength::year},
-        {u"optMonth"_s, u"月"_s, PeriodLength::month},
-        {u"optDay"_s, u"日"_s, PeriodLength::day}};
-    for (size_t i = 0; i < options_.size(); ++i) {
-        const auto& [name, caption, length] = lengths[i];
-        options_[i] = new KestroOption(caption, lengths_);
-        options_[i]->setObjectName(name);
-        options_[i]->setAccessibleName(u"按"_s + caption + u"统计"_s);
-        options_[i]->onChoose = [this, length = length] { bPeriod[SideOfMode()] = length; };
-    }
+    const auto option = [this](const QString& name, const QString& caption) {
+        auto* made = new KestroOption(caption, lengths_);
+        made->setObjectName(name);
+        made->setAccessibleName(u"按"_s + caption + u"统计"_s);
+        return made;
+    };
+    optYear = option(u"optYear"_s, u"年"_s);
+    optMonth = option(u"optMonth"_s, u"月"_s);
+    optDay = option(u"optDay"_s, u"日"_s);
+    for (const auto& [made, length] : LengthOptions())
+        made->onChoose = [this, length = length] { bPeriod[SideOfMode()] = length; };
     btnEnter = new KestroButton(ButtonLook::primary, u"统计"_s, {}, this);
     btnEnter->setObjectName(u"btnEnter"_s);
     btnEnter->onClick = [this] { Run(); };
@@ -157,7 +157,7 @@ void frmTJ::LayOut() {
     auto* lengths = new QHBoxLayout(lengths_);
     lengths->setContentsMargins({});
     lengths->setSpacing(Skin::Space::kField);
-    for (auto* option : options_)
+    for (const auto& [option, length] : LengthOptions())
         lengths->addWidget(option);
     asked_ = new QHBoxLayout;
     asked_->setSpacing(Skin::Space::kPartner);
