@@ -5,17 +5,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-ExportColumn Money(const QString& title) {
-    return {.title = title,
-            .kind = CellKind::money,
-            .webSide = Side::right,
-            .webWidth = 80,
-            .textWidth = 15,
-            .sheetWidth = 12};
+constexpr int kMoneyWidth = 80;  // pixels on a web page
 }
-
-}  // namespace
 
 ExportTable ChartExport(cConnection& book, Chart chart) {
     const auto& names = TableOf(chart);
@@ -26,18 +17,17 @@ ExportTable ChartExport(cConnection& book, Chart chart) {
     table.noneInText = table.noneInSheet = names.word + u"【无记录】!"_s;
     table.question = table.sheetQuestion = kAskWhatToOpen;
     table.sheetHint = u"之前导出文件打开后未关闭"_s;
-    table.columns = {
-        {.title = u"No"_s, .kind = CellKind::number, .webWidth = 40, .textWidth = 6, .sheetWidth = 6},
-        {.title = names.word + u"名称"_s, .webWidth = 180, .textWidth = 20, .sheetWidth = 18},
-        {.title = u"增加日期"_s, .webWidth = 70, .textWidth = 12, .sheetWidth = 30},
-        Money(u"增加(元)"_s),
-        Money(u"减少(元)"_s),
-        Money(u"余额(元)"_s),
-        {.title = u"备注"_s,
-         .webSide = Side::centre,
-         .textWidth = 20,
-         .sheetWidth = 40,
-         .webTitle = u"说明"_s}};
+    table.columns = {NumberColumn(),
+                     {.title = names.word + u"名称"_s, .webWidth = 180, .textWidth = 20, .sheetWidth = 18},
+                     {.title = u"增加日期"_s, .webWidth = 70, .textWidth = 12, .sheetWidth = 30},
+                     MoneyColumn(u"增加(元)"_s, kMoneyWidth),
+                     MoneyColumn(u"减少(元)"_s, kMoneyWidth),
+                     MoneyColumn(u"余额(元)"_s, kMoneyWidth),
+                     {.title = u"备注"_s,
+                      .webSide = Side::centre,
+                      .textWidth = 20,
+                      .sheetWidth = 40,
+                      .webTitle = u"说明"_s}};
     auto rows = book.Read(u"select Sort1,Name1,"_s + names.made + u",nAdd,nReduce,Money,"_s + names.note +
                           u" from "_s + names.table + u" order by Sort1"_s);
     while (rows.Next())

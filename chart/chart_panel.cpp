@@ -3,6 +3,7 @@
 #include "chart/chart_export.h"
 #include "chart/codes.h"
 #include "output/export_page.h"
+#include "output/print_run.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
@@ -32,7 +33,7 @@ RowLook LookOf(const QString& code) {
 }  // namespace
 
 ChartPanel::ChartPanel(Chart chart, bool withButtons, QWidget* parent)
-    : QWidget(parent), chart_(chart), fresh_(this, [this] {
+    : QWidget(parent), chart_(chart), prints_(!withButtons), fresh_(this, [this] {
           const QString current = KestroList1_->CurrentKey();
           Reload();
           Select(current);
@@ -68,6 +69,9 @@ bool ChartPanel::Can(Act act) const {
         case Act::exportText:
         case Act::exportSheet:
             return true;
+        case Act::print:
+        case Act::preview:
+            return prints_;
         case Act::edit:
         case Act::remove:
             return KestroList1_->CurrentRow() >= 0;
@@ -86,6 +90,9 @@ void ChartPanel::Do(Act act) {
             return Del();
         case Act::reload:
             return Reload();
+        case Act::print:
+        case Act::preview:
+            return Print(act == Act::preview);
         case Act::exportHtml:
         case Act::exportText:
         case Act::exportSheet:
@@ -200,6 +207,16 @@ void ChartPanel::New() {
         if (!added) return;
         Append(added->id, added->record);
     });
+}
+
+// A chart has the columns of the work table of all kinds, and is printed in its layout.
+void ChartPanel::Print(bool preview) {
+    const auto& names = TableOf(chart_);
+    const PrintInfo info{.table = names.table,
+                         .title = u"【"_s + names.word + u"】列表"_s,
+                         .mark = u"1"_s,
+                         .layout = u"tTjKind"_s};
+    RunPrint({{info}, preview, KestroPGress1_->PrintSlot(preview)});
 }
 
 void ChartPanel::Append(qint64 id, const ChartRecord& record) {

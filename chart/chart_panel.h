@@ -45,6 +45,7 @@ class ChartPanel : public QWidget {
     /// Carries out a change of the row of a code, which shows itself; a failing one is told after the list is
     /// fresh.
     void Run(const QString& code, const std::function<void()>& change);
+    void Print(bool preview);
     void Append(qint64 id, const ChartRecord& record);
     int RowOfId(qint64 id) const;
     void ShowChanged(int row, const ChartRecord& record);
@@ -52,6 +53,7 @@ class ChartPanel : public QWidget {
     static TypedRow Typed();
 
     Chart chart_;
+    bool prints_;  ///< the page around it has a button for that
     KestroLabel* lblTip_ = nullptr;
     KestroList* KestroList1_;
     PageJobBar* KestroPGress1_;

@@ -1,5 +1,6 @@
 #include "ledger/frm_account.h"
 
+#include "ledger/list_print.h"
 #include "ledger/templates.h"
 #include "shell/book_switch.h"
 #include "shell/controls/kestro_check.h"
@@ -165,6 +166,10 @@ void frmAccount::AppendEntry(qint64 id) {
 
 qint64 frmAccount::EntryOf(int row) const {
     return KestroList1->RowKey(row).toLongLong();
+}
+
+PrintInfo frmAccount::InfoToPrint(const std::optional<std::vector<qint64>>& checked) const {
+    return EntryPrintInfo(query_, comKind->text(), checked);
 }
 
 std::optional<EntryLine> frmAccount::ReadLineAgain(int row, qint64 id) {

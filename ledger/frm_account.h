@@ -25,6 +25,7 @@ class frmAccount : public ListPage {
     void ReadRows(int page, Job& job, const std::function<void(EntryLine&&)>& take) override;
     void ShowFigures(const EntrySums& sums) override;
     qint64 EntryOf(int row) const override;
+    PrintInfo InfoToPrint(const std::optional<std::vector<qint64>>& checked) const override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
     void ChooseCode(const QString& code) override;
     void ReloadChoosers() override;

@@ -2,6 +2,7 @@
 
 #include "chart/chart_panel.h"
 #include "chart/codes.h"
+#include "ledger/list_print.h"
 #include "ledger/record_query.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_combox.h"
@@ -135,6 +136,10 @@ qint64 frmSubAcc::EntryOf(int row) const {
 
 bool frmSubAcc::CheckLine(int row) {
     return CheckRecord(State().gDB, KestroList1->RowKey(row).toLongLong());
+}
+
+PrintInfo frmSubAcc::InfoToPrint(const std::optional<std::vector<qint64>>& checked) const {
+    return RecordPrintInfo(query_, comKind->text(), checked);
 }
 
 // A change may have taken the account away, and the record with it.

@@ -21,6 +21,7 @@ class frmSubAcc : public ListPage {
     void ShowFigures(const EntrySums& sums) override;
     qint64 EntryOf(int row) const override;
     bool CheckLine(int row) override;
+    PrintInfo InfoToPrint(const std::optional<std::vector<qint64>>& checked) const override;
     std::optional<EntryLine> ReadLineAgain(int row, qint64 id) override;
     bool StandsAlone(int row) const override;
     void ChooseCode(const QString& code) override;

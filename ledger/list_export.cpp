@@ -3,17 +3,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-ExportColumn Money(const QString& title) {
-    return {.title = title,
-            .kind = CellKind::money,
-            .webSide = Side::right,
-            .webWidth = 60,
-            .textWidth = 15,
-            .sheetWidth = 12};
+constexpr int kMoneyWidth = 60;  // pixels on a web page
 }
-
-}  // namespace
 
 ExportTable LinesExport(LineKind lines, std::vector<std::vector<QString>> rows) {
     const bool entries = lines == LineKind::entries;
@@ -29,23 +20,22 @@ ExportTable LinesExport(LineKind lines, std::vector<std::vector<QString>> rows) 
     table.question = kAskWhatToOpen;
     table.sheetQuestion = u"文件已导出到【%1 】是要打开【文件】还是打开文件所在【目录】,还是【取消】?"_s;
     table.sheetHint = u"之前导出文件打开后未关闭"_s;
-    table.columns = {
-        {.title = u"No"_s, .kind = CellKind::number, .webWidth = 40, .textWidth = 6, .sheetWidth = 6},
-        {.title = u"记账时间"_s,
-         .webSide = Side::centre,
-         .webWidth = 110,
-         .textWidth = 18,
-         .sheetWidth = 18,
-         .webTitle = u"记账日期"_s},
-        {.title = entries ? u"分类名称"_s : u"账户名称"_s,
-         .webWidth = 180,
-         .textWidth = 20,
-         .sheetWidth = 30,
-         .webTitle = entries ? u"事情分类"_s : QString()},
-        Money(u"增加(元)"_s),
-        Money(u"减少(元)"_s),
-        Money(u"余额(元)"_s),
-        {.title = u"事情"_s, .textWidth = 20, .sheetWidth = 40}};
+    table.columns = {NumberColumn(),
+                     {.title = u"记账时间"_s,
+                      .webSide = Side::centre,
+                      .webWidth = 110,
+                      .textWidth = 18,
+                      .sheetWidth = 18,
+                      .webTitle = u"记账日期"_s},
+                     {.title = entries ? u"分类名称"_s : u"账户名称"_s,
+                      .webWidth = 180,
+                      .textWidth = 20,
+                      .sheetWidth = 30,
+                      .webTitle = entries ? u"事情分类"_s : QString()},
+                     MoneyColumn(u"增加(元)"_s, kMoneyWidth),
+                     MoneyColumn(u"减少(元)"_s, kMoneyWidth),
+                     MoneyColumn(u"余额(元)"_s, kMoneyWidth),
+                     {.title = u"事情"_s, .textWidth = 20, .sheetWidth = 40}};
     table.rows = std::move(rows);
     return table;
 }

@@ -3,6 +3,7 @@
 #include "ledger/detail_panel.h"
 #include "ledger/list_export.h"
 #include "output/export_page.h"
+#include "output/print_run.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_label.h"
@@ -37,6 +38,10 @@ bool ListPage::Can(Act act) const {
         case Act::exportHtml:
         case Act::exportText:
         case Act::exportSheet:
+        case Act::print:
+        case Act::preview:
+        case Act::printChecked:
+        case Act::previewChecked:
         case Act::deleteChecked:
         case Act::reload:
         case Act::find:
@@ -58,6 +63,12 @@ void ListPage::Do(Act act) {
         case Act::exportText:
         case Act::exportSheet:
             return ExportFor(act, LinesExport(lines_, RowsOnShow(*KestroList1)), KestroPGress1->Slots());
+        case Act::print:
+        case Act::printChecked:
+            return Print(false, act == Act::printChecked);
+        case Act::preview:
+        case Act::previewChecked:
+            return Print(true, act == Act::previewChecked);
         case Act::deleteChecked:
             return DeleteChecked();
         case Act::reload:
@@ -154,10 +165,20 @@ void ListPage::DeleteCurrent() {
     ShowOwnChange([&] { RemoveGone({row}); });
 }
 
-void ListPage::DeleteChecked() {
+std::vector<qint64> ListPage::CheckedIds() const {
     std::vector<qint64> ids;
     for (const auto& key : KestroList1->CheckedKeys())
         ids.push_back(key.toLongLong());
+    return ids;
+}
+
+void ListPage::Print(bool preview, bool checked) {
+    const auto info = InfoToPrint(checked ? std::optional(CheckedIds()) : std::nullopt);
+    RunPrint({{info}, preview, KestroPGress1->PrintSlot(preview)});
+}
+
+void ListPage::DeleteChecked() {
+    const auto ids = CheckedIds();
     bool shown = false;
     const auto show = [&] {
         ShowOwnChange([this] { RemoveGone(KestroList1->CheckedRows()); });

@@ -4,6 +4,7 @@
 
 #include "ledger/entry_delete.h"
 #include "ledger/entry_query.h"
+#include "output/print_info.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/parts/fresh_view.h"
 #include "shell/parts/strip_page.h"
@@ -58,6 +59,8 @@ class ListPage : public StripPage {
     virtual qint64 EntryOf(int row) const = 0;
     /// False, after its message, when the line stands for nothing any more.
     virtual bool CheckLine(int /*row*/) { return true; }
+    /// What is printed of the list: all that the filter finds, or the lines with these ids.
+    virtual PrintInfo InfoToPrint(const std::optional<std::vector<qint64>>& checked) const = 0;
     /// The line anew after a change; id is what the entry window handed back. nullopt: the line has to go.
     virtual std::optional<EntryLine> ReadLineAgain(int row, qint64 id) = 0;
     /// Whether no other line shows the entry of this one.
@@ -131,6 +134,8 @@ class ListPage : public StripPage {
     void OpenTree();
     void RewriteLine(int row, EntryLine line);
     void DeleteChecked();
+    void Print(bool preview, bool checked);
+    std::vector<qint64> CheckedIds() const;
     void RemoveGone(const std::vector<int>& asked);
     /// A chosen code that was changed elsewhere is followed to its new one.
     void FollowChosenCode();

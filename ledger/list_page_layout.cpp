@@ -78,7 +78,6 @@ void ListPage::BuildToolbar(const ListPageWords& words) {
                                                       {btnExport, words.exportTip}};
     for (const auto& [button, tip] : tips)
         button->setToolTip(tip);
-    btnPrint->setEnabled(false);
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->setObjectName(u"txtSearch"_s);
     txtSearch->SetPrompt(words.searchPrompt);

@@ -20,6 +20,19 @@ QStringList Write(const ExportTable& table, ExportFormat format, Job& job) {
 
 }  // namespace
 
+ExportColumn NumberColumn() {
+    return {.title = u"No"_s, .kind = CellKind::number, .webWidth = 40, .textWidth = 6, .sheetWidth = 6};
+}
+
+ExportColumn MoneyColumn(const QString& title, int webWidth) {
+    return {.title = title,
+            .kind = CellKind::money,
+            .webSide = Side::right,
+            .webWidth = webWidth,
+            .textWidth = 15,
+            .sheetWidth = 12};
+}
+
 QStringList Export(const ExportTable& table, ExportFormat format, const JobBar& bar) {
     Job job(bar);
     if (job.Refused()) return {};
@@ -29,7 +42,7 @@ QStringList Export(const ExportTable& table, ExportFormat format, const JobBar& 
     }
     if (!EnsureExportFolder(format == ExportFormat::web)) return {};
     job.Start(static_cast<int>(table.rows.size()));
-    const auto files = Write(table, format, job);
+    auto files = Write(table, format, job);
     if (job.Stopped()) TellStopped();
     OfferToOpen(files.value(0), format == ExportFormat::sheet ? table.sheetQuestion : table.question);
     return files;

@@ -26,6 +26,10 @@ struct ExportColumn {
     bool keepBlanks = false;  ///< runs of blanks stand on a web page too
 };
 
+/// The columns that every list has: the running number, and amounts.
+ExportColumn NumberColumn();
+ExportColumn MoneyColumn(const QString& title, int webWidth);
+
 struct ExportTable {
     QString webStem;   ///< pages are webStem_1.html and on
     QString fileStem;  ///< of the text file and the spreadsheet

@@ -2,6 +2,7 @@
 
 #include "chart/codes.h"
 #include "output/export_page.h"
+#include "output/print_run.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
@@ -30,6 +31,8 @@ bool frmTJ::Can(Act act) const {
         case Act::exportHtml:
         case Act::exportText:
         case Act::exportSheet:
+        case Act::print:
+        case Act::preview:
         case Act::period:
             return true;
         case Act::add: {  // of an entry
@@ -47,6 +50,9 @@ void frmTJ::Do(Act act) {
         case Act::exportText:
         case Act::exportSheet:
             return Export(act);
+        case Act::print:
+        case Act::preview:
+            return Print(act == Act::preview);
         case Act::add:
             return PageOfCode(kPageAccount)->Do(Act::newEntry);
         default:
@@ -79,11 +85,10 @@ void frmTJ::ShowMode(const QString& mode) {
     lengths_->setVisible(Row().byPeriod);
     for (auto* list : lists_)
         list->setVisible(list == List());
-    for (size_t i = 0; i < options_.size(); ++i) {
-        constexpr PeriodLength kLengths[] = {PeriodLength::year, PeriodLength::month, PeriodLength::day};
-        if (bPeriod[SideOfMode()] == kLengths[i]) options_[i]->SetOn();
-    }
+    for (const auto& [option, length] : LengthOptions())
+        if (bPeriod[SideOfMode()] == length) option->SetOn();
     period_->SetValue(Now().period);
+    Arrange();
     ShowTitle();
 }
 
@@ -166,4 +171,10 @@ void frmTJ::ShowReport(const Report& report) {
 
 void frmTJ::Export(Act act) {
     ExportFor(act, ReportExport(mode_, Now().title, RowsOnShow(*List())), KestroPGress1->Slots());
+}
+
+// What is printed is the last report that the work table holds.
+void frmTJ::Print(bool preview) {
+    const PrintInfo info{.table = Row().table, .title = Now().title, .mark = u"1"_s};
+    RunPrint({{info}, preview, KestroPGress1->PrintSlot(preview)});
 }

@@ -16,6 +16,7 @@ class KestroLabel;
 class KestroOption;
 class PageJobBar;
 class PeriodButtons;
+class QHBoxLayout;
 class Toolbar;
 
 class frmTJ : public StripPage {
@@ -34,6 +35,9 @@ class frmTJ : public StripPage {
     /// Fills the two choosers; what is chosen stays while its row stands.
     void LoadComkindData();
 
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+
  private:
     /// What the page remembers of a mode.
     struct ModeState {
@@ -47,11 +51,17 @@ class frmTJ : public StripPage {
     void BuildChoosers();
     void BuildLists();
     void LayOut();
+    void PutMore(QHBoxLayout& row);
+    void Arrange();
     KestroCombox* MakeChooser(Chart chart);
     KestroList* MakeList(const ReportModeRow& mode);
     void FillChooser(KestroCombox* box, Chart chart, QString& code);
     void OpenTree(Chart chart);
     void Run();
+    std::array<std::pair<KestroOption*, PeriodLength>, 3> LengthOptions() const {
+        return {
+            {{optYear, PeriodLength::year}, {optMonth, PeriodLength::month}, {optDay, PeriodLength::day}}};
+    }
     PeriodQuestion Question() const;
     void ShowReport(const Report& report);
     void ShowTitle();
@@ -66,13 +76,18 @@ class frmTJ : public StripPage {
     KestroCombox* comKind;
     KestroCombox* comAcc;
     QWidget* lengths_;
-    std::array<KestroOption*, 3> options_{};  ///< optYear, optMonth, optDay
+    KestroOption* optYear;
+    KestroOption* optMonth;
+    KestroOption* optDay;
     PeriodButtons* period_;
     KestroButton* btnEnter;
     Toolbar* toolbar_;
     KestroButton* btnPrint;
     KestroButton* btnExport;
     KestroLabel* lblTip;
+    QHBoxLayout* asked_ = nullptr;
+    QHBoxLayout* more_ = nullptr;
+    bool narrow_ = false;  ///< the second half of asked_ stands in more_
     PageJobBar* KestroPGress1;
     std::array<KestroList*, 4> lists_{};  ///< in the order of ReportMode
 

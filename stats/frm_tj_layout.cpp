@@ -98,17 +98,17 @@ void frmTJ::BuildChoosers() {
     period_ = new PeriodButtons(this);
     period_->onPick = [this] { Now().period = period_->Value(); };
     lengths_ = new QWidget(this);
-    const std::tuple<QString, QString, PeriodLength> lengths[] = {
-        {u"optYear"_s, u"年"_s, PeriodLength::year},
-        {u"optMonth"_s, u"月"_s, PeriodLength::month},
-        {u"optDay"_s, u"日"_s, PeriodLength::day}};
-    for (size_t i = 0; i < options_.size(); ++i) {
-        const auto& [name, caption, length] = lengths[i];
-        options_[i] = new KestroOption(caption, lengths_);
-        options_[i]->setObjectName(name);
-        options_[i]->setAccessibleName(u"按"_s + caption + u"统计"_s);
-        options_[i]->onChoose = [this, length = length] { bPeriod[SideOfMode()] = length; };
-    }
+    const auto option = [this](const QString& name, const QString& caption) {
+        auto* made = new KestroOption(caption, lengths_);
+        made->setObjectName(name);
+        made->setAccessibleName(u"按"_s + caption + u"统计"_s);
+        return made;
+    };
+    optYear = option(u"optYear"_s, u"年"_s);
+    optMonth = option(u"optMonth"_s, u"月"_s);
+    optDay = option(u"optDay"_s, u"日"_s);
+    for (const auto& [made, length] : LengthOptions())
+        made->onChoose = [this, length = length] { bPeriod[SideOfMode()] = length; };
     btnEnter = new KestroButton(ButtonLook::primary, u"统计"_s, {}, this);
     btnEnter->setObjectName(u"btnEnter"_s);
     btnEnter->onClick = [this] { Run(); };
@@ -157,20 +157,20 @@ void frmTJ::LayOut() {
     auto* lengths = new QHBoxLayout(lengths_);
     lengths->setContentsMargins({});
     lengths->setSpacing(Skin::Space::kField);
-    for (auto* option : options_)
+    for (const auto& [option, length] : LengthOptions())
         lengths->addWidget(option);
-    auto* asked = new QHBoxLayout;
-    asked->setSpacing(Skin::Space::kPartner);
-    asked->addWidget(comKind, 1);
-    asked->addWidget(comAcc, 1);
-    asked->addWidget(period_);
-    asked->addSpacing(Skin::Space::kPartner);
-    asked->addWidget(lengths_);
-    asked->addSpacing(Skin::Space::kPartner);
-    asked->addWidget(btnEnter);
-    asked->addStretch();
-    asked->addWidget(toolbar_);
-    Room()->addLayout(asked);
+    asked_ = new QHBoxLayout;
+    asked_->setSpacing(Skin::Space::kPartner);
+    for (auto* chooser : {comKind, comAcc})
+        asked_->addWidget(chooser, 1);
+    asked_->addWidget(period_);
+    asked_->addStretch();
+    Room()->addLayout(asked_);
+    more_ = new QHBoxLayout;
+    more_->setSpacing(Skin::Space::kPartner);
+    more_->addStretch();
+    Room()->addLayout(more_);
+    PutMore(*asked_);
     auto* told = new QHBoxLayout;
     told->setSpacing(Skin::Space::kPage);
     told->addWidget(lblTip, 1);
@@ -179,4 +179,30 @@ void frmTJ::LayOut() {
     Room()->addLayout(told);
     for (auto* list : lists_)
         Room()->addWidget(list, 1);
+}
+
+void frmTJ::PutMore(QHBoxLayout& row) {
+    // Before and behind the stretch that each of the two rows ends with.
+    row.insertWidget(row.count() - 1, lengths_);
+    row.insertWidget(row.count() - 1, btnEnter);
+    row.addWidget(toolbar_);
+    narrow_ = &row == more_;
+}
+
+// Where one row has no room for all, its second half goes into a row of its own.
+void frmTJ::Arrange() {
+    int needed = toolbar_->sizeHint().width() + Skin::Space::kPartner;
+    for (const QWidget* widget : {static_cast<QWidget*>(comKind), static_cast<QWidget*>(comAcc),
+                                  static_cast<QWidget*>(period_), lengths_, static_cast<QWidget*>(btnEnter)})
+        if (!widget->isHidden())
+            needed +=
+                std::max(widget->minimumWidth(), widget->minimumSizeHint().width()) + Skin::Space::kPartner;
+    const bool narrow = needed > Room()->contentsRect().width();
+    if (narrow == narrow_) return;
+    PutMore(narrow ? *more_ : *asked_);
+}
+
+void frmTJ::resizeEvent(QResizeEvent* event) {
+    StripPage::resizeEvent(event);
+    Arrange();
 }

@@ -4,14 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-ExportColumn Money(const QString& title) {
-    return {.title = title,
-            .kind = CellKind::money,
-            .webSide = Side::right,
-            .webWidth = 80,
-            .textWidth = 15,
-            .sheetWidth = 12};
-}
+constexpr int kMoneyWidth = 80;  // pixels on a web page
 
 ExportColumn NameColumn(const ReportModeRow& mode) {
     if (mode.byPeriod)
@@ -42,12 +35,8 @@ ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<st
         u"文件已导出到【%1】是要【打开文件】还是【打开目录】或是【取消】?"_s;
     table.sheetHint =
         row.byPeriod ? u"之前导出的文件打开后未关闭，又重新导出!"_s : u"之前导出文件打开后未关闭"_s;
-    table.columns = {
-        {.title = u"No"_s, .kind = CellKind::number, .webWidth = 40, .textWidth = 6, .sheetWidth = 6},
-        NameColumn(row),
-        Money(u"增加(元)"_s),
-        Money(u"减少(元)"_s),
-        Money(u"余额(元)"_s)};
+    table.columns = {NumberColumn(), NameColumn(row), MoneyColumn(u"增加(元)"_s, kMoneyWidth),
+                     MoneyColumn(u"减少(元)"_s, kMoneyWidth), MoneyColumn(u"余额(元)"_s, kMoneyWidth)};
     table.rows = std::move(rows);
     return table;
 }

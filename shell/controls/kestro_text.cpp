@@ -298,8 +298,7 @@ void KestroText::PutCursor(int position, bool marking) {
 }
 
 bool KestroText::EmptiesBox(const QKeyEvent& event) const {
-    return onEmptied && preedit_.isEmpty() &&
-           (event.key() == Qt::Key_Space || event.key() == Qt::Key_Escape);
+    return onEmptied && preedit_.isEmpty() && (event.key() == Qt::Key_Space || event.key() == Qt::Key_Escape);
 }
 
 void KestroText::keyPressEvent(QKeyEvent* event) {

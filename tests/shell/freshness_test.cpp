@@ -211,7 +211,8 @@ TEST_F(Freshness, TabVisitsThePageInReadingOrder) {
         if (visited.last() == u"KestroList1"_s) break;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
-    EXPECT_EQ(visited, (QStringList{u"KestroScrollMenu1"_s, u"btnNew"_s, u"btnEdit"_s, u"btnDel"_s,
-                                    u"btnExport"_s, u"txtSearch"_s, u"comKind"_s, u"btnDate0"_s,
-                                    u"btnDate1"_s, u"chkFlag"_s, u"comPage"_s, u"KestroList1"_s}));
+    EXPECT_EQ(visited,
+              (QStringList{u"KestroScrollMenu1"_s, u"btnNew"_s, u"btnEdit"_s, u"btnDel"_s, u"btnPrint"_s,
+                           u"btnExport"_s, u"txtSearch"_s, u"comKind"_s, u"btnDate0"_s, u"btnDate1"_s,
+                           u"chkFlag"_s, u"comPage"_s, u"KestroList1"_s}));
 }

@@ -14,6 +14,7 @@
 #include "shell/input_dialog.h"
 #include "shell/message_box.h"
 #include "shell/skin.h"
+#include "stats/frm_tj.h"
 #include "store/messages.h"
 #include "tests/support/ui_fixture.h"
 
@@ -131,6 +132,13 @@ TEST_F(Room, PagesOfTheFrame) {
             ->onClick(u"title1"_s, u"tongji"_s);
         frame.SetFormTab(kTabSubAcc);
         Check(*frame.GetWinhWnd(kTabSubAcc), "accounts", points);
+        frame.SetFormTab(kTabStats);
+        auto* stats = dynamic_cast<frmTJ*>(frame.GetWinhWnd(kTabStats));
+        for (const auto& mode : ReportModes()) {
+            stats->ShowMode(mode.key);
+            stats->SetPeriod({QDate(2016, 1, 1), QDate(2016, 12, 31)});
+            Check(*stats, "statistics", points);
+        }
     });
 }
 

@@ -8,6 +8,7 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_option.h"
 #include "shell/controls/kestro_pgress.h"
+#include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/frm_main.h"
 #include "shell/menus.h"
@@ -124,6 +125,43 @@ TEST_F(StatsPage, ChoosersFollowTheirCharts) {
     EXPECT_EQ(box->text(), QString());
     boxes.Expect(u"请选择一个分类!"_s);
     Press("btnEnter");
+}
+
+TEST_F(StatsPage, PagesPrintWhatTheyShow) {
+    QStringList told;
+    RegisterDialog(kDlgPrint, [&](QPoint) {
+        told << PrintDialog().info;
+        EXPECT_TRUE(State().gBusy);
+    });
+    page_->ShowMode(u"acckind"_s);
+    Press("btnEnter");
+    Notices().entriesChanged.Emit();
+    Menus::Choose(u"print"_s, u"printview"_s);
+    page_->ShowMode(u"date"_s);
+    page_->Do(Act::preview);
+    frame_->SetFormTab(kTabAccount);
+    auto* entries = frame_->GetWinhWnd(kTabAccount);
+    Find<KestroText>(entries, "txtSearch")->setText(u"3/4#'"_s);
+    entries->Do(Act::reload);
+    Menus::Choose(u"print"_s, u"printviewcheck"_s);
+    frame_->SetFormTab(kTabSubAcc);
+    auto* accounts = frame_->GetWinhWnd(kTabSubAcc);
+    accounts->Do(Act::reload);
+    auto* list = Find<KestroList>(accounts, "KestroList1");
+    list->SetChecked(1, true);
+    accounts->Do(Act::previewChecked);
+    auto* strip = Find<KestroScrollMenu>(accounts, "KestroScrollMenu1");
+    strip->onClick(u"title1"_s, u"tongji"_s);
+    EXPECT_FALSE(accounts->Can(Act::printChecked));
+    accounts->Do(Act::preview);
+    EXPECT_EQ(
+        told,
+        (QStringList{
+            u"tTjKind/1/各分类【所有日期】期间统计//1"_s, u"tTjDate/1/某分类各期间统计//1"_s,
+            u"tAccount/1/【全部】账务列表/ and Title1 like '%3/4#''%' and bIsMain=1 and (date1 >='2016-09-01' and date1<= '2016-09-03') and id1=-1/1"_s,
+            u"tSubAccItem/1/【全部】账户记录列表/ and (date1 >='2016-09-01' and date1<= '2016-09-03') and id1 in(3)/1"_s,
+            u"tSubAcc/1/【账户】列表//1"_s}));
+    EXPECT_FALSE(State().gBusy);
 }
 
 TEST_F(StatsPage, WhatCannotBeDoneHereIsDisabled) {

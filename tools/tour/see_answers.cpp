@@ -4,6 +4,7 @@
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_text.h"
+#include "shell/file_dialog.h"
 #include "stats/frm_tj.h"
 #include "store/outside.h"
 #include "store/state.h"
@@ -30,6 +31,10 @@ QWidget* StatsInFront() {
 QStringList& Opened() {
     static QStringList opened;
     return opened;
+}
+
+QString PdfPath() {
+    return State().gDataDir + u"/report.pdf"_s;
 }
 
 void Choose(QWidget* page, const char* box, const QString& text) {
@@ -83,6 +88,33 @@ void ExportPage(Tour& tour) {
         });
 }
 
+// The last report in the preview, at two sizes, and as a PDF.
+void PrintReport(Tour& tour) {
+    tour.Add(u"preview"_s, StatsInFront, [](QWidget* page) {
+        FileDialogSlot() = [](const FileRequest&) { return PdfPath(); };
+        auto* stats = dynamic_cast<frmTJ*>(page);
+        stats->ShowMode(u"kind"_s);
+        stats->SetPeriod({});
+        Click(Control(page, "btnEnter"));
+        stats->Do(Act::preview);
+    });
+    tour.Add(
+        u"preview window"_s, [] { return WindowWith("btnZoom"); },
+        [&tour](QWidget* w) {
+            tour.Picture(w, u"20-preview-70"_s);
+            Click(Control(w, "btnZoom"));
+            tour.Picture(w, u"21-preview-100"_s);
+            Click(Control(w, "btnPrint"));
+            Click(Control(w, "btnExit"));
+        });
+    tour.Add(u"the printed report"_s, StatsInFront, [&tour](QWidget*) {
+        QFile pdf(PdfPath());
+        if (!pdf.open(QIODevice::ReadOnly) || !pdf.read(4).startsWith("%PDF"))
+            return tour.Fail(u"no PDF was made"_s);
+        std::printf("%s\n", qUtf8Printable(PdfPath()));
+    });
+}
+
 void Search(Tour& tour) {
     tour.Add(u"search"_s, StatsInFront, [&tour](QWidget* page) {
         auto* bar = Control(page->window(), "barTip");
@@ -104,5 +136,6 @@ void Search(Tour& tour) {
 void SeeAnswers(Tour& tour) {
     ShowModes(tour);
     ExportPage(tour);
+    PrintReport(tour);
     Search(tour);
 }

@@ -50,6 +50,7 @@ void Tour::Tick() {
 
 void Tour::Picture(QWidget* window, const QString& name) {
     const QString file = folder_ + u'/' + name + u".png"_s;
+    QCoreApplication::sendPostedEvents();  // what has changed is laid out first
     if (!window->grab().save(file)) return Fail(u"cannot write "_s + file);
     std::printf("%s\n", qUtf8Printable(file));
 }
