@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void Fail(const QFile& file, const QString& path, const QString& hint) {
-    FailStatement(u"文件写入失败："_s + file.errorString(), path, hint);
+[[noreturn]] void Fail(const QString& path, const QString& reason, const QString& hint) {
+    FailStatement(u"文件【"_s + path + u"】写入失败："_s + reason, {}, hint);
 }
 
 }  // namespace
@@ -40,17 +40,17 @@ bool EnsureExportFolder(bool withPages, const QString& failure) {
 // Beside its place under another name first, so that no half file ever stands under the name it was given.
 void WriteWholeFile(const QString& path, const QByteArray& bytes, const QString& hint) {
     QFile part(path + u".part"_s);
-    if (!part.open(QIODevice::WriteOnly | QIODevice::Truncate)) Fail(part, path, hint);
-    const bool whole = part.write(bytes) == bytes.size() && part.flush();
+    const bool opened = part.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered);
+    const bool whole = opened && part.write(bytes) == bytes.size();
+    // A write that comes out short has no error of its own.
+    const QString reason = part.error() == QFileDevice::NoError ? u"磁盘空间不足"_s : part.errorString();
     part.close();
-    if (!whole || part.error() != QFileDevice::NoError) {
-        part.remove();
-        Fail(part, path, hint);
-    }
-    if (std::rename(QFile::encodeName(part.fileName()).constData(), QFile::encodeName(path).constData()) == 0)
+    if (whole &&
+        std::rename(QFile::encodeName(part.fileName()).constData(), QFile::encodeName(path).constData()) == 0)
         return;
-    part.remove();
-    FailStatement(u"文件无法替换"_s, path, hint);
+    const QString cause = whole ? qt_error_string() : reason;
+    if (opened) part.remove();
+    Fail(path, cause, hint);
 }
 
 void OfferToOpen(const QString& path, const QString& question) {

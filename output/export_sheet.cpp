@@ -23,11 +23,11 @@ bool IsOpenElsewhere(const QString& path) {
 std::optional<QString> FormatOf(const QString& shown) {
     static const QRegularExpression plain(u"^-?\\d+(\\.\\d+)?$"_s),
         grouped(u"^-?\\d{1,3}(,\\d{3})*(\\.\\d+)?$"_s);
-    const bool small = grouped.match(shown).hasMatch();
-    if (!small && !plain.match(shown).hasMatch()) return {};
+    const bool groups = shown.contains(u',') && grouped.match(shown).hasMatch();
+    if (!groups && !plain.match(shown).hasMatch()) return {};
     const auto point = shown.indexOf(u'.');
     const QString decimals = point < 0 ? QString() : u'.' + QString(shown.size() - point - 1, u'0');
-    return (small ? u"#,##0"_s : u"0"_s) + decimals;
+    return (groups ? u"#,##0"_s : u"0"_s) + decimals;
 }
 
 void AddMoney(XlsSheet& sheet, int row, int column, const QString& cell, const QString& shown) {
@@ -38,9 +38,12 @@ void AddMoney(XlsSheet& sheet, int row, int column, const QString& cell, const Q
     sheet.AddNumber(row, column, Val(cell), style);
 }
 
-void AddCellOf(XlsSheet& sheet, const ExportColumn& what, int row, int column, const QString& cell) {
+void AddCellOf(XlsSheet& sheet, const ExportTable& table, size_t at, int row, const QString& cell) {
     if (cell.isEmpty()) return;
-    if (what.kind == CellKind::money) return AddMoney(sheet, row, column, cell, ShownCell(what, cell));
+    const auto& what = table.columns[at];
+    const int column = static_cast<int>(at);
+    if (what.kind == CellKind::money)
+        return AddMoney(sheet, row, column, cell, table.groupsInSheet ? ShownCell(what, cell) : cell);
     if (what.kind == CellKind::number) return sheet.AddNumber(row, column, Val(cell));
     sheet.AddText(row, column, cell);
 }
@@ -64,7 +67,7 @@ QStringList WriteSheetFile(const ExportTable& table, Job& job) {
     for (const auto& cells : table.rows) {
         ++done;
         for (size_t c = 0; c < table.columns.size(); ++c)
-            AddCellOf(sheet, table.columns[c], done, static_cast<int>(c), cells[c]);
+            AddCellOf(sheet, table, c, done, cells[c]);
         job.Step(done);
         if (job.Stopped()) break;
     }

@@ -40,9 +40,10 @@ struct ExportTable {
     int webSpan = 7;                             ///< columns that the heading of a web page goes over
     bool webHeadToLeft = false;                  ///< the row of headings says so itself
     QString noneOnWeb, noneInText, noneInSheet;  ///< what is said of an empty list
-    QString question;       ///< "%1" is the file; what to open, after a web page or a text file
-    QString sheetQuestion;  ///< the same after a spreadsheet
-    QString sheetHint;      ///< why a spreadsheet could not be written, as far as one can tell
+    QString question;            ///< "%1" is the file; what to open, after a web page or a text file
+    QString sheetQuestion;       ///< the same after a spreadsheet
+    bool groupsInSheet = false;  ///< amounts stand in groups of digits in a spreadsheet too
+    QString sheetHint;           ///< why a spreadsheet could not be written, as far as one can tell
     std::vector<ExportColumn> columns;
     std::vector<std::vector<QString>> rows;  ///< texts as the list holds them, ungrouped
 };

@@ -11,11 +11,20 @@ namespace {
 
 const QString kBreak = u"\r\n"_s;
 
+// The text of a number has no zeros at the end of a fraction.
+QString NumberText(QString amount) {
+    if (!amount.contains(u'.')) return amount;
+    while (amount.endsWith(u'0'))
+        amount.chop(1);
+    if (amount.endsWith(u'.')) amount.chop(1);
+    return amount;
+}
+
 }  // namespace
 
 QString ShownCell(const ExportColumn& column, const QString& cell) {
     if (column.kind != CellKind::money || cell.isEmpty()) return cell;
-    return GroupText(cell, State().settings.nGroup, u","_s, u"0"_s);
+    return GroupText(NumberText(cell), State().settings.nGroup, u","_s, u"0"_s);
 }
 
 QStringList WriteTextFile(const ExportTable& table, Job& job) {

@@ -1,6 +1,7 @@
 #include "output/export_write.h"
 #include "output/web_page.h"
 #include "store/dates.h"
+#include "store/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -45,7 +46,7 @@ std::vector<QByteArray> StartsOf(const ExportTable& table, int parity) {
 QString PageCell(const ExportColumn& column, const QString& cell) {
     if (cell.isEmpty()) return u"&nbsp;"_s;
     if (column.kind == CellKind::money) return ShownCell(column, cell);
-    QString text = PageText(cell);
+    QString text = PageText(OneLine(cell));
     if (column.keepBlanks) text.replace(u"  "_s, u"&nbsp;"_s);
     return text;
 }

@@ -5,6 +5,7 @@
 #include "store/connection.h"
 #include "store/messages.h"
 #include "store/state.h"
+#include "store/text.h"
 
 #include <vector>
 
@@ -28,7 +29,8 @@ std::vector<Hit> FindHits(cConnection& book, const QString& key, Job& job) {
         u" order by date1,time1,id1"_s);
     std::vector<Hit> hits;
     while (rows.Next())
-        hits.push_back({rows.Text(1), rows.Text(2), rows.Text(3), rows.Text(4), rows.Text(5)});
+        hits.push_back(
+            {OneLine(rows.Text(1)), rows.Text(2), rows.Text(3), OneLine(rows.Text(4)), rows.Text(5)});
     return hits;
 }
 

@@ -36,7 +36,7 @@ const QStringList& HeadLines() {
 const QStringList& FootLines() {
     static const QStringList lines{u"</table>"_s,
                                    {},
-                                   u"<table width=\"800px\" align=\"center\">"_s,
+                                   u"<table border=\"0\" width=\"800px\" align=\"center\">"_s,
                                    u"<tr><td>page</td></tr>"_s,
                                    u"<tr><td>date</td></tr>"_s,
                                    u"</table>"_s,

@@ -72,6 +72,15 @@ QByteArray Xf(quint32 font, quint32 format, bool isStyle, XlsSide side) {
                       isStyle ? 0xF400U : 0xF800U, 0, 0, 0, 0x20C0});
 }
 
+// As much of a text as a cell holds, marked where it was cut; lines end in a line feed alone.
+QString Fitting(QString text) {
+    text.replace(u"\r\n"_s, u"\n"_s);
+    if (text.size() <= XlsSheet::kMostCharacters) return text;
+    text.truncate(XlsSheet::kMostCharacters - 1);
+    if (text.back().isHighSurrogate()) text.chop(1);
+    return text + u'\u2026';
+}
+
 /// Writes texts into a record that goes on in further ones where it is full.
 class TextRecord {
  public:
@@ -131,7 +140,7 @@ void XlsSheet::AddCell(quint32 record, int row, int column, const XlsStyle& styl
 
 void XlsSheet::AddText(int row, int column, const QString& text, const XlsStyle& style) {
     if (text.isEmpty()) return;
-    const QString kept = text.left(kMostCharacters);
+    const QString kept = Fitting(text);
     auto number = textNumbers_.constFind(kept);
     if (number == textNumbers_.constEnd()) {
         number = textNumbers_.insert(kept, static_cast<quint32>(texts_.size()));
@@ -158,7 +167,7 @@ QByteArray XlsSheet::Strings() const {
     return record.Whole();
 }
 
-QByteArray XlsSheet::Globals(const QByteArray& strings, quint32 sheetAt) const {
+QByteArray XlsSheet::Globals(quint32 sheetAt) const {
     QByteArray bytes;
     PutRecord(bytes, kBof, Bof(0x0005));
     PutRecord(bytes, kCodePage, Numbers16({1200}));
@@ -184,13 +193,10 @@ QByteArray XlsSheet::Globals(const QByteArray& strings, quint32 sheetAt) const {
     Put32(sheet, sheetAt);
     Put16(sheet, 0);
     PutRecord(bytes, kBoundSheet, sheet + Named(u"Sheet1"_s, true));
-    bytes += strings;
-    PutRecord(bytes, kEof, {});
     return bytes;
 }
 
-QByteArray XlsSheet::Sheet() const {
-    QByteArray bytes;
+void XlsSheet::AddSheet(QByteArray& bytes) const {
     PutRecord(bytes, kBof, Bof(0x0010));
     for (size_t i = 0; i < widths_.size(); ++i) {
         const auto column = static_cast<quint32>(i);
@@ -204,11 +210,17 @@ QByteArray XlsSheet::Sheet() const {
     bytes += cells_;
     PutRecord(bytes, kWindow2, Numbers16({0x06B6, 0, 0, 0x0040, 0, 0, 0, 0, 0}));
     PutRecord(bytes, kEof, {});
-    return bytes;
 }
 
 QByteArray XlsSheet::File() const {
+    constexpr qsizetype kEofSize = 4;
     const QByteArray strings = Strings();
-    const auto globals = static_cast<quint32>(Globals(strings, 0).size());
-    return CompoundFile(u"Workbook"_s, Globals(strings, globals) + Sheet());
+    const auto globals = static_cast<quint32>(Globals(0).size() + strings.size() + kEofSize);
+    QByteArray stream;
+    stream.reserve(globals + cells_.size() + kMostBytes);
+    stream += Globals(globals);
+    stream += strings;
+    PutRecord(stream, kEof, {});
+    AddSheet(stream);
+    return CompoundFile(u"Workbook"_s, std::move(stream));
 }

@@ -22,7 +22,7 @@ struct XlsStyle {
 class XlsSheet {
  public:
     static constexpr int kMostRows = 65536;
-    static constexpr int kMostCharacters = 32767;  ///< of a cell; what is longer is cut
+    static constexpr int kMostCharacters = 32767;  ///< of a cell; what is longer is cut and marked so
 
     /// Width of a column in characters of the usual font.
     void SetWidth(int column, double characters);
@@ -34,9 +34,9 @@ class XlsSheet {
 
  private:
     void AddCell(quint32 record, int row, int column, const XlsStyle& style, const QByteArray& value);
-    QByteArray Globals(const QByteArray& strings, quint32 sheetAt) const;
+    QByteArray Globals(quint32 sheetAt) const;
     QByteArray Strings() const;
-    QByteArray Sheet() const;
+    void AddSheet(QByteArray& bytes) const;
 
     std::vector<double> widths_;
     std::vector<XlsStyle> styles_{{}};

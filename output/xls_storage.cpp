@@ -134,11 +134,15 @@ void Put32(QByteArray& bytes, quint32 value) {
     bytes.append(reinterpret_cast<const char*>(&little), 4);
 }
 
-QByteArray CompoundFile(const QString& name, const QByteArray& bytes) {
-    QByteArray stream = bytes;
+QByteArray CompoundFile(const QString& name, QByteArray bytes) {
     const qsizetype size = (std::max(bytes.size(), kLeastStream) + kSector - 1) / kSector * kSector;
-    FillTo(stream, size, '\0');
+    FillTo(bytes, size, '\0');
     const Plan plan = PlanFor(static_cast<quint32>(size / kSector));
-    return Header(plan) + stream + Directory(name, static_cast<quint32>(size)) + Allocation(plan) +
-           MoreAllocation(plan);
+    QByteArray file = Header(plan);
+    file.reserve((plan.All() + 1) * kSector);
+    file += bytes;
+    file += Directory(name, static_cast<quint32>(size));
+    file += Allocation(plan);
+    file += MoreAllocation(plan);
+    return file;
 }

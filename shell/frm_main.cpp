@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kTickMs = 5000;
 constexpr int kCheckEvery = 120;
+constexpr int kAfterJobMs = 100;
 
 const QStringList& TabCaptions() {
     static const QStringList captions{u"记  账"_s, u"账  户"_s, u"网  账"_s,
@@ -48,6 +49,9 @@ frmMain::frmMain() {
         SaveSetting({}, kSaveLogTime);
         start.Commit();
     });
+    reminderAfterJob_.setSingleShot(true);
+    reminderAfterJob_.setInterval(kAfterJobMs);
+    reminderAfterJob_.callOnTimeout([this] { RunEvent([this] { MyTrak_ReceMsg({}, 3, 0); }); });
     Timer1.setInterval(kTickMs);
     Timer1.callOnTimeout([this] { RunEvent([this] { Timer1_Timer(); }); });
     Timer1.start();
@@ -164,7 +168,7 @@ void frmMain::NextTab(int step) {
 
 void frmMain::SetLogoNumber() {
     // A note that cannot be read keeps nobody from the entries.
-    if (!RunEvent([this] { due_ = DueCount(); })) due_ = 0;
+    RunEvent([this] { due_ = DueCount(); });
     SetBadge(due_);
     if (auto* logo = HeaderWidget(u"logo"_s))
         logo->setToolTip(due_ > 0 ? u"您有【"_s + QString::number(due_) + u"】个提醒或需要处理事项!"_s
@@ -214,6 +218,7 @@ void frmMain::MyTrak_ReceMsg(const QString&, int code, int) {
         case 2:
             return update();
         case 3:
+            if (State().gBusy) return reminderAfterJob_.start();
             SetLogoNumber();
             if (auto* notes = PageOfCode(kPageNote)) notes->pTRANSACCOUNT();
             return;

@@ -78,6 +78,7 @@ class frmMain : public KestroForm {
     int tab_ = -1;
     int due_ = 0;
     QTimer Timer1;
+    QTimer reminderAfterJob_;  ///< a word of the agent that came during a job
     QString timerTag_;
     KestroStatusBar* barTip = nullptr;
     KestroText* txtSearch = nullptr;

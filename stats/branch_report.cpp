@@ -65,11 +65,14 @@ void SumPeriod(cConnection& book, Chart chart, const QString& condition, const R
     while (sums.Next()) {
         const auto [first, last] = rowsOf.equal_range(sums.Text(0));
         for (auto row = first; row != last; ++row) {
-            auto& branch = branches[*row];
-            branch.figures = {sums.Number(1), sums.Number(2), sums.Number(1) - sums.Number(2)};
-            branch.hasData = branch.figures.added > 0 || branch.figures.reduced > 0;
-            if (!branch.hasData) branch.figures.balance = 0;
+            auto& figures = branches[*row].figures;
+            if (!sums.IsNull(1)) figures.added = sums.Number(1);
+            if (!sums.IsNull(2)) figures.reduced = sums.Number(2);
         }
+    }
+    for (auto& branch : branches) {
+        branch.hasData = branch.figures.added > 0 || branch.figures.reduced > 0;
+        if (branch.hasData) branch.figures.balance = branch.figures.added - branch.figures.reduced;
     }
 }
 
@@ -110,13 +113,14 @@ std::optional<Report> StatAllByPeriod(cConnection& book, Chart chart, const Peri
     job.Show(kRolledUp);
     QStringList rows;
     for (const auto& branch : branches) {
-        const QStringList amounts{MoneyText(branch.figures.added), MoneyText(branch.figures.reduced),
-                                  MoneyText(branch.figures.balance)};
+        const QStringList amounts{SqlNumber(branch.figures.added), SqlNumber(branch.figures.reduced),
+                                  SqlNumber(branch.figures.balance)};
         const auto number = static_cast<qsizetype>(report.lines.size()) + 1;
         report.lines.push_back({QString::number(number), IndentByDepth(branch.code) + branch.name, amounts[0],
                                 amounts[1], amounts[2]});
         rows << RowOf(number, branch, amounts);
-        job.Step(static_cast<int>(number));
+        const auto share = static_cast<double>(number) / static_cast<double>(branches.size());
+        job.Step(static_cast<int>(number), kRolledUp + static_cast<int>(share * (kBarMost - kRolledUp)));
         report.stopped = job.Stopped();
         if (report.stopped) break;
     }

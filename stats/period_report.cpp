@@ -57,6 +57,7 @@ QString WrongChoice(const PeriodQuestion& question) {
 
 std::optional<Report> StatByPeriod(cConnection& book, const PeriodQuestion& question, Job& job) {
     Report report{Caption(question), {}, false};
+    job.Start(1);  // the bar stands while the book is read, so that a click can stop it
     const auto periods = ReadPeriods(book, question, job);
     if (job.Stopped()) return {};
     job.Start(std::min(static_cast<int>(periods.size()), kMostSteps));
@@ -64,8 +65,8 @@ std::optional<Report> StatByPeriod(cConnection& book, const PeriodQuestion& ques
     for (const auto& sums : periods) {
         const auto split = SplitSums(sums.all, sums.signedSum);
         const QString number = QString::number(report.lines.size() + 1);
-        const QString added = MoneyText(split.added), reduced = MoneyText(split.reduced);
-        const QString balance = MoneyText(sums.signedSum);
+        const QString added = SqlNumber(split.added), reduced = SqlNumber(split.reduced);
+        const QString balance = SqlNumber(sums.signedSum);
         report.lines.push_back({number, sums.period, added, reduced, balance});
         rows << u'(' + QStringList{number, Quote(sums.period), added, reduced, balance}.join(u", "_s) + u')';
         job.Step(static_cast<int>(report.lines.size()));

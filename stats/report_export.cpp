@@ -29,6 +29,7 @@ ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<st
     table.timeInText = false;
     table.gapUnderHead = false;
     table.webSpan = 5;
+    table.groupsInSheet = true;
     table.noneOnWeb = u"没有记录!"_s;
     table.noneInText = table.noneInSheet = u"列表无记录!"_s;
     table.question = table.sheetQuestion =

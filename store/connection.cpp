@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -79,12 +80,13 @@ Statement ConnectionCore::Prepare(const QByteArray& sql, const char** rest) {
     return Statement(statement);
 }
 
-bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql) {
+bool ConnectionCore::Step(sqlite3_stmt* statement, const QString& sql, StepEnd end) {
     const int code = sqlite3_step(statement);
     if (const auto& onScan = cConnection::Seams().onScan)
         if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_FULLSCAN_STEP, 1) > 0) onScan(sql);
     if (code == SQLITE_ROW) return true;
-    if (code == SQLITE_INTERRUPT && ended && sqlite3_stmt_readonly(statement)) return false;
+    if (thrown) std::rethrow_exception(std::exchange(thrown, nullptr));
+    if (code == SQLITE_INTERRUPT && ended && end == StepEnd::early) return false;
     if (code != SQLITE_DONE) Fail(sql);
     return false;
 }
@@ -241,25 +243,24 @@ int AskGoOn(void* data) noexcept {
     try {
         core.ended = core.ended || !core.goOn();
     } catch (...) {
-        core.ended = true;
+        core.thrown = std::current_exception();
     }
     core.asking = false;
-    return core.ended ? 1 : 0;
+    return core.ended || core.thrown ? 1 : 0;
 }
 
 }  // namespace
 
 StatementWatch::StatementWatch(cConnection& connection, std::function<bool()> goOn)
-    : core_(connection.Core()) {
-    core_.goOn = std::move(goOn);
+    : core_(connection.Core()), outer_(std::exchange(core_.goOn, std::move(goOn))) {
     core_.ended = false;
     sqlite3_progress_handler(core_.db, kInstructionsPerQuestion, AskGoOn, &core_);
 }
 
 StatementWatch::~StatementWatch() {
-    sqlite3_progress_handler(core_.db, 0, nullptr, nullptr);
-    core_.goOn = {};
+    core_.goOn = std::move(outer_);
     core_.ended = false;
+    if (!core_.goOn) sqlite3_progress_handler(core_.db, 0, nullptr, nullptr);
 }
 
 qint64 ConnectionCore::NextSerial() {
@@ -319,7 +320,7 @@ cReader cConnection::Read(const QString& sql) {
 }
 
 bool cReader::Next() {
-    return body_->core->Step(body_->statement.get(), body_->sql);
+    return body_->core->Step(body_->statement.get(), body_->sql, StepEnd::early);
 }
 
 int cReader::ColumnCount() const {

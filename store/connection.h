@@ -194,8 +194,9 @@ class cConnection {
     std::unique_ptr<ConnectionCore> core_;
 };
 
-/// While it lives, the reading statements of a connection ask about every millisecond whether to go on. After
-/// a "no" they end early, as if there were no more rows. The question must not use the connection.
+/// While it lives, long statements of a connection ask about every millisecond whether to go on. After a "no"
+/// its readers (cReader) end early, as if there were no more rows; any other statement fails. The question
+/// must not use the connection; what it throws comes out of the statement.
 class StatementWatch {
  public:
     StatementWatch(cConnection& connection, std::function<bool()> goOn);
@@ -205,6 +206,7 @@ class StatementWatch {
 
  private:
     ConnectionCore& core_;
+    std::function<bool()> outer_;
 };
 
 /// One user action: begins at once, rolls back unless committed.

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QString>
 
+#include <exception>
+#include <functional>
 #include <map>
 #include <optional>
 #include <sqlite3.h>
@@ -33,6 +35,9 @@ struct FoundRow {
     qint64 id = 0;
 };
 
+/// Whether a statement that was told to end counts as read or as failed.
+enum class StepEnd { whole, early };
+
 struct ConnectionCore {
     sqlite3* db = nullptr;
     QString path;
@@ -43,7 +48,8 @@ struct ConnectionCore {
     qint64 serial = NextSerial();
     std::function<bool()> goOn;  ///< asked by long statements while a watch lives
     bool asking = false;         ///< no statement may start while the question is being answered
-    bool ended = false;          ///< a watched statement was told to end
+    bool ended = false;          ///< a watched reader was told to end
+    std::exception_ptr thrown;   ///< what answering the question failed with
 
     static qint64 NextSerial();
 
@@ -55,7 +61,7 @@ struct ConnectionCore {
     /// Prepares the first statement of sql; rest is what follows it. Null for blanks and comments.
     Statement Prepare(const QByteArray& sql, const char** rest = nullptr);
     /// True while there is a row.
-    bool Step(sqlite3_stmt* statement, const QString& sql);
+    bool Step(sqlite3_stmt* statement, const QString& sql, StepEnd end = StepEnd::whole);
     /// Takes note of a row that this connection has added to a table (lower-case name).
     void NoteAdded(const QString& table, qint64 id, qint64 row);
     /// The first row from a row number on.

@@ -31,7 +31,7 @@ bool Delete(const FoundPath& real) {
 
 bool CopyFiles(const QDir& from, const QString& to) {
     const auto names = from.entryList(QDir::Files);
-    return std::all_of(names.begin(), names.end(), [&](const QString& name) {
+    return !names.isEmpty() && std::all_of(names.begin(), names.end(), [&](const QString& name) {
         const QString target = to + u'/' + name;
         QFile::remove(target);
         return QFile::copy(from.filePath(name), target);
@@ -51,6 +51,7 @@ bool DeleteToBin(const BookRecord& book) {
 bool PrepareExportFolder() {
     const QString target = State().gDataDir + u"/Export/Html"_s;
     if (MakeFolders(target).isEmpty() && CopyFiles(QDir(BesideProgram(u"Skin/Html"_s)), target)) return true;
+    QDir(target).removeRecursively();  // a half one would count as filled the next time
     ShowMsg(u"创建临时文件夹错误!"_s, u"确定"_s, kMsgFail);
     return false;
 }

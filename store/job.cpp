@@ -38,8 +38,8 @@ void Job::Start(int maximum) {
     if (bar_.start) bar_.start(maximum);
 }
 
-void Job::Step(int value) {
-    if (State().gStopAfter >= 0 && value >= State().gStopAfter) State().gStop = true;
+void Job::Step(int done, int value) {
+    if (State().gStopAfter >= 0 && done >= State().gStopAfter) State().gStop = true;
     if (sinceYield_.elapsed() < kYieldMs) return;
     Show(value);
     if (Outside().yield) Outside().yield();

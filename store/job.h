@@ -29,7 +29,9 @@ class Job {
     bool Refused() const { return refused_; }
     void Start(int maximum);
     /// Reports the value and yields to the event loop when 20 ms have gone by since the last yield.
-    void Step(int value);
+    void Step(int value) { Step(value, value); }
+    /// The same where the bar counts otherwise than the work: done steps, and what the bar shows.
+    void Step(int done, int value);
     /// Reports the value, leaves the yield to the caller's next Step.
     void Show(int value) const;
     bool Stopped() const;

@@ -54,7 +54,7 @@ JobBar PageJobBar::Slots() {
                 [this](int maximum) {
                     SetMaximum(maximum);
                     SetValue(0);
-                    Show(true);
+                    Show(maximum != 0);
                 },
             .value = [this](int value) { SetValue(value); },
             .end = [this] { Show(false); }};

@@ -6,6 +6,7 @@
 #include "chart/chart_export.h"
 #include "ledger/list_export.h"
 #include "output/export_files.h"
+#include "output/xls_file.h"
 #include "stats/report_export.h"
 #include "store/outside.h"
 #include "tests/support/fixture.h"
@@ -31,7 +32,7 @@ const QString kHead =
     u"\r\n<table border=\"0\" cellpadding=\"5\" cellspacing=\"0\" class=\"st\"  align =\"center\" width=\"80%\" >\r\n"_s;
 
 QString Foot(const QString& page) {
-    return u"</table>\r\n\r\n<table width=\"800px\" align=\"center\">\r\n<tr><td>"_s + page +
+    return u"</table>\r\n\r\n<table border=\"0\" width=\"800px\" align=\"center\">\r\n<tr><td>"_s + page +
            u"</td></tr>\r\n<tr><td>查询时间：2016-09-03 14:16:20</td></tr>\r\n</table>\r\n</body></html>\r\n"_s;
 }
 
@@ -105,9 +106,9 @@ TEST_F(ExportTest, WebPagesAreAChainOfWholeFiles) {
                   u"<tr><td width='40'   class='s0'>1</td>"
                   "<td width='110'  class='s0' align='center'>2016-01-01  14:08</td>"
                   "<td width='180'  class='s0' align='left'>0201&lt;b&gt;办公&quot;&amp;'</td>"
-                  "<td width='60'   class='s0' align='right'>2,100.50</td>"
+                  "<td width='60'   class='s0' align='right'>2,100.5</td>"
                   "<td width='60'   class='s0' align='right'>&nbsp;</td>"
-                  "<td width='60'   class='s0' align='right'>2,100.50</td>"
+                  "<td width='60'   class='s0' align='right'>2,100.5</td>"
                   "<td              class='s0' align='left'>=购买\t办公桌😀</td></tr>\r\n"_s +
                   Foot(u"共2页，当前第1页， <a href='记账_1.html'>1</a> <a href='记账_2.html'>2</a>"_s));
     EXPECT_EQ(Page(u"记账_2.html"_s),
@@ -148,7 +149,7 @@ TEST_F(ExportTest, TextsStandInColumns) {
         u"记账列表导出:2016-09-03 14:16:20\r\n\r\n"
         "No    记账时间          分类名称            增加(元)       减少(元)       余额(元)       事情   "
         "             \r\n\r\n"
-        "1     2016-01-01  14:08 0201<b>办公\"&'      2,100.50                      2,100.50       "
+        "1     2016-01-01  14:08 0201<b>办公\"&'      2,100.5                       2,100.5        "
         "=购买\t办公桌😀    \r\n"
         "2     2016-09-01  14:13 0303应收款                         1,234,567      -1,232,466.5                       \r\n"_s);
 }
@@ -168,17 +169,69 @@ TEST_F(ExportTest, ASpreadsheetIsReadByOthers) {
         (QStringList{
             u"6|18|30|12|12|12|40"_s,
             u"No[Tb0]|记账时间[Tb0]|分类名称[Tb0]|增加(元)[Tb2]|减少(元)[Tb2]|余额(元)[Tb2]|事情[Tb0]"_s,
-            u"1[N0]|2016-01-01  14:08[T0]|0201<b>办公\"&'[T0]|2,100.50[N3]|-|2,100.50[N3]|=购买\t办公桌[T0]"_s,
-            u"2[N0]|2016-09-01  14:13[T0]|0303应收款[T0]|-|1,234,567[N3]|-1,232,466.5[N3]|-"_s}));
+            u"1[N0]|2016-01-01  14:08[T0]|0201<b>办公\"&'[T0]|2100.50[N3]|-|2100.50[N3]|=购买\t办公桌[T0]"_s,
+            u"2[N0]|2016-09-01  14:13[T0]|0303应收款[T0]|-|1234567[N3]|-1232466.5[N3]|-"_s}));
     EXPECT_EQ(lines.size(), 24);
     lines.last().replace(longText, u"…"_s);
     EXPECT_EQ(lines.last(), u"22[N0]|-|…[T0]|0.5[N3]|-|1E+20[T3]|…19[T0]"_s);
-    State().settings.nGroup = 4;
-    Run(Entries(TwoRows()), ExportFormat::sheet);
-    lines = Sheet(u"记账.xls"_s);
-    EXPECT_TRUE(lines[2].contains(u"|2100.50[N3]|"_s) || lines[2].contains(u"|2,100.50[N3]|"_s))
-        << qPrintable(lines[2]);
-    EXPECT_TRUE(lines[3].contains(u"|123,4567[T3]|-123,2466.5[T3]|"_s)) << qPrintable(lines[3]);
+}
+
+TEST_F(ExportTest, AReportsAmountsAreGroupedInItsSheetToo) {
+    const auto report = ReportExport(ReportMode::date, u"x"_s,
+                                     {{u"1"_s, u"2016-09"_s, u"1234567.50"_s, u"999"_s, u"-0.5"_s}});
+    const struct {
+        int nGroup;
+        QString line;
+    } cases[] = {{3, u"1[N0]|2016-09[T0]|1,234,567.5[N3]|999[N3]|-0.5[N3]"_s},
+                 {4, u"1[N0]|2016-09[T0]|123,4567.5[T3]|999[N3]|-0.5[N3]"_s},
+                 {0, u"1[N0]|2016-09[T0]|1234567.5[N3]|999[N3]|-0.5[N3]"_s}};
+    for (const auto& c : cases) {
+        State().settings.nGroup = c.nGroup;
+        Run(report, ExportFormat::sheet);
+        const auto lines = Sheet(u"分类统计(期间).xls"_s);
+        EXPECT_EQ(lines[0] + u'/' + lines[2], u"6|30|12|12|12/"_s + c.line);
+    }
+}
+
+// More strings and sectors than one table of sectors can name, and a text that no cell can hold.
+TEST_F(ExportTest, AHugeSheetIsWhole) {
+    XlsSheet sheet;
+    sheet.SetWidth(0, 6);
+    const QString wide = QString(XlsSheet::kMostCharacters - 3, u'长');
+    for (int row = 0; row < 130; ++row)
+        sheet.AddText(row, 0, wide + QString::number(row));
+    sheet.AddText(130, 0, wide + u"x😀😀"_s);
+    sheet.AddText(131, 0, u"a\r\nb"_s);
+    EXPECT_TRUE(EnsureExportFolder(false));
+    WriteWholeFile(ExportPath(u"huge.xls"_s), sheet.File());
+    EXPECT_GT(Bytes(u"huge.xls"_s).size(), 109 * 128 * 512);
+    const auto lines = Sheet(u"huge.xls"_s);
+    ASSERT_EQ(lines.size(), 1 + 132 + 1);  // the last text has two lines
+    EXPECT_EQ(lines[130], wide + u"129[T0]"_s);
+    EXPECT_EQ(lines[131], wide + u"x…[T0]"_s);
+    EXPECT_EQ(lines[132], u"a"_s);
+}
+
+TEST_F(ExportTest, RecordsHaveWordsOfTheirOwn) {
+    const auto records = LinesExport(LineKind::records, {TwoRows()[1]});
+    Run(records, ExportFormat::web);
+    EXPECT_TRUE(
+        Page(u"账户记录_1.html"_s)
+            .contains(u"<tr><td colspan='9'>账户记录列表导出:2016-09-03 14:16:20</td></tr><tr align='left'>"
+                      "<td class='sa2' width='40'  align='left'>No</td>"
+                      "<td class='sa2' width='110' align='center'>记账日期</td>"
+                      "<td class='sa2' width='180' align='left'>账户名称</td>"_s));
+    Run(records, ExportFormat::text);
+    EXPECT_TRUE(
+        QString::fromUtf8(Bytes(u"账户记录.txt"_s))
+            .startsWith(
+                u"账户列表记录导出:2016-09-03 14:16:20\r\n\r\nNo    记账时间          账户名称            "_s));
+    Run(ReportExport(ReportMode::date, u"【<b>】"_s, {{u"1"_s, u"2016-09"_s, u"1"_s, u"0"_s, u"1"_s}}),
+        ExportFormat::web);
+    EXPECT_TRUE(
+        Page(u"统计(期间)_1.html"_s).contains(u"<td colspan='5'>【&lt;b&gt;】2016-09-03 14:16:20</td>"_s));
+    EXPECT_TRUE(
+        Page(u"统计(期间)_1.html"_s).contains(u"<td class='sa2'             align='center'>期间</td>"_s));
 }
 
 TEST_F(ExportTest, ChartsAndReportsHaveTheirOwnColumnsAndWords) {
@@ -282,6 +335,13 @@ TEST_F(ExportTest, ASpreadsheetThatIsOpenStays) {
     RunEvent([&] { Export(Entries({TwoRows()[0]}), ExportFormat::sheet, {}); });
     EXPECT_TRUE(boxes.Last().text.endsWith(u"之前导出文件打开后未关闭"_s));
     EXPECT_EQ(Bytes(u"记账.xls"_s), before);
+    QFile periodLock(ExportPath(u".~lock.分类统计(期间).xls#"_s));
+    ASSERT_TRUE(periodLock.open(QIODevice::WriteOnly));
+    boxes.Expect(u"意外错误"_s);
+    RunEvent([&] {
+        Export(ReportExport(ReportMode::date, {}, {{}, {}, {}, {}, {}}), ExportFormat::sheet, {});
+    });
+    EXPECT_TRUE(boxes.Last().text.endsWith(u"之前导出的文件打开后未关闭，又重新导出!"_s));
     EXPECT_FALSE(State().gBusy);
 }
 
@@ -297,6 +357,8 @@ TEST_F(ExportTest, AFullDiskLeavesNoHalfFile) {
         boxes.Expect(u"意外错误"_s);
         const auto rows = std::vector(100, TwoRows()[0]);
         EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::text, {}); }));
+        EXPECT_TRUE(boxes.Last().text.contains(u"记账.txt】写入失败："_s));
+        EXPECT_FALSE(boxes.Last().text.contains(u"Unknown"_s));
         boxes.Expect(u"意外错误"_s);
         EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::web, {}); }));
         setrlimit(RLIMIT_FSIZE, &old);
@@ -305,6 +367,24 @@ TEST_F(ExportTest, AFullDiskLeavesNoHalfFile) {
         EXPECT_FALSE(State().gBusy);
     }
     std::signal(SIGXFSZ, handler);
+}
+
+// A first fill that failed is made up for, and so is a folder that has gone.
+TEST_F(ExportTest, ThePagesFilesAreThereWithThePages) {
+    const QString css = State().gDataDir + u"/Export/Html/css.css"_s;
+    State().gProgramFolder = Path(u"program"_s);
+    QDir().mkpath(Path(u"program/Skin"_s));
+    boxes.Expect(u"创建临时文件夹错误!"_s);
+    EXPECT_EQ(Export(Entries(TwoRows()), ExportFormat::web, {}), QStringList());
+    QDir().mkpath(Path(u"program/Skin/Html"_s));
+    QFile source(Path(u"program/Skin/Html/css.css"_s));
+    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
+    source.close();
+    for (int time = 0; time < 2; ++time) {
+        Run(Entries(TwoRows()), ExportFormat::web);
+        EXPECT_TRUE(QFile::exists(css));
+        QDir(State().gDataDir + u"/Export/Html"_s).removeRecursively();
+    }
 }
 
 TEST_F(ExportTest, AFileInThePlaceOfTheFolderIsTold) {

@@ -5,6 +5,7 @@
 #include "stats/branch_report.h"
 #include "stats/period_report.h"
 #include "store/money.h"
+#include "store/outside.h"
 #include "tests/support/random_entries.h"
 
 #include <QFile>
@@ -241,6 +242,51 @@ TEST_F(ReportTest, ALockedOrFailingBookKeepsItsWorkTables) {
         ASSERT_LT(n, 30);
     }
     EXPECT_EQ(Rows(Book(), kKindTable).size(), 4);
+}
+
+// A long statement yields to the event loop; what the user does there must neither hurt it nor be lost.
+TEST_F(ReportTest, AStopWhileTheBookIsReadChangesNothing) {
+    OpenStory();
+    Branches(Chart::kinds);
+    ByPeriod(u"03"_s, {}, PeriodLength::day);
+    const auto tables = [&] { return Rows(Book(), kKindTable) + Rows(Book(), kDateTable); };
+    const auto before = tables();
+    Book().Execute(
+        u"pragma synchronous=off; insert into tAccount (Id1,IID,IIID,Type1,Value1,nSign,Date1,bIsMain) with "
+        u"recursive n(i) as"
+        u" (select 100 union all select i+1 from n where i<150000) select i,-1,-1,'0303',1,1,'2016-09-04',1 from n"_s);
+    int yields = 0;
+    Outside().yield = [&] {
+        ++yields;
+        EXPECT_THROW(Book().Read(u"select 1"_s), DbError);
+        Job::Stop();
+    };
+    const Period all{QDate(2000, 1, 1), {}};
+    EXPECT_EQ(ByPeriod(u"03"_s, {}, PeriodLength::day), QStringList{u"stopped"_s});
+    EXPECT_EQ(Branches(Chart::kinds, all), QStringList{u"stopped"_s});
+    EXPECT_EQ(yields, 2);
+    Outside().yield = [] { FailStatement(u"from the event loop"_s, {}); };
+    EXPECT_THROW(Branches(Chart::kinds, all), DbError);
+    EXPECT_FALSE(State().gBusy);
+    Outside().yield = {};
+    EXPECT_EQ(tables(), before);
+    EXPECT_EQ(Branches(Chart::kinds, all).filter(u"0303"_s),
+              QStringList{u"13|      0303应收款|158401|0|158401"_s});
+}
+
+TEST_F(ReportTest, ManyDaysStandInTheTableOneByOne) {
+    OpenSample();
+    Book().Execute(
+        u"insert into tAccount (Id1,IID,IIID,Type1,Value1,nSign,Date1,bIsMain) with recursive n(i) as"
+        u" (select 0 union all select i+1 from n where i<1000) select i+100,-1,-1,'04',i,-1,date('2010-01-01',i||' days'),1 from n"_s);
+    const auto lines = ByPeriod(u"04"_s, {}, PeriodLength::day);
+    EXPECT_EQ(lines.size(), 1001);
+    EXPECT_EQ(Rows(Book(), kDateTable), lines);
+    Book().Execute(
+        u"update tKind set nAdd=0,nReduce=-5,Money=5 where Sort1='0401'; update tAccount set Value1=9e999 where Id1=100"_s);
+    EXPECT_EQ(Branches(Chart::kinds).filter(u"04"_s).filter(u"-5"_s).size(), 2);
+    EXPECT_THROW(ByPeriod(u"04"_s, {}, PeriodLength::day), DbError);
+    EXPECT_EQ(Rows(Book(), kDateTable), lines);
 }
 
 TEST_F(ReportTest, AReadOnlyBookIsReportedInTablesThatGoWithIt) {
