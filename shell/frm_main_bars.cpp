@@ -15,8 +15,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int kLongestSearch = 200;
 enum Panel { kSearchPanel, kWebPanel, kWaitingPanel, kWebNamePanel, kBoxPanel };
-}
+}  // namespace
 
 void frmMain::BuildStatusBar() {
     barTip = new KestroStatusBar(this);
@@ -36,6 +37,7 @@ void frmMain::BuildStatusBar() {
     txtSearch->setToolTip(
         u"1.搜记账、记事/提醒、其它\n2.搜索结果形成网页\n3.模糊搜索，搜标题和内容\n4.回车开始搜索\n"
         u"5.单击进度条停止搜索“"_s);
+    txtSearch->setMaxLength(kLongestSearch);
     txtSearch->onEnter = [this] { RunSearch(); };
     txtSearch->onEndButton = [this] { RunSearch(); };
     txtSearch->onEmptied = [] {};

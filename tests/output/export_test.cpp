@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringDecoder>
 
 #include <csignal>
@@ -210,6 +211,23 @@ TEST_F(ExportTest, AHugeSheetIsWhole) {
     EXPECT_EQ(lines[130], wide + u"129[T0]"_s);
     EXPECT_EQ(lines[131], wide + u"x…[T0]"_s);
     EXPECT_EQ(lines[132], u"a"_s);
+}
+
+TEST_F(ExportTest, ASpreadsheetProgramReadsItToo) {
+    const QString program = QStandardPaths::findExecutable(u"soffice"_s);
+    if (program.isEmpty()) GTEST_SKIP() << "left out: no spreadsheet program is installed";
+    Run(Entries(TwoRows()), ExportFormat::sheet);
+    QProcess convert;
+    convert.start(program, {u"-env:UserInstallation=file://"_s + Path(u"office"_s), u"--headless"_s,
+                            u"--convert-to"_s, u"csv:Text - txt - csv (StarCalc):44,34,76"_s, u"--outdir"_s,
+                            Path({}), ExportPath(u"记账.xls"_s)});
+    ASSERT_TRUE(convert.waitForFinished(60000));
+    QFile csv(Path(u"记账.csv"_s));
+    ASSERT_TRUE(csv.open(QIODevice::ReadOnly)) << convert.readAllStandardError().constData();
+    EXPECT_EQ(QString::fromUtf8(csv.readAll()).split(u'\n', Qt::SkipEmptyParts),
+              (QStringList{u"No,记账时间,分类名称,增加(元),减少(元),余额(元),事情"_s,
+                           u"1,2016-01-01  14:08,\"0201<b>办公\"\"&'\",2100.50,,2100.50,=购买\t办公桌😀"_s,
+                           u"2,2016-09-01  14:13,0303应收款,,1234567,-1232466.5,"_s}));
 }
 
 TEST_F(ExportTest, RecordsHaveWordsOfTheirOwn) {

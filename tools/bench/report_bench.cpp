@@ -33,10 +33,9 @@ const std::string kCode = "04";  // the branch of a seventh of the entries
 std::vector<std::string> WriteOf(const std::string& table, const std::string& columns, size_t count,
                                  const std::string& row) {
     std::vector<std::string> statements{"delete from " + table};
-    std::string insert;
+    std::string insert = "insert into " + table + " (" + columns + ") values ";
     for (size_t i = 1; i <= count; ++i)
-        insert += (insert.empty() ? "insert into " + table + " (" + columns + ") values (" : ",(") +
-                  std::to_string(i) + row + ')';
+        insert.append(i > 1 ? ",(" : "(").append(std::to_string(i)).append(row).append(")");
     if (count > 0) statements.push_back(insert);
     return statements;
 }
@@ -176,13 +175,14 @@ void MeasureExports(SpeedTable& table, const QString& path, int entries, int run
         const auto ours = [&, text = text] { return RunSearch(text, {}); };
         const auto found = ours();
         const auto bytes = Contents(found.files);
-        const std::string like = " like '%" + text.toStdString() + "%'";
+        const QString sql =
+            u"select Id1,Title1,Date1,Time1,Note1,sMe,bIsMain from tAccount where bIsMain=1 and (title1 like "
+            u"%1"
+            u" or note1 like %1) union select id1,title1,date1,Time1,note1,sMe,bIsMain from tnotebook where"
+            u" title1 like %1 or note1 like %1 order by date1,time1,id1"_s;
+        const std::string query = QString(sql).replace(u"%1"_s, u"'%"_s + text + u"%'"_s).toStdString();
         const auto theirs = [&] {
-            raw.Rows(
-                "select Id1,Title1,Date1,Time1,Note1,sMe,bIsMain from tAccount where bIsMain=1 and (title1" +
-                like + " or note1" + like +
-                ") union select id1,title1,date1,Time1,note1,sMe,bIsMain from tnotebook where title1" + like +
-                " or note1" + like + " order by date1,time1,id1");
+            raw.Rows(query);
             WriteAll(bytes);
         };
         table.Add(Compared(action, entries,
