@@ -197,7 +197,8 @@ void frmTJ::Arrange() {
         if (!widget->isHidden())
             needed +=
                 std::max(widget->minimumWidth(), widget->minimumSizeHint().width()) + Skin::Space::kPartner;
-    const bool narrow = needed > Room()->contentsRect().width();
+    const auto margins = Room()->contentsMargins();
+    const bool narrow = needed > width() - margins.left() - margins.right();
     if (narrow == narrow_) return;
     PutMore(narrow ? *more_ : *asked_);
 }

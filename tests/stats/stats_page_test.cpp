@@ -61,6 +61,12 @@ class StatsPage : public UiFixture {
 
 TEST_F(StatsPage, EachModeKeepsItsBoundsItsCaptionAndItsList) {
     EXPECT_EQ(Tip() + Period(), u"各分类某期间统计09-01/09-03"_s);
+    QCoreApplication::sendPostedEvents();
+    const auto middle = [&](const char* name) {
+        auto* widget = Find<QWidget>(page_, name);
+        return widget->mapTo(page_, widget->rect().center()).y();
+    };
+    EXPECT_EQ(middle("btnDate0"), middle("btnEnter")) << "one row has room for all";
     page_->ShowMode(u"date"_s);
     EXPECT_EQ(Tip() + Period(), u"某分类各期间统计/"_s);
     EXPECT_TRUE(Find<QWidget>(page_, "comKind")->isVisible());
