@@ -162,6 +162,9 @@ void PrintCanvas::PaintGround(QPainter& p, QPoint offset) const {
 void PrintCanvas::paintEvent(QPaintEvent*) {
     QPainter p(this);
     PaintGround(p, {});
+    // On this ground a thumb alone would hardly be seen.
+    for (const QWidget* bar : {static_cast<QWidget*>(ScrollV), static_cast<QWidget*>(ScrollH)})
+        if (bar->isVisible()) p.fillRect(bar->geometry(), Skin::Color(Tok::head));
 }
 
 bool PrintCanvas::eventFilter(QObject* watched, QEvent* event) {
