@@ -14,6 +14,7 @@
 #include "ledger/frm_sub_acc.h"
 #include "output/frm_print.h"
 #include "output/search.h"
+#include "pictures/frm_import.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -123,6 +124,7 @@ void RegisterWindows() {
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
+    RegisterDialog(kDlgPictures, OpenPictureDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
     RegisterDialog(kDlgPrint, OpenPrintPreview);
     RegisterDialog(kDlgTree, OpenTreeDialog);

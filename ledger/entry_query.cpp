@@ -185,7 +185,9 @@ EntryDetail ReadDetail(cConnection& book, qint64 id) {
     const bool isSecond = partner && row->Int(u"bIsMain") == 0;
     const qint64 main = (isSecond ? *partner : *row).Int(u"Id1");
     const qint64 other = partner ? (isSecond ? *row : *partner).Int(u"Id1") : main;
-    detail.rows[4][1] = QString::number(CountPictures(book, u"tAccount"_s, main, other)) + u"  张"_s;
+    detail.main = main;
+    detail.rows[EntryDetail::kPictureRow][1] =
+        QString::number(CountPictures(book, u"tAccount"_s, main, other)) + u"  张"_s;
     if (row->Int(u"Mark1") != 0) detail.rows[5][1] = u"    √"_s;
     return detail;
 }

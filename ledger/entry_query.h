@@ -89,6 +89,8 @@ std::vector<PageItem> PageItems(int count);
 
 /// The detail panel: title and six rows of label, code and name, amount.
 struct EntryDetail {
+    static constexpr int kPictureRow = 4;
+    qint64 main = -1;  ///< the entry's main row, -1 when there is no entry
     QString title;
     std::vector<QStringList> rows;
 };

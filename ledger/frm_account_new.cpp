@@ -72,6 +72,7 @@ void frmAccountNew::ConnectEntry() {
     chkOther->onChange = [this](bool) { Arrange(); };
     ShowPictures(pictures_);
     btnCamera->setEnabled(HasDialog(kDlgPictures));
+    btnCamera->onClick = [this] { OpenPictures(); };
     btnEnter->onClick = [this] { EnterClicked(); };
     btnCancel->onClick = [this] { CancelClicked(); };
     pngArrow->onClick = [this] { ToggleAccounts(); };
@@ -128,6 +129,16 @@ void frmAccountNew::ShowPictures(const QString& count) {
     btnCamera->setText(u"图片 "_s + count);
     btnCamera->SetIcon(Val(count) >= 1 ? u"image"_s : u"camera"_s);
     btnCamera->setToolTip(u"有 "_s + count + u" 张图片!\n点击查看已保存图片 或 保存图片!"_s);
+}
+
+void frmAccountNew::OpenPictures() {
+    ResetDlg(kDlgPictures);
+    PictureDialog pictures;
+    pictures.table = u"tAccount"_s;
+    pictures.id = static_cast<int>(lEntryId);
+    pictures.single = bNew ? 1 : 0;
+    OpenModal(kDlgPictures);
+    if (pictures.done) ShowPictures(pictures.count.trimmed());
 }
 
 void frmAccountNew::ChooseTemplate() {

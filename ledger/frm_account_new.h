@@ -56,6 +56,7 @@ class frmAccountNew : public KestroDialog {
 
     void ShowEntry(const EntryValues& entry);
     void ShowPictures(const QString& count);
+    void OpenPictures();
     void ChooseTemplate();
     EntryValues Gather() const;
     bool SaveNew(EntryValues& entry, EntryField& focus);

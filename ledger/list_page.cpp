@@ -97,6 +97,17 @@ void ListPage::ShowDetail() {
     panel_->Fill(row < 0 ? QString() : u"列表NO【"_s + number + u'】', detail.title, detail.rows);
 }
 
+void ListPage::OpenPictures() {
+    const int row = KestroList1->CurrentRow();
+    const qint64 main = row < 0 ? -1 : ReadDetail(State().gDB, EntryOf(row)).main;
+    if (main < 0 || main > std::numeric_limits<int>::max()) return;
+    ResetDlg(kDlgPictures);
+    PictureDialog pictures;
+    pictures.table = u"tAccount"_s;
+    pictures.id = static_cast<int>(main);
+    OpenModal(kDlgPictures);
+}
+
 void ListPage::MakeCurrent(int row) {
     KestroList1->SetCurrentRow(row);
     KestroList1->ScrollToRow(row);

@@ -77,6 +77,7 @@ class ListPage : public StripPage {
     void ReloadInPlace();
     void ShowSums();
     void ShowDetail();
+    void OpenPictures();
     /// Shows a change that this page has made: by show, or by loading anew where the lines hold a running
     /// balance.
     void ShowOwnChange(const std::function<void()>& show);

@@ -172,6 +172,9 @@ void ListPage::Connect(const ListPageWords&) {
     };
     KestroList1->onCurrent = [this](int) { ShowDetail(); };
     KestroList1->onDoubleClick = [this](int, int) { Do(Act::edit); };
+    KestroList2->onDoubleClick = [this](int row, int) {
+        if (row == EntryDetail::kPictureRow) OpenPictures();
+    };
     KestroList1->onDelete = [this] { Do(Act::remove); };
     KestroList1->onRightClick = [](int, const QPoint& at) { Menus::Popup(u"edit"_s, at); };
     KestroList1->onFirstPaint = [this] { TimerLoadData.start(); };

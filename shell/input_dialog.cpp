@@ -67,7 +67,7 @@ void frmInput::Build() {
 QLayout* frmInput::BuildNote() {
     auto* prompt = NewLabel(record_.prompt, Type::small, Tok::text2);
     prompt->setObjectName(u"lblTip"_s);
-    txtNote_ = new KestroText(record_.mode >= 1 ? TextMode::normal : TextMode::masked);
+    txtNote_ = new KestroText(record_.mode == 0 ? TextMode::masked : TextMode::normal);
     txtNote_->setObjectName(u"txtNote"_s);
     txtNote_->setAccessibleName(record_.prompt);
     txtNote_->setText(record_.startText);

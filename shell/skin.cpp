@@ -22,18 +22,18 @@ struct Token {
 
 // What the light set holds too: a program without its skin tree looks like one with it.
 constexpr std::array kTokens = std::to_array<Token>({
-    {u"ink", 0x1B2B36},       {u"page", 0xF3F6F7},    {u"surface", 0xFFFFFF},     {u"head", 0xEAF0F2},
-    {u"zebra", 0xF7FAFB},     {u"hover", 0xEAF6F7},   {u"soft", 0xDFF1F3},        {u"sel", 0xC0FFFF},
-    {u"selBar", 0x0B7285},    {u"selText", 0x1B2A33}, {u"grey1", 0xE1E0E1},       {u"line", 0xDCE4E7},
-    {u"line2", 0xC3CED3},     {u"btn", 0xFFFFFF},     {u"btnLine", 0xB4C1C8},     {u"box", 0x80919A},
-    {u"text", 0x1B2A33},      {u"text2", 0x4C5F6A},   {u"text3", 0x5F7079},       {u"dis", 0x98A5AC},
-    {u"disBg", 0xEDF1F3},     {u"accent", 0x0B7285},  {u"accentHover", 0x095F6F}, {u"accentPress", 0x074D5B},
-    {u"onAccent", 0xFFFFFF},  {u"add", 0xB3352A},     {u"addBg", 0xFBECEA},       {u"reduce", 0x13704A},
-    {u"reduceBg", 0xE5F3EC},  {u"danger", 0xB4262F},  {u"dangerFill", 0xB4262F},  {u"dangerPress", 0x8F1C24},
-    {u"warn", 0xEBAE2B},      {u"info", 0x1F66A8},    {u"seal", 0xC73E2C},        {u"tip", 0x22343F},
-    {u"tipText", 0xF2F7F9},   {u"tabText", 0xAFC0C9}, {u"inkText", 0xE6EEF1},     {u"inkAccent", 0x5FD0DB},
-    {u"canvas", 0xC9D2D6},    {u"icon", 0x33464F},    {u"iconDetail", 0x0B7285},  {u"iconRed", 0xB3352A},
-    {u"iconGreen", 0x13704A},
+    {u"ink", 0x1B2B36},      {u"page", 0xF3F6F7},      {u"surface", 0xFFFFFF},     {u"head", 0xEAF0F2},
+    {u"zebra", 0xF7FAFB},    {u"hover", 0xEAF6F7},     {u"soft", 0xDFF1F3},        {u"sel", 0xC0FFFF},
+    {u"selBar", 0x0B7285},   {u"selText", 0x1B2A33},   {u"grey1", 0xE1E0E1},       {u"line", 0xDCE4E7},
+    {u"line2", 0xC3CED3},    {u"btn", 0xFFFFFF},       {u"btnLine", 0xB4C1C8},     {u"box", 0x80919A},
+    {u"text", 0x1B2A33},     {u"text2", 0x4C5F6A},     {u"text3", 0x5F7079},       {u"dis", 0x98A5AC},
+    {u"disBg", 0xEDF1F3},    {u"accent", 0x0B7285},    {u"accentHover", 0x095F6F}, {u"accentPress", 0x074D5B},
+    {u"onAccent", 0xFFFFFF}, {u"add", 0xB3352A},       {u"addBg", 0xFBECEA},       {u"reduce", 0x13704A},
+    {u"reduceBg", 0xE5F3EC}, {u"danger", 0xB4262F},    {u"dangerFill", 0xB4262F},  {u"dangerPress", 0x8F1C24},
+    {u"warn", 0xEBAE2B},     {u"info", 0x1F66A8},      {u"seal", 0xC73E2C},        {u"tip", 0x22343F},
+    {u"tipText", 0xF2F7F9},  {u"tabText", 0xAFC0C9},   {u"inkText", 0xE6EEF1},     {u"inkAccent", 0x5FD0DB},
+    {u"canvas", 0xC9D2D6},   {u"pink", 0xB84364},      {u"icon", 0x33464F},        {u"iconDetail", 0x0B7285},
+    {u"iconRed", 0xB3352A},  {u"iconGreen", 0x13704A},
 });
 static_assert(kTokens.size() == static_cast<size_t>(Tok::kCount));
 

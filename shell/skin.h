@@ -57,6 +57,7 @@ enum class Tok {
     inkText,
     inkAccent,
     canvas,
+    pink,
     icon,
     iconDetail,
     iconRed,

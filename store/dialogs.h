@@ -50,12 +50,12 @@ struct BookDialog {
 /// The picture window.
 struct PictureDialog {
     explicit PictureDialog(DialogRecord& r = State().gDlg[kDlgPictures])
-        : done(r.Flag1), isNew(r.Flag2), id(r.Num1), table(r.Text1), count(r.Text2) {}
+        : done(r.Flag1), single(r.Flag2), id(r.Num1), table(r.Text1), count(r.Text2) {}
     int& done;
-    int& isNew;
-    int& id;
-    QString& table;
-    QString& count;
+    int& single;     ///< the pictures hang on the owner's first id alone; set for a row that is not yet saved
+    int& id;         ///< of the owner row, -1 while it is not saved
+    QString& table;  ///< tAccount or tNoteBook
+    QString& count;  ///< out: how many were saved
 };
 
 /// frmInput.
@@ -82,7 +82,7 @@ struct InputDialog {
     QString& memo;       ///< in and out
     QString& startText;  ///< in: the text that stands in the box at first
     int& money;          ///< whole hundredths, in and out
-    int& mode;           ///< 0: a password; 1 or more: plain text with the amount and the check box
+    int& mode;  ///< below 0: a plain text; 0: a password; 1 or more: a plain text with amount and check box
     int& otherDisabled;  ///< in
     int& moneyTyped;     ///< out: the amount was typed, which a value alone does not tell
     int& other;

@@ -7,6 +7,18 @@
 #include <QStringList>
 
 #include <functional>
+#include <vector>
+
+/// A folder or volume to start browsing from.
+struct BrowsePlace {
+    QString key;  ///< desktop, doc, home, or the path of a volume
+    QString text;
+    QString icon;  ///< name in the icon set
+    QString path;
+};
+
+/// Desktop, documents, home and the mounted volumes.
+std::vector<BrowsePlace> UsualPlaces();
 
 struct OutsideWorld {
     /// The present moment in local time.
@@ -22,6 +34,8 @@ struct OutsideWorld {
     std::function<bool()> calculator = [] { return false; };
     /// Puts text on the clipboard.
     std::function<void(const QString&)> copyText = [](const QString&) {};
+    /// Where files can be looked for.
+    std::function<std::vector<BrowsePlace>()> places = UsualPlaces;
     /// Lets painting, timers and the stop of a job through, nothing else.
     std::function<void()> yield = [] {};
 };

@@ -20,6 +20,10 @@ Index& Kept() {
     return index;
 }
 
+bool IsCurrent(cConnection& book) {
+    return Kept().connection == book.Serial() && Kept().dataVersion == book.DataVersion();
+}
+
 // " where rowid in (…)" of the pictures that fit; empty when none does.
 QString Where(cConnection& book, const std::function<bool(const PictureOwner&)>& fits) {
     QStringList rows;
@@ -39,8 +43,8 @@ void Delete(cConnection& book, const std::function<bool(const PictureOwner&)>& f
 
 const std::vector<PictureOwner>& PictureOwners(cConnection& book) {
     auto& kept = Kept();
+    if (IsCurrent(book)) return kept.owners;
     const qint64 version = book.DataVersion();
-    if (kept.connection == book.Serial() && kept.dataVersion == version) return kept.owners;
     kept.owners.clear();
     for (auto rows = book.Read(u"select rowid,sFromTable,lFromId,lFromId1 from tPic"_s); rows.Next();)
         kept.owners.push_back({rows.Int(0), rows.Text(1).toLower(), rows.Int(2), rows.Int(3)});
@@ -61,8 +65,27 @@ int CountPictures(cConnection& book, const QString& table, qint64 row, qint64 se
     }));
 }
 
+QString WherePicturesOf(cConnection& book, const QString& table, qint64 row, bool firstAlone) {
+    const QString name = table.toLower();
+    return Where(book, [&](const PictureOwner& owner) {
+        return owner.table == name && (owner.from == row || (!firstAlone && owner.from1 == row));
+    });
+}
+
+void AddPictureOwner(cConnection& book, const PictureOwner& owner) {
+    if (!IsCurrent(book)) return;
+    Kept().owners.push_back({owner.rowId, owner.table.toLower(), owner.from, owner.from1});
+}
+
+void DeletePicturesOfFirst(cConnection& book, const QString& table, qint64 row) {
+    const QString name = table.toLower();
+    Delete(book, [&](const PictureOwner& owner) { return owner.table == name && owner.from == row; });
+}
+
 void ClaimPictures(cConnection& book, qint64 main, qint64 second) {
-    const auto waits = [](const PictureOwner& owner) { return owner.from == -1; };
+    const auto waits = [](const PictureOwner& owner) {
+        return owner.table == u"taccount" && owner.from == -1;
+    };
     const QString where = Where(book, waits);
     if (where.isEmpty()) return;
     book.Execute(u"Update tPic set lFromId= "_s + QString::number(main) + u", lFromId1= "_s +

@@ -23,6 +23,13 @@ void ForgetPictureOwners();
 
 /// Pictures of a row, or of the second row of its entry.
 int CountPictures(cConnection& book, const QString& table, qint64 row, qint64 second);
+/// " where rowid in (…)" of the pictures of a row: by its first owner id alone, or by either; empty when
+/// there is none.
+QString WherePicturesOf(cConnection& book, const QString& table, qint64 row, bool firstAlone);
+/// A row that was just added to tPic.
+void AddPictureOwner(cConnection& book, const PictureOwner& owner);
+/// Drops the pictures whose first owner is the row.
+void DeletePicturesOfFirst(cConnection& book, const QString& table, qint64 row);
 /// Gives the pictures that were kept for a new entry to its rows.
 void ClaimPictures(cConnection& book, qint64 main, qint64 second);
 /// Drops the pictures of a table that belong to no row.

@@ -41,6 +41,7 @@ struct RowLook {
     RowStyle style = RowStyle::normal;
     int indent = 0;
     bool bold = false;
+    bool warn = false;    ///< the flexible column in the danger colour, with a sign at its end
     bool danger = false;  ///< date and icon words in the danger colour (overdue)
 };
 

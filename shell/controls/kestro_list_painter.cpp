@@ -80,6 +80,8 @@ Tok KestroListPainter::ColorOf(int row, int column, const RowState& state) const
         color = look.danger ? Tok::danger : Tok::text2;
     } else if (what.IsNumber() && column == 0) {
         color = Tok::text3;
+    } else if (look.warn && column == textColumn_) {
+        color = Tok::danger;
     } else if (what.what.color == ListColor::dim) {
         color = Tok::text2;
     } else if (what.what.color == ListColor::add) {
@@ -127,7 +129,12 @@ void KestroListPainter::PaintMoney(QPainter& p, const QRect& rect, int row, int 
 void KestroListPainter::PaintText(QPainter& p, const QRect& rect, int row, int column) const {
     const ListColumnState& what = model_.Column(column);
     const CellPadding padding = PaddingOf(what);
-    const QRect room = rect.adjusted(padding.left + IndentOf(row, column), 0, -padding.right, -1);
+    QRect room = rect.adjusted(padding.left + IndentOf(row, column), 0, -padding.right, -1);
+    if (model_.Row(row).look.warn && column == textColumn_) {
+        const QPoint at(room.right() - kIconSize, rect.center().y() - kIconSize / 2);
+        p.drawPixmap(at, Skin::Icon(u"warn"_s, kIconSize, p.device()->devicePixelRatioF()));
+        room.setRight(at.x() - kIconPlace + kIconSize);
+    }
     QString text = PaintedText(what, model_.Cell(row, column));
     const QFontMetrics metrics = p.fontMetrics();
     if (!what.IsDate() && metrics.horizontalAdvance(text) > room.width())

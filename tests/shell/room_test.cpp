@@ -6,6 +6,7 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "output/frm_print.h"
+#include "pictures/frm_import.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_scroll_menu.h"
@@ -165,6 +166,19 @@ TEST_F(Room, PrintPreview) {
         preview.DoMenu(u"percent"_s, u"200%"_s);
         Check(preview, "print preview", points);
         EXPECT_FALSE(Find<QWidget>(&preview, "ScrollH")->isHidden());
+    });
+}
+
+TEST_F(Room, Pictures) {
+    AtEachFont([](int points) {
+        ResetDlg(kDlgPictures);
+        PictureDialog owner;
+        owner.table = u"tAccount"_s;
+        owner.id = 7;
+        State().gBooks.front().Name = kLongName;
+        frmImport window;
+        window.show();
+        Check(window, "pictures", points);
     });
 }
 

@@ -111,6 +111,11 @@ QJsonObject AnswerSave(const QJsonObject& r) {
             {u"confirm"_s, BuildConfirmText(e)}};
 }
 
+QJsonObject AnswerCancel(const QJsonObject&) {
+    DropUnclaimedPictures(State().gDB);
+    return {{u"ok"_s, true}};
+}
+
 QJsonObject AnswerLoad(const QJsonObject& r) {
     const auto loaded = LoadEntry(State().gDB, r[u"id"].toInteger());
     if (!loaded) return Refusal({}, {});
@@ -243,6 +248,7 @@ std::span<const Request> EntryRequests() {
     static const Field id{u"id", number, true};
     static const Request requests[] = {
         {u"save", WithEntryFields({}), AnswerSave},
+        {u"entryCancel", {}, AnswerCancel},
         {u"load", {id}, AnswerLoad},
         {u"edit", WithEntryFields({id}), AnswerEdit},
         {u"delete", {id}, AnswerDelete},

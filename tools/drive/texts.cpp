@@ -1,8 +1,10 @@
 #include "chart/codes.h"
 #include "output/print_columns.h"
 #include "output/search.h"
+#include "pictures/view_geometry.h"
 #include "stats/period_report.h"
 #include "store/dates.h"
+#include "store/messages.h"
 #include "store/money.h"
 #include "store/paths.h"
 #include "store/places.h"
@@ -66,6 +68,33 @@ QJsonValue Folders(const Arguments& a) {
     return a.style == NativeStyle() ? MakeFolders(a.Text(0)) : PlanFolders(a.Text(0), a.style).error;
 }
 
+// A 32-bit number without the digits that it does not have.
+double Plain(float x) {
+    constexpr int kDigits = 7;
+    return QString::number(x, 'g', kDigits).toDouble();
+}
+
+QJsonValue Fitted(const Arguments& a) {
+    const auto fit = FitToBox(a.Number(0), a.Number(1), a.Number(2), a.Number(3));
+    if (!fit) return false;
+    return QJsonArray{fit->width, fit->height, fit->x, fit->y, Plain(fit->zoom)};
+}
+
+// The new factor; what is told at a limit goes to the boxes.
+QJsonValue Zoomed(const ZoomStep& step) {
+    if (!step.message.isEmpty()) ShowMsg(step.message);
+    return Plain(step.zoom);
+}
+
+QJsonArray Pixels(PixelSize size) {
+    return {size.width, size.height};
+}
+
+QJsonValue Resized(const Arguments& a) {
+    const auto size = ReSizeOf({a.Whole(0), a.Whole(1)}, {a.Whole(2), a.Whole(3)}, a.Flag(4));
+    return size ? QJsonValue(Pixels(*size)) : QJsonValue(false);
+}
+
 struct Function {
     std::function<QJsonValue(const Arguments&)> value;
     int table = -1;  ///< which argument names a chart, -1 none
@@ -97,6 +126,14 @@ const std::map<QString, Function>& Functions() {
         {u"ReplaceValue"_s, {[](const auto& a) { return ReplaceValue(a.Text(0), a.Text(1)); }}},
         {u"SplitSums"_s, {Split}},
         {u"Highlight"_s, {[](const auto& a) { return Highlight(a.Text(0), a.Text(1)); }}},
+        {u"FitToBox"_s, {Fitted}},
+        {u"ZoomIn"_s, {[](const auto& a) { return Zoomed(ZoomIn(static_cast<float>(a.Number(0)))); }}},
+        {u"ZoomOut"_s, {[](const auto& a) { return Zoomed(ZoomOut(static_cast<float>(a.Number(0)))); }}},
+        {u"ThumbnailSize"_s, {[](const auto& a) {
+             return Pixels(ThumbnailSize({a.Whole(0), a.Whole(1)}, {a.Whole(2), a.Whole(3)}, a.Flag(4)));
+         }}},
+        {u"ReSizeOf"_s, {Resized}},
+        {u"GdiErrorString"_s, {[](const auto& a) { return GdiErrorString(a.Whole(0)); }}},
         {u"MakeFolders"_s, {Folders}},
         {u"IsForbiddenBox"_s,
          {[](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }}},
