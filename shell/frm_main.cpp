@@ -8,10 +8,10 @@
 #include "shell/frm_main_actions.h"
 #include "shell/menus.h"
 #include "shell/skin.h"
+#include "store/due.h"
 #include "store/errors.h"
 #include "store/messages.h"
 #include "store/outside.h"
-#include "store/session.h"
 #include "store/settings_file.h"
 #include "store/state.h"
 

@@ -281,6 +281,10 @@ qint64 cConnection::DataVersion() {
     return *core.version;
 }
 
+qint64 cConnection::Changes() const {
+    return sqlite3_total_changes64(Core().db);
+}
+
 bool cConnection::InTransaction() const {
     return core_ && sqlite3_get_autocommit(core_->db) == 0;
 }

@@ -177,6 +177,8 @@ class cConnection {
     qint64 Serial() const;
     /// Changes when another connection has changed the file.
     qint64 DataVersion();
+    /// Rows that this connection has written since it was opened.
+    qint64 Changes() const;
 
     /// Seams of tests: the VFS that Open uses, hooks before each statement and at each step of one that
     /// passes over a whole table.

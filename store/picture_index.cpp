@@ -104,6 +104,26 @@ void DeleteUnclaimed(cConnection& book, const QString& table) {
     });
 }
 
+void ClaimNotePictures(cConnection& book, qint64 note) {
+    const auto waits = [](const PictureOwner& owner) {
+        return owner.table == u"tnotebook" && owner.from == -1;
+    };
+    const QString where = Where(book, waits);
+    if (where.isEmpty()) return;
+    book.Execute(u"update tPic set lFromId="_s + QString::number(note) + where);
+    for (auto& owner : Kept().owners)
+        if (waits(owner)) owner.from = note;
+}
+
+void DropPendingPictures(cConnection& book) {
+    Delete(book, [](const PictureOwner& owner) { return owner.from == -1; });
+}
+
+void DeletePicturesOf(cConnection& book, const QString& table, const std::set<qint64>& rows) {
+    const QString name = table.toLower();
+    Delete(book, [&](const PictureOwner& owner) { return owner.table == name && rows.contains(owner.from); });
+}
+
 void DeletePictures(cConnection& book, const QString& table, qint64 row) {
     const QString name = table.toLower();
     Delete(book, [&](const PictureOwner& owner) {

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <set>
 #include <vector>
 
 struct PictureOwner {
@@ -34,5 +35,11 @@ void DeletePicturesOfFirst(cConnection& book, const QString& table, qint64 row);
 void ClaimPictures(cConnection& book, qint64 main, qint64 second);
 /// Drops the pictures of a table that belong to no row.
 void DeleteUnclaimed(cConnection& book, const QString& table);
+/// Gives the pictures that were kept for a new note to its row.
+void ClaimNotePictures(cConnection& book, qint64 note);
+/// Drops every picture that waits for its owner's first save.
+void DropPendingPictures(cConnection& book);
+/// Drops the pictures of these rows by their first owner alone.
+void DeletePicturesOf(cConnection& book, const QString& table, const std::set<qint64>& rows);
 /// Drops the pictures of a row, by either owner.
 void DeletePictures(cConnection& book, const QString& table, qint64 row);

@@ -1,12 +1,10 @@
 #include "store/session.h"
 
 #include "store/book_box.h"
-#include "store/dates.h"
 #include "store/messages.h"
 #include "store/paths.h"
 #include "store/places.h"
 #include "store/sample_book.h"
-#include "store/settings_file.h"
 #include "store/state.h"
 
 #include <QDir>
@@ -31,13 +29,6 @@ void ReopenDB() {
     cConnection fresh;
     OpenFileOf(CurrentBook(), fresh, {});
     State().gDB = std::move(fresh);
-}
-
-int DueCount() {
-    const auto notes = State().gDB.OpenRecordset(
-        u"select bWake,bWakeOk from tNoteBook where bWake=1 and bWakeOk=0 and wakedate<="_s +
-        Quote(TodayText(u"-"_s)));
-    return notes.RecordCount() + OpenAdCount();
 }
 
 QString UsualDataFolder() {

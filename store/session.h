@@ -1,14 +1,10 @@
 #pragma once
-// The open book: opening it anew, and what windows ask of it at once.
+// The session: the open book, its folders and files.
 
 #include <QString>
 
 /// Opens gDB anew on the current book; the old connection goes only when the new one stands. Throws DbError.
 void ReopenDB();
-
-/// Reminders of the open book that are due today and not done, and open messages of the service: the number
-/// on the logo.
-int DueCount();
 
 /// Where the program keeps its data for this user, from the environment.
 QString UsualDataFolder();

@@ -141,7 +141,3 @@ qint32 HandOverToRunning(const QString& path) {
 QString HandedOverPath() {
     return State().gSetDB.OpenRecordset(u"select sOutOpenDBFile from tSetting"_s).Text(u"sOutOpenDBFile");
 }
-
-int OpenAdCount() {
-    return State().gSetDB.OpenRecordset(u"select id1,bWakeOk from tAd where bWakeOk=0"_s).RecordCount();
-}

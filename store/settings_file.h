@@ -31,5 +31,3 @@ void SaveForNextStart(const std::function<void()>& body);
 qint32 HandOverToRunning(const QString& path);
 /// The path that a second copy has left.
 QString HandedOverPath();
-/// Rows of tAd that are not done, for the number on the logo.
-int OpenAdCount();

@@ -2,10 +2,12 @@
 
 #include "store/book_box.h"
 #include "store/book_images.h"
+#include "store/due.h"
 #include "store/errors.h"
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/places.h"
+#include "store/platform_messages.h"
 #include "store/session.h"
 #include "store/settings_file.h"
 #include "tests/support/fixture.h"
@@ -188,7 +190,7 @@ TEST_F(SettingsTest, AFileThatCannotBeWrittenIsReadAllTheSame) {
     };
     Load();
     EXPECT_EQ(State().settings.nGroup, 4);
-    EXPECT_EQ(OpenAdCount(), 0);
+    EXPECT_EQ(UnreadMessageCount(), 0);
 }
 
 TEST_F(SettingsTest, EveryValueIsReadAndAMissingRowLeavesTheDefaults) {

@@ -22,8 +22,8 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), ChartRequests(), OutputRequests(), PictureRequests(),
-                              PrintRequests(), TextRequests()})
+    for (const auto& group : {EntryRequests(), ChartRequests(), NoteRequests(), OutputRequests(),
+                              PictureRequests(), PrintRequests(), TextRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;

@@ -47,6 +47,7 @@ struct Request {
 };
 std::span<const Request> EntryRequests();
 std::span<const Request> ChartRequests();
+std::span<const Request> NoteRequests();
 std::span<const Request> OutputRequests();
 std::span<const Request> PictureRequests();
 std::span<const Request> PrintRequests();
