@@ -130,6 +130,7 @@ void MeasureView(SpeedTable& table, const QString& folder, int runs) {
     box.resize(box.sizeHint());
     box.ShowFile(path);
     box.show();
+    Stage<PictureBox>::Settle();
     const auto frame = [&](const QString& action, const std::function<void()>& change) {
         const auto once = [&] {
             return Milliseconds([&] {
