@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize kSize{956, 600}, kSmallest{760, 460};
-constexpr int kLeftWidth = 300, kRightWidth = 204, kLeastLeft = 208, kLeastRight = 150, kBetween = 16,
+constexpr int kLeftWidth = 300, kRightWidth = 216, kLeastLeft = 208, kLeastRight = 150, kBetween = 16,
               kLeastButton = 80, kLeastName = 40;
 constexpr int kIcon = 14, kIconGap = 6;
 
@@ -45,7 +45,8 @@ class NameLabel : public KestroLabel {
         }
         p.setFont(font());
         p.setPen(palette().color(foregroundRole()));
-        const QString shown = p.fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width());
+        const QString shown = p.fontMetrics().elidedText(
+            text(), icon_.isEmpty() ? Qt::ElideMiddle : Qt::ElideRight, room.width());
         p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
     }
 

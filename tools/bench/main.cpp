@@ -12,6 +12,7 @@
 #include "tools/bench/children.h"
 #include "tools/bench/click_bench.h"
 #include "tools/bench/page_bench.h"
+#include "tools/bench/picture_bench.h"
 #include "tools/bench/print_bench.h"
 #include "tools/bench/report_bench.h"
 #include "tools/generate/book_maker.h"
@@ -81,6 +82,7 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
         MeasureClicks(table, book, entries, quick ? 5 : 11);
         MeasureBulkDeletion(table, book, entries, 3);
     }
+    MeasurePictures(table, folder + u"/pictures"_s, quick ? 5 : 11);
     table.Add({u"the agent's peak memory"_s, 0, children.AgentMemory(), 0, u"MB"_s, kAgentBound});
     table.AddGrowth(kStartAction, kSortGrowth);
     table.AddGrowth(kPageAction, kSortGrowth);
