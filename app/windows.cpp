@@ -12,6 +12,8 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "notes/frm_note.h"
+#include "notes/frm_note_new.h"
 #include "output/frm_print.h"
 #include "output/search.h"
 #include "shell/commands.h"
@@ -120,9 +122,11 @@ void RegisterWindows() {
     RegisterPage(kTabAccount, [](QWidget* parent) { return new frmAccount(parent); });
     RegisterPage(kTabSubAcc, [](QWidget* parent) { return new frmSubAcc(parent); });
     RegisterPage(kTabStats, [](QWidget* parent) { return new frmTJ(parent); });
+    RegisterPage(kTabNote, [](QWidget* parent) { return new frmNote(parent); });
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
+    RegisterDialog(kDlgNote, OpenNoteDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
     RegisterDialog(kDlgPrint, OpenPrintPreview);
     RegisterDialog(kDlgTree, OpenTreeDialog);

@@ -191,7 +191,15 @@ void frmMain::pRESETGROUP() {
         if (page) page->pRESETGROUP();
 }
 
+// The day changes by itself.
+void frmMain::LookWhatIsDue() {
+    if (State().gBusy) return;
+    int now = due_;
+    if (Succeeds([&] { now = DueCount(); }) && now != due_) Notices().remindersChanged.Emit();
+}
+
 void frmMain::Timer1_Timer() {
+    LookWhatIsDue();
     if (timerTag_.isEmpty()) timerTag_ = QString::number(kCheckEvery);
     const int ticks = timerTag_.toInt();
     if (ticks < kCheckEvery) {

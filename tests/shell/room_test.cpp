@@ -5,6 +5,7 @@
 #include "chart/frm_tree.h"
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
+#include "notes/frm_note_new.h"
 #include "output/frm_print.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
@@ -123,7 +124,7 @@ TEST_F(Room, PagesOfTheFrame) {
         frame.show();
         for (const QSize size : {QSize(1100, 700), QSize(666, 533)}) {
             frame.SetNamedSize(size.boundedTo(frame.screen()->availableGeometry().size()));
-            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabSetting}) {
+            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabNote, kTabSetting}) {
                 frame.SetFormTab(tab);
                 Check(*frame.GetWinhWnd(tab), "page", points);
             }
@@ -139,6 +140,16 @@ TEST_F(Room, PagesOfTheFrame) {
             stats->SetPeriod({QDate(2016, 1, 1), QDate(2016, 12, 31)});
             Check(*stats, "statistics", points);
         }
+    });
+}
+
+TEST_F(Room, NoteEditor) {
+    AtEachFont([](int points) {
+        ResetDlg(kDlgNote);
+        NoteDialog().isNew = 1;
+        frmNoteNew window;
+        window.show();
+        Check(window, "note editor", points);
     });
 }
 
