@@ -14,6 +14,7 @@
 #include "ledger/frm_sub_acc.h"
 #include "notes/frm_note.h"
 #include "notes/frm_note_new.h"
+#include "notes/frm_wake.h"
 #include "output/frm_print.h"
 #include "output/search.h"
 #include "shell/commands.h"
@@ -105,6 +106,8 @@ void RegisterCommands() {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
     commands.search = [](const QString& text, const JobBar& bar) { RunSearch(text, bar); };
+    commands.openReminders = [] { OpenReminders(); };
+    commands.closeReminders = [] { CloseReminders(); };
     commands.resetHeadIco = [] { Outside().launch(BesideProgram(u"JotIco"_s), {}, ProgramFolder()); };
 }
 

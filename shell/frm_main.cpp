@@ -211,6 +211,7 @@ void frmMain::Timer1_Timer() {
 }
 
 void frmMain::ResetHeadIco() {
+    if (Commands().closeReminders) Commands().closeReminders();
     if (Commands().resetHeadIco) Commands().resetHeadIco();
 }
 
@@ -274,6 +275,7 @@ void frmMain::Unload() {
     Timer1.stop();
     TrackRemove(MyTrak);
     KeepPlace();
+    if (Commands().closeReminders) Commands().closeReminders();
     for (const Tab tab : {kTabAccount, kTabSubAcc, kTabStats, kTabNote, kTabSetting, kTabWeb})
         DropPage(tab);
     hide();

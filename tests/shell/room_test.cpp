@@ -6,6 +6,7 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "notes/frm_note_new.h"
+#include "notes/frm_wake.h"
 #include "output/frm_print.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
@@ -150,6 +151,9 @@ TEST_F(Room, NoteEditor) {
         frmNoteNew window;
         window.show();
         Check(window, "note editor", points);
+        frmWake reminders;
+        reminders.show();
+        Check(reminders, "reminders", points);
     });
 }
 
