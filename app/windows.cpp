@@ -12,6 +12,9 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
 #include "ledger/frm_sub_acc.h"
+#include "notes/frm_note.h"
+#include "notes/frm_note_new.h"
+#include "notes/frm_wake.h"
 #include "output/frm_print.h"
 #include "output/search.h"
 #include "pictures/frm_import.h"
@@ -104,6 +107,8 @@ void RegisterCommands() {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
     commands.search = [](const QString& text, const JobBar& bar) { RunSearch(text, bar); };
+    commands.openReminders = [] { OpenReminders(); };
+    commands.closeReminders = [] { CloseReminders(); };
     commands.resetHeadIco = [] { Outside().launch(BesideProgram(u"JotIco"_s), {}, ProgramFolder()); };
 }
 
@@ -121,10 +126,12 @@ void RegisterWindows() {
     RegisterPage(kTabAccount, [](QWidget* parent) { return new frmAccount(parent); });
     RegisterPage(kTabSubAcc, [](QWidget* parent) { return new frmSubAcc(parent); });
     RegisterPage(kTabStats, [](QWidget* parent) { return new frmTJ(parent); });
+    RegisterPage(kTabNote, [](QWidget* parent) { return new frmNote(parent); });
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
     RegisterDialog(kDlgPictures, OpenPictureDialog);
+    RegisterDialog(kDlgNote, OpenNoteDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);
     RegisterDialog(kDlgPrint, OpenPrintPreview);
     RegisterDialog(kDlgTree, OpenTreeDialog);

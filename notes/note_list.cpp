@@ -1,5 +1,6 @@
 #include "notes/note_list.h"
 
+#include "store/entry_rows.h"
 #include "store/platform_messages.h"
 
 #include <QStringList>
@@ -83,6 +84,20 @@ std::optional<NoteLine> ReadNote(cConnection& book, NoteList list, qint64 id, in
                          (wake ? kOpen : QString()));
     if (!row.Next()) return {};
     return LineOf(list, row, number);
+}
+
+QString NoteTipText(cConnection& book, const NoteKey& key) {
+    const auto text = [](const QString& title, const QString& date, const QString& time,
+                         const QString& note) {
+        return title + u'(' + Moment(date, time) + u")\r\n"_s + note;
+    };
+    if (key.IsWeb()) {
+        const auto found = FindMessage(key.id);
+        return found ? text(found->title, found->date, found->time, found->note) : QString();
+    }
+    const auto row = FindRow(book, u"tNotebook"_s, key.id);
+    if (!row) return {};
+    return text(row->Text(u"Title1"), row->Text(u"Date1"), row->Text(u"Time1"), row->Text(u"Note1"));
 }
 
 PrintInfo NotePrintInfo(NoteList list, const QString& condition,

@@ -53,6 +53,9 @@ void ReadNotes(cConnection& book, NoteList list, const QString& condition, Job& 
 /// One line as it stands now; nullopt when it does not belong to the list any more.
 std::optional<NoteLine> ReadNote(cConnection& book, NoteList list, qint64 id, int number);
 
+/// A note or message in full, for a tip: title, moment and text; empty when it is gone.
+QString NoteTipText(cConnection& book, const NoteKey& key);
+
 /// ticked: the keys of the ticked lines, when these are asked for; otherwise all that the list shows of the
 /// book.
 PrintInfo NotePrintInfo(NoteList list, const QString& condition,

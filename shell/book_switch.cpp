@@ -1,5 +1,6 @@
 #include "shell/book_switch.h"
 
+#include "shell/commands.h"
 #include "shell/file_dialog.h"
 #include "shell/page.h"
 #include "store/book_box.h"
@@ -97,6 +98,7 @@ bool ReloadPages(int newBook) {
         return false;
     }
     // Each by itself: a part that fails must not leave another showing the old book.
+    RunEvent(Commands().closeReminders);
     RunEvent(Host().dropOtherPages);
     RunEvent([] {
         if (auto* page = PageOfCode(kPageAccount)) page->pTRANSACCOUNT();

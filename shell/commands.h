@@ -17,6 +17,7 @@ struct FrameCommands {
     std::function<void()> webCheck;
     std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings
     std::function<void()> openReminders;
+    std::function<void()> closeReminders;
     std::function<void()> newBook;                            ///< to where a new book is made
     std::function<void(const QString& percent)> zoomPreview;  ///< of the print preview, while it stands
 };

@@ -195,7 +195,15 @@ void frmMain::pRESETGROUP() {
         if (page) page->pRESETGROUP();
 }
 
+// The day changes by itself.
+void frmMain::LookWhatIsDue() {
+    if (State().gBusy) return;
+    int now = due_;
+    if (Succeeds([&] { now = DueCount(); }) && now != due_) Notices().remindersChanged.Emit();
+}
+
 void frmMain::Timer1_Timer() {
+    LookWhatIsDue();
     if (timerTag_.isEmpty()) timerTag_ = QString::number(kCheckEvery);
     const int ticks = timerTag_.toInt();
     if (ticks < kCheckEvery) {
@@ -207,6 +215,7 @@ void frmMain::Timer1_Timer() {
 }
 
 void frmMain::ResetHeadIco() {
+    if (Commands().closeReminders) Commands().closeReminders();
     if (Commands().resetHeadIco) Commands().resetHeadIco();
 }
 
@@ -271,6 +280,7 @@ void frmMain::Unload() {
     Timer1.stop();
     TrackRemove(MyTrak);
     KeepPlace();
+    if (Commands().closeReminders) Commands().closeReminders();
     for (const Tab tab : {kTabAccount, kTabSubAcc, kTabStats, kTabNote, kTabSetting, kTabWeb})
         DropPage(tab);
     hide();

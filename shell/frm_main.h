@@ -69,6 +69,7 @@ class frmMain : public KestroForm {
     void KeepColumns(int tab);
     /// Unloads the page of a tab.
     void DropPage(int tab);
+    void LookWhatIsDue();
     bool MayLeave(const QString& refusal);
     void Unload();
     void BringToFront();

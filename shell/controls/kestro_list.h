@@ -14,6 +14,7 @@
 
 #include <concepts>
 #include <functional>
+#include <map>
 #include <vector>
 
 class KestroListHeader;
@@ -28,10 +29,11 @@ struct ListColumn {
     QString caption;
     int width = 80;     ///< starting width in pixels
     int smallest = 24;  ///< the least width the column may be pressed to
-    QString type;       ///< "string", "number", "money", "date" or "icons"
+    QString type;       ///< "string", "number", "money", "date" or "icons" (digits, 1 shows)
     ListColor color = ListColor::none;
-    bool flexible = false;  ///< takes the room that is left and gives first
-    QString tip = {};       ///< tool tip of the heading
+    bool flexible = false;                  ///< takes the room that is left and gives first
+    QString tip = {};                       ///< tool tip of the heading
+    std::map<QString, QString> icons = {};  ///< icons before the cells with these texts
 };
 
 enum class RowStyle { normal, grey1 };

@@ -135,6 +135,12 @@ void KestroListPainter::PaintText(QPainter& p, const QRect& rect, int row, int c
         p.drawPixmap(at, Skin::Icon(u"warn"_s, kIconSize, p.device()->devicePixelRatioF()));
         room.setRight(at.x() - kIconPlace + kIconSize);
     }
+    const auto icon = what.what.icons.find(model_.Cell(row, column));
+    if (icon != what.what.icons.end()) {
+        const QPoint at(room.left(), room.center().y() - kIconSize / 2);
+        p.drawPixmap(at, Skin::Icon(icon->second, kIconSize, p.device()->devicePixelRatioF()));
+        room.setLeft(room.left() + kIconPlace + 2);
+    }
     QString text = PaintedText(what, model_.Cell(row, column));
     const QFontMetrics metrics = p.fontMetrics();
     if (!what.IsDate() && metrics.horizontalAdvance(text) > room.width())
@@ -146,7 +152,8 @@ void KestroListPainter::PaintText(QPainter& p, const QRect& rect, int row, int c
 void KestroListPainter::PaintIcons(QPainter& p, const QRect& rect, const QString& digits) const {
     static const std::array<QString, 3> icons = {u"flag"_s, u"image"_s, u"book"_s};
     const double ratio = p.device()->devicePixelRatioF();
-    const int start = rect.left() + std::max(0, (rect.width() - 3 * kIconPlace) / 2);
+    const int places = std::min(3, static_cast<int>(digits.size()));
+    const int start = rect.left() + std::max(0, (rect.width() - places * kIconPlace) / 2);
     const int gap = (kIconPlace - kIconSize) / 2;
     for (int i = 0; i < 3 && i < digits.size(); ++i) {
         if (digits[i] != u'1') continue;

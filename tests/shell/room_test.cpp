@@ -5,6 +5,8 @@
 #include "chart/frm_tree.h"
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
+#include "notes/frm_note_new.h"
+#include "notes/frm_wake.h"
 #include "output/frm_print.h"
 #include "pictures/frm_import.h"
 #include "shell/controls/kestro_button.h"
@@ -124,7 +126,7 @@ TEST_F(Room, PagesOfTheFrame) {
         frame.show();
         for (const QSize size : {QSize(1100, 700), QSize(666, 533)}) {
             frame.SetNamedSize(size.boundedTo(frame.screen()->availableGeometry().size()));
-            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabSetting}) {
+            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabNote, kTabSetting}) {
                 frame.SetFormTab(tab);
                 Check(*frame.GetWinhWnd(tab), "page", points);
             }
@@ -140,6 +142,19 @@ TEST_F(Room, PagesOfTheFrame) {
             stats->SetPeriod({QDate(2016, 1, 1), QDate(2016, 12, 31)});
             Check(*stats, "statistics", points);
         }
+    });
+}
+
+TEST_F(Room, NoteEditor) {
+    AtEachFont([](int points) {
+        ResetDlg(kDlgNote);
+        NoteDialog().isNew = 1;
+        frmNoteNew window;
+        window.show();
+        Check(window, "note editor", points);
+        frmWake reminders;
+        reminders.show();
+        Check(reminders, "reminders", points);
     });
 }
 
