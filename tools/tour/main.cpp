@@ -12,6 +12,7 @@
 #include "store/places.h"
 #include "store/state.h"
 #include "tools/tour/see_answers.h"
+#include "tools/tour/see_notes.h"
 #include "tools/tour/tour.h"
 
 #include <QApplication>
@@ -283,6 +284,7 @@ int main(int argc, char** argv) {
     AddKind(tour);
     DeleteEntry(tour);
     SeeAnswers(tour);
+    SeeNotes(tour);
     tour.Start();
     const int code = QApplication::exec();
     TellAgent(1);
