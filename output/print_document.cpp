@@ -2,7 +2,7 @@
 
 using namespace Qt::StringLiterals;
 
-PrintFontSpec SpecOf(PrintFont font) {
+PrintFontTraits TraitsOf(PrintFont font) {
     switch (font) {
         case PrintFont::title:
             return {u"TitleFont"_s, u"宋体"_s, 16};
@@ -18,7 +18,7 @@ double LineHeightOf(PrintFont font) {
     return font == PrintFont::title ? 10 : 6;
 }
 
-PrintPenSpec SpecOf(PrintPen pen) {
+PrintPenTraits TraitsOf(PrintPen pen) {
     if (pen == PrintPen::thin) return {u"BlackPen_01"_s, 0.2};
     return {u"BlackPen_00"_s, 0.3};
 }

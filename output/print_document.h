@@ -38,16 +38,16 @@ struct PrintDocument {
     double Height() const { return turned ? 210 : 297; }
 };
 
-struct PrintFontSpec {
+struct PrintFontTraits {
     QString name;
     QString family;
     int points;
 };
-PrintFontSpec SpecOf(PrintFont font);
+PrintFontTraits TraitsOf(PrintFont font);
 double LineHeightOf(PrintFont font);
 
-struct PrintPenSpec {
+struct PrintPenTraits {
     QString name;
     double width;  ///< millimetres
 };
-PrintPenSpec SpecOf(PrintPen pen);
+PrintPenTraits TraitsOf(PrintPen pen);

@@ -23,10 +23,10 @@ constexpr size_t kFonts = 3;
 
 // This family's letters come out of a PDF as the same characters that went in.
 QFont MakeFont(PrintFont which) {
-    const auto spec = SpecOf(which);
+    const auto traits = TraitsOf(which);
     QFont font;
-    font.setFamilies({u"WenQuanYi Micro Hei"_s, spec.family});
-    font.setPixelSize(static_cast<int>(std::lround(spec.points * kMmPerPoint * kUnits)));
+    font.setFamilies({u"WenQuanYi Micro Hei"_s, traits.family});
+    font.setPixelSize(static_cast<int>(std::lround(traits.points * kMmPerPoint * kUnits)));
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
@@ -51,7 +51,7 @@ int FlagOf(PrintAlign align) {
 
 // Whole pixels of the device, so that a line is never blurred. One thinner than a pixel is fainter instead.
 void PaintLine(QPainter& p, const PrintLine& line, double k) {
-    const double told = SpecOf(line.pen).width * k, wide = std::max(1.0, std::round(told));
+    const double told = TraitsOf(line.pen).width * k, wide = std::max(1.0, std::round(told));
     const auto at = [&](double mm) { return std::round(mm * k - wide / 2); };
     QColor ink(Qt::black);
     ink.setAlphaF(static_cast<float>(std::clamp(told, kFaintest, 1.0)));

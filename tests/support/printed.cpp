@@ -9,11 +9,11 @@ QStringList Printed(const PrintPage& page) {
     for (const auto& item : page.items) {
         if (const auto* text = std::get_if<PrintText>(&item))
             printed << at(text->x, text->y) + u" w%1 "_s.arg(text->w) +
-                           aligns[static_cast<size_t>(text->align)] + u' ' + SpecOf(text->font).name + u' ' +
-                           text->text;
+                           aligns[static_cast<size_t>(text->align)] + u' ' + TraitsOf(text->font).name +
+                           u' ' + text->text;
         else if (const auto* line = std::get_if<PrintLine>(&item))
             printed << at(line->x, line->y) + u" to "_s + at(line->x2, line->y2) + u' ' +
-                           SpecOf(line->pen).name;
+                           TraitsOf(line->pen).name;
     }
     return printed;
 }

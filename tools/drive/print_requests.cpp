@@ -47,7 +47,7 @@ QJsonObject ItemOf(qsizetype page, const PrintItem& item) {
         told[u"y"] = text->y;
         told[u"w"] = text->w;
         told[u"align"] = static_cast<int>(text->align);
-        told[u"font"] = SpecOf(text->font).name;
+        told[u"font"] = TraitsOf(text->font).name;
         told[u"text"] = text->text;
     } else if (const auto* line = std::get_if<PrintLine>(&item)) {
         told[u"kind"] = u"line"_s;
@@ -55,7 +55,7 @@ QJsonObject ItemOf(qsizetype page, const PrintItem& item) {
         told[u"y"] = line->y;
         told[u"x2"] = line->x2;
         told[u"y2"] = line->y2;
-        told[u"pen"] = SpecOf(line->pen).name;
+        told[u"pen"] = TraitsOf(line->pen).name;
     }
     return told;
 }
