@@ -6,14 +6,13 @@
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/parts/job_bar.h"
+#include "shell/parts/kept_place.h"
 #include "shell/parts/period_buttons.h"
 #include "store/state.h"
 
 #include <QScopeGuard>
-#include <QScrollBar>
 
 #include <algorithm>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -21,34 +20,6 @@ namespace {
 
 constexpr int kRetryMs = 100;
 constexpr int kReserveFrom = 100;
-
-/// What a user has made of a list, by the keys of its lines.
-class KeptPlace {
- public:
-    explicit KeptPlace(const KestroList& list)
-        : current_(list.CurrentKey()),
-          sorted_(list.SortedColumn()),
-          ascending_(list.SortedAscending()),
-          scroll_(list.verticalScrollBar()->value()) {
-        for (const auto& key : list.CheckedKeys())
-            checked_.insert(key);
-    }
-    void PutBack(KestroList& list) const {
-        if (sorted_ >= 0) list.SortBy(sorted_, ascending_);
-        for (int row = 0; !checked_.empty() && row < list.RowCount(); ++row)
-            if (checked_.contains(list.RowKey(row))) list.SetChecked(row, true);
-        const int row = current_.isEmpty() ? -1 : list.FindRow(current_);
-        if (row >= 0) list.SetCurrentRow(row);
-        list.verticalScrollBar()->setValue(scroll_);
-    }
-
- private:
-    QString current_;
-    std::set<QString> checked_;
-    int sorted_;
-    bool ascending_;
-    int scroll_;
-};
 
 }  // namespace
 

@@ -7,14 +7,13 @@
 #include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/parts/job_bar.h"
+#include "shell/parts/kept_place.h"
 #include "shell/parts/period_buttons.h"
 #include "store/dates.h"
 #include "store/dialogs.h"
 #include "store/messages.h"
 
-#include <QScrollBar>
-
-#include <set>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -29,38 +28,6 @@ int FindLine(const KestroList& list, const NoteKey& key) {
         if (KeyOf(list, row) == key) return row;
     return -1;
 }
-
-/// What a user has made of a list, by the keys of its lines.
-class KeptPlace {
- public:
-    explicit KeptPlace(const KestroList& list)
-        : sorted_(list.SortedColumn()),
-          ascending_(list.SortedAscending()),
-          scroll_(list.verticalScrollBar()->value()),
-          row_(list.CurrentRow()) {
-        if (row_ >= 0) current_ = KeyOf(list, row_);
-        for (const int row : list.CheckedRows())
-            ticked_.insert({list.RowSubKey(row), list.RowKey(row)});
-    }
-    // Where the current line has gone, the one that took its place is current.
-    void PutBack(KestroList& list) const {
-        if (sorted_ >= 0) list.SortBy(sorted_, ascending_);
-        for (int row = 0; !ticked_.empty() && row < list.RowCount(); ++row)
-            if (ticked_.contains({list.RowSubKey(row), list.RowKey(row)})) list.SetChecked(row, true);
-        if (row_ < 0 || list.RowCount() == 0) return;
-        const int there = FindLine(list, current_);
-        list.SetCurrentRow(there >= 0 ? there : std::min(row_, list.RowCount() - 1));
-        list.verticalScrollBar()->setValue(scroll_);
-    }
-
- private:
-    int sorted_;
-    bool ascending_;
-    int scroll_;
-    int row_;
-    NoteKey current_;
-    std::set<std::pair<QString, QString>> ticked_;
-};
 
 }  // namespace
 
@@ -148,7 +115,7 @@ void frmNote::ReloadData() {
 
 void frmNote::Load(NoteList which, Job& job) {
     auto& list = *ListOf(which);
-    const KeptPlace place(list);
+    const KeptPlace place(list, KeptPlace::Line::keyAndSubKey);
     const QString today = TodayText(u"-"_s);
     const bool wake = which == NoteList::wake;
     {
@@ -196,6 +163,10 @@ void frmNote::NewNote() {
 }
 
 void frmNote::PopupBookNew(qint64 id, const QString& tag) {
+    if (id > std::numeric_limits<int>::max()) {
+        ShowMsg(u"意外错误!"_s, u"确定"_s, kMsgFail);
+        return;
+    }
     ResetDlg(kDlgNote);
     NoteDialog note;
     note.isNew = 0;
