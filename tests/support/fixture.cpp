@@ -69,6 +69,9 @@ Fixture::~Fixture() {
     Notices().booksChanged.Clear();
     Notices().entriesChanged.Clear();
     Notices().remindersChanged.Clear();
+    Notices().webRowsChanged.Clear();
+    Notices().webTip.Clear();
+    Notices().webBusy.Clear();
 }
 
 void Fixture::SetClock(const QString& moment) {
