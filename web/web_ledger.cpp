@@ -40,6 +40,7 @@ void WebLedger::Drop() {
     StopSending();
     waiting_.clear();
     outage_.stop();
+    outageTold_ = false;
     current_.reset();
 }
 
@@ -132,6 +133,11 @@ void WebLedger::StopSending() {
     limit_.stop();
     ++sending_;
     if (const auto abort = std::exchange(abort_, {})) abort();
+}
+
+void UploadAsked() {
+    if (ShowMsg(u"您确定要【上传】账本分类到网站上您的账户?"_s, u"取消,确定"_s, kMsgAsk) == 1)
+        Web().Begin(WebTalk::upload);
 }
 
 WebLedger& Web() {

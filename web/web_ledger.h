@@ -58,3 +58,6 @@ class WebLedger {
 
 /// The one of the program.
 WebLedger& Web();
+
+/// Begins the upload after a question.
+void UploadAsked();

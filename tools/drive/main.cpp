@@ -9,6 +9,7 @@
 #include "store/settings_file.h"
 #include "store/state.h"
 #include "tools/drive/request.h"
+#include "web/network.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -106,6 +107,7 @@ int main(int argc, char** argv) {
         std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] [--data FOLDER] BOOK\n", stderr);
         return 1;
     }
+    Web().send = NetworkSend();
     State().gDataDir =
         options.data.isEmpty() ? UsualDataFolder() : QFileInfo(options.data).absoluteFilePath();
     const QString refused = OpenBook(options);
@@ -115,5 +117,7 @@ int main(int argc, char** argv) {
     }
     for (std::string line; std::getline(std::cin, line);)
         if (!line.empty()) Print(AnswerLine(line));
+    Web().Drop();
+    Web().send = {};
     return 0;
 }

@@ -7,7 +7,10 @@
 #include "web/web_ledger.h"
 #include "web/web_posting.h"
 
+#include <QCoreApplication>
 #include <QFile>
+
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +67,28 @@ QJsonObject AnswerPage(const QJsonObject& r) {
     return {{u"ok"_s, true}, {u"elements"_s, ElementsOf(page)}, {u"cut"_s, page.cut}};
 }
 
+QJsonObject AnswerWeb(const QJsonObject& r) {
+    static const std::map<QString, WebTalk> talks{{u"count"_s, WebTalk::count},
+                                                  {u"state"_s, WebTalk::state},
+                                                  {u"validate"_s, WebTalk::validate},
+                                                  {u"fetch"_s, WebTalk::fetch},
+                                                  {u"upload"_s, WebTalk::upload}};
+    const auto talk = talks.find(r[u"op"].toString());
+    if (talk == talks.end()) return Failure(u"bad field: op"_s);
+    auto& web = Web();
+    if (r.contains(u"limit"_s)) web.limitMs = r[u"limit"].toInt();
+    web.requests.clear();
+    if (talk->second == WebTalk::count)
+        web.Check();
+    else if (talk->second == WebTalk::upload)
+        UploadAsked();
+    else
+        web.Begin(talk->second, r[u"user"].toString(), r[u"pass"].toString());
+    while (web.IsRunning())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return Status(web.requests);
+}
+
 // Pairs of name and value; nullopt when it is no list of such.
 std::optional<std::vector<std::pair<QString, QString>>> FieldsOf(const QJsonObject& r) {
     if (!r[u"fields"].isArray()) return {};
@@ -116,6 +141,7 @@ QJsonObject AnswerDelete(const QJsonObject& r) {
 std::span<const Request> WebRequests() {
     using enum FieldType;
     static const Request requests[] = {
+        {u"web", {{u"op", text, true}, {u"user", text}, {u"pass", text}, {u"limit", number}}, AnswerWeb},
         {u"webPage", {{u"html", text}, {u"file", text}, {u"charset", text}}, AnswerPage},
         {u"webFields", {}, AnswerFields},
         {u"webLoad", {}, AnswerLoad},
