@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kMostHops = 10;
-constexpr int kAskAgainMs = 500;
+constexpr int kAskAgainMs = 500, kAfterJobMs = 50;
 }  // namespace
 
 WebLedger::WebLedger() {
@@ -18,6 +18,9 @@ WebLedger::WebLedger() {
         StopSending();
         Deliver({.failure = u"网站没有在规定的时间内回答"_s});
     });
+    afterJob_.setSingleShot(true);
+    afterJob_.setInterval(kAfterJobMs);
+    afterJob_.callOnTimeout([this] { Deliver(std::exchange(late_, {})); });
     outage_.setInterval(kAskAgainMs);
     outage_.callOnTimeout([this] { RunEvent([this] { TellOutage(); }); });
 }
@@ -40,6 +43,7 @@ void WebLedger::Drop() {
     StopSending();
     waiting_.clear();
     outage_.stop();
+    afterJob_.stop();
     outageTold_ = false;
     current_.reset();
 }
@@ -96,6 +100,10 @@ void WebLedger::Forward(const WebReply& reply) {
 
 void WebLedger::Deliver(const WebReply& reply) {
     StopSending();
+    if (State().gBusy) {
+        late_ = reply;
+        return afterJob_.start();
+    }
     const bool asked = current_->IsAsked();
     if (asked) Notices().webBusy.Emit(false);
     std::optional<WebRequest> next;

@@ -27,6 +27,8 @@ class WebLedger {
     /// The check of the timer: left out while anything runs, and without an address or a user.
     void Check();
     bool IsRunning() const { return current_.has_value(); }
+    /// A user waits for what runs.
+    bool IsAwaited() const { return current_ && current_->IsAsked(); }
     /// Gives up whatever runs, without a word.
     void Drop();
 
@@ -50,7 +52,8 @@ class WebLedger {
     std::deque<WebConversation> waiting_;
     WebRequest request_;
     std::function<void()> abort_;
-    QTimer limit_, outage_;
+    QTimer limit_, outage_, afterJob_;
+    WebReply late_;  ///< an answer that came during a job, which has the book to itself
     int hops_ = 0;
     int sending_ = 0;  ///< number of the request that runs; an answer to another is late
     bool outageTold_ = false;

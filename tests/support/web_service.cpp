@@ -119,6 +119,11 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
         }
         case Mood::trickle:
             return Trickle(socket, page(), 20, false);
+        case Mood::late:
+            return QTimer::singleShot(300, socket, [socket, bytes = page()] {
+                socket->write(bytes);
+                socket->disconnectFromHost();
+            });
         case Mood::never:
             return;
         case Mood::endless:

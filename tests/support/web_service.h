@@ -17,6 +17,7 @@ enum class Mood {
     reset,       ///< closes without an answer
     half,        ///< closes in the middle of an answer
     trickle,     ///< sends a byte now and then
+    late,        ///< answers after a while
     never,       ///< does not answer
     endless,     ///< does not end
     notFound,    ///< 404
