@@ -91,7 +91,9 @@ int SaveOwnerPictures(cConnection& book, const OwnerRow& owner, const std::vecto
         book.Execute(u"update "_s + owner.table + u" set sPic='"_s + QString::number(count) + u"' where "_s +
                      book.WhereIds(owner.table, {owner.id}));
     change.Commit();
-    if (owner.id != -1 && owner.table.compare(u"tAccount"_s, Qt::CaseInsensitive) == 0)
-        Notices().entriesChanged.Emit();
+    if (owner.id != -1) {
+        const bool entry = owner.table.compare(u"tAccount"_s, Qt::CaseInsensitive) == 0;
+        (entry ? Notices().entriesChanged : Notices().remindersChanged).Emit();
+    }
     return count;
 }
