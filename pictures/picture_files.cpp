@@ -68,6 +68,10 @@ QString TempPictureFolder() {
     const QString set = qEnvironmentVariable("TEMP");
     const QFileInfo folder(set);
     if (!set.isEmpty() && folder.isDir() && folder.isWritable()) return folder.absoluteFilePath();
+    return OwnPictureFolder();
+}
+
+QString OwnPictureFolder() {
     static const QTemporaryDir own(QDir::tempPath() + u"/KestroJot-XXXXXX"_s);
     return own.path();
 }

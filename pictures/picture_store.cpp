@@ -52,7 +52,10 @@ std::vector<OwnerPicture> LoadOwnerPictures(cConnection& book, const OwnerRow& o
          rows.MoveNext()) {
         const QString name = u"/KestroJotPic"_s + QString::number(pictures.size()) + u".jpg"_s;
         OwnerPicture picture{folder + name, rows.Text(u"Note1"), rows.Blob(u"bitPic")};
-        WriteWhole(picture.path, *picture.held);
+        if (!WriteWhole(picture.path, *picture.held)) {  // in a shared folder the name can be another user's
+            picture.path = OwnPictureFolder() + name;
+            WriteWhole(picture.path, *picture.held);
+        }
         pictures.push_back(std::move(picture));
     }
     return pictures;
