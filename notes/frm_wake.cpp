@@ -64,7 +64,7 @@ void frmWake::Build() {
                                .width = 80,
                                .smallest = 60,
                                .type = u"string"_s,
-                               .icons = {{u"提醒"_s, u"clock"_s}, {u"平台"_s, u"web"_s}}});
+                               .icons = {{u"提醒"_s, u"wake"_s}, {u"平台"_s, u"web"_s}}});
     KestroList1->DefineColumn({u"title"_s, u"标题"_s, 200, 100, u"string"_s, ListColor::none, true, {}});
     KestroList1->SetEmptyText(u"没有提醒"_s);
     KestroList1->onDoubleClick = [this](int row, int) { OpenNote(row); };

@@ -77,6 +77,7 @@ TEST_F(NoteWindow, AChangeOfTypeTakesTheReminderAway) {
         u" (2,'交房租',1,'2016-09-02','08:00:00','y',1,'2016-09-03',0,'2')"_s);
     Open(2, u"wake"_s);
     EXPECT_EQ(window_->windowTitle(), u"提醒修改"_s);
+    EXPECT_FALSE(At<KestroText>("txtTitle")->hasSelectedText());
     EXPECT_EQ(At<KestroButton>("btnCamera")->text(), u"图片 2"_s);
     EXPECT_FALSE(At<KestroButton>("btnCamera")->isEnabled());
     At<KestroOption>("optType0")->click();
