@@ -86,7 +86,10 @@ TEST_F(ReminderWindow, EveryRoadOutEndsItAndTheNextOneShowsThePresentState) {
     EXPECT_TRUE(FinishNote(State().gDB, NoteKey{2, kTagWake}));
     EXPECT_EQ(Find<KestroList>(window, "KestroList1")->RowCount(), 2);  // it stands as it opened
     window->close();
-    EXPECT_EQ(Find<KestroList>(Open(), "KestroList1")->RowCount(), 1);
+    Commands().resetHeadIco = {};
+    window = Open();
+    EXPECT_EQ(Find<KestroList>(window, "KestroList1")->RowCount(), 1);
+    EXPECT_FALSE(Find<QWidget>(window, "btnResetHeadIco")->isEnabled());
 }
 
 TEST_F(ReminderWindow, AnotherBookClosesIt) {
