@@ -92,6 +92,19 @@ TEST_F(ReminderWindow, EveryRoadOutEndsItAndTheNextOneShowsThePresentState) {
     EXPECT_FALSE(Find<QWidget>(window, "btnResetHeadIco")->isEnabled());
 }
 
+TEST_F(ReminderWindow, AReminderThatWasFinishedIsFoundBehindASearch) {
+    auto* window = Open();
+    boxes.AnswerAll(1);
+    EXPECT_TRUE(FinishNote(State().gDB, NoteKey{2, kTagWake}));
+    TypeInto(Find<QWidget>(page_, "txtSearch"), u"税"_s);
+    QTest::keyClick(Find<QWidget>(page_, "chkWake"), Qt::Key_Space);
+    EXPECT_EQ(Titles(All()), QStringList{u"报税"_s});
+    Find<KestroList>(window, "KestroList1")->SetCurrentRow(0);
+    QTest::mouseClick(Find<QWidget>(window, "btnWake"), Qt::LeftButton);
+    EXPECT_EQ(All()->RowCount(), 4);
+    EXPECT_EQ(All()->Cell(All()->CurrentRow(), kNoteTitle), u"交房租"_s);
+}
+
 TEST_F(ReminderWindow, AnotherBookClosesIt) {
     const QString other = Path(u"other.jotdb"_s);
     ASSERT_TRUE(QFile::copy(State().gDB.Path(), other));

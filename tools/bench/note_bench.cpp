@@ -48,7 +48,7 @@ struct Files {
 };
 
 Files MakeFiles(const QString& folder) {
-    const Files files{folder + u"/notes.jotdb"_s, folder + u"/notes-twin.jotdb"_s, folder + u"/notes.ini"_s};
+    Files files{folder + u"/notes.jotdb"_s, folder + u"/notes-twin.jotdb"_s, folder + u"/notes.ini"_s};
     for (const auto& path : {files.book, files.settings}) {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly)) std::abort();
