@@ -43,7 +43,7 @@ struct ProgramNotices {
     Notice<Chart> chartChanged;  ///< rows of a chart, and entries that carry their codes or opening balances
     Notice<> booksChanged;       ///< gBooks has another list of books
     Notice<> groupingChanged;    ///< nGroup is another
-    Notice<> remindersChanged;   ///< the number on the logo may be another
+    Notice<> remindersChanged;   ///< notes, their pictures or messages; the number on the logo
 };
 
 ProgramNotices& Notices();

@@ -102,6 +102,9 @@ KestroListView::KestroListView(const QString& heading, QWidget* parent)
     viewport()->setMouseTracking(true);
     setViewportMargins(0, HeadHeight(), 0, 0);
     UseKestroScrollbars(this);
+    auto* besideHeading = new QWidget;  // the scroll bar begins below the heading
+    besideHeading->setFixedHeight(Skin::Px(kHeading));
+    addScrollBarWidget(besideHeading, Qt::AlignTop);
     connect(this, &QListWidget::currentRowChanged, this, [this](int index) {
         RunEvent([&] {
             if (!quiet_ && index >= 0 && onCurrent) onCurrent(index);
