@@ -159,7 +159,7 @@ void frmNote::NewNote() {
     note.isNew = 1;
     note.mode = list_ == NoteList::wake ? kTagWake : kTagNote;
     OpenModal(kDlgNote);
-    if (note.done) GoTo({note.id, list_ == NoteList::wake ? kTagWake : kTagNote});
+    if (note.done) Choose({note.id, list_ == NoteList::wake ? kTagWake : kTagNote});
 }
 
 void frmNote::PopupBookNew(qint64 id, const QString& tag) {
@@ -182,7 +182,7 @@ void frmNote::EditCurrent() {
     ShowMsg(u"【未选定】需要修改的记录!"_s);
 }
 
-void frmNote::GoTo(const NoteKey& key) {
+bool frmNote::Choose(const NoteKey& key) {
     if (key.tag == kTagWake || key.IsWeb()) {
         ShowList(NoteList::wake);
         if (FindLine(*List(), key) < 0) ShowList(NoteList::note);
@@ -191,9 +191,21 @@ void frmNote::GoTo(const NoteKey& key) {
     }
     const NoteKey there{key.id, key.IsWeb() ? kTagWeb : list_ == NoteList::wake ? kTagWake : kTagNote};
     const int row = FindLine(*List(), there);
-    if (row < 0) return;
+    if (row < 0) return false;
     List()->SetCurrentRow(row);
     List()->ScrollToRow(row);
+    return true;
+}
+
+// A search that hides the line gives way.
+void frmNote::GoTo(const NoteKey& key) {
+    if (Choose(key) || condition_.isEmpty()) return;
+    txtSearch->clear();
+    period_->SetValue({});
+    for (auto* check : {chkFlag, chkWake})
+        check->SetChecked(false);
+    Search();
+    Choose(key);
 }
 
 void frmNote::DoBtnMenuDelAll() {

@@ -34,7 +34,7 @@ class frmNote : public StripPage {
     /// Opens the editor on a row; a message of the service is read in it.
     void PopupBookNew(qint64 id, const QString& tag);
     void ShowList(NoteList list);
-    /// Goes to a line of the open reminders, or of all where it is not among them.
+    /// Goes to a line of the open reminders, or of all where it is not among them; a search gives way to it.
     void GoTo(const NoteKey& key);
 
  private:
@@ -49,6 +49,7 @@ class frmNote : public StripPage {
     void NewNote();
     void EditCurrent();
     void OpenLine(int row);
+    bool Choose(const NoteKey& key);
     void Print(bool preview, bool ticked);
     void FinishCurrent();
     void FinishChecked();

@@ -134,6 +134,12 @@ void frmNoteNew::showEvent(QShowEvent* event) {
         btnCancel->setFocus(Qt::OtherFocusReason);
 }
 
+// A stored title shows from its beginning, and the first key does not replace it.
+void frmNoteNew::setVisible(bool visible) {
+    KestroDialog::setVisible(visible);
+    if (visible && id_ >= 0) txtTitle->home(false);
+}
+
 void OpenNoteDialog(QPoint) {
     frmNoteNew window(QApplication::activeWindow());
     if (window.IsReady()) window.exec();

@@ -26,6 +26,8 @@ class frmNoteNew : public KestroDialog {
     /// False when the row has gone; that has been told.
     bool IsReady() const { return ready_; }
 
+    void setVisible(bool visible) override;
+
  protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -68,6 +68,8 @@ QLayout* frmNoteNew::BuildType() {
     auto* row = RowOf(Skin::Space::kPage, true);
     optNote = Named(new KestroOption(u"记事"_s), u"optType0"_s, u"记事"_s);
     optWake = Named(new KestroOption(u"提醒"_s), u"optType1"_s, u"提醒"_s);
+    optNote->SetIconName(u"note"_s);
+    optWake->SetIconName(u"wake"_s);
     lblTip = new KestroLabel({}, LabelKind::hint);
     lblTip->setObjectName(u"lblTip"_s);
     row->addWidget(optNote);

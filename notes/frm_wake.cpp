@@ -38,13 +38,19 @@ frmNote* NotesPage() {
 
 frmWake::frmWake(QWidget* parent) : KestroDialog(DialogKind::small, u"提醒"_s, parent) {
     setObjectName(u"frmWake"_s);
-    setAttribute(Qt::WA_DeleteOnClose);
     setModal(false);
     Build();
     Fill();
 }
 
 frmWake::~frmWake() = default;
+
+// Every road out ends here. A window that only hid would bar the next one, and count as a pop-up for ever.
+void frmWake::done(int result) {
+    KestroDialog::done(result);
+    if (Opened() == this) Opened().clear();
+    deleteLater();
+}
 
 void frmWake::Build() {
     lblTip = new KestroLabel(u"您有: 提醒0条"_s, LabelKind::caption);
@@ -58,7 +64,7 @@ void frmWake::Build() {
                                .width = 80,
                                .smallest = 60,
                                .type = u"string"_s,
-                               .icons = {{u"提醒"_s, u"clock"_s}, {u"平台"_s, u"web"_s}}});
+                               .icons = {{u"提醒"_s, u"wake"_s}, {u"平台"_s, u"web"_s}}});
     KestroList1->DefineColumn({u"title"_s, u"标题"_s, 200, 100, u"string"_s, ListColor::none, true, {}});
     KestroList1->SetEmptyText(u"没有提醒"_s);
     KestroList1->onDoubleClick = [this](int row, int) { OpenNote(row); };
@@ -78,10 +84,10 @@ void frmWake::Build() {
     btnWake->setObjectName(u"btnWake"_s);
     btnResetHeadIco->setEnabled(static_cast<bool>(Commands().resetHeadIco));
     btnResetHeadIco->onClick = [this] {
-        close();
+        reject();
         Commands().resetHeadIco();
     };
-    btnClose->onClick = [this] { close(); };
+    btnClose->onClick = [this] { reject(); };
     btnWake->onClick = [this] { GoToNote(); };
     auto* foot = new QHBoxLayout(Footer());
     foot->setContentsMargins(Skin::Space::kBox - 8, 0, Skin::Space::kBox, 2);

@@ -14,6 +14,8 @@ class frmWake : public KestroDialog {
     explicit frmWake(QWidget* parent = nullptr);
     ~frmWake() override;
 
+    void done(int result) override;
+
  protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 

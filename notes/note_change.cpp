@@ -73,7 +73,10 @@ bool FinishNote(cConnection& book, const std::optional<NoteKey>& chosen) {
     if (IsBusy()) return false;
     if (!chosen) return Refuse(u"请【选择】一条记录!"_s);
     if (chosen->IsWeb()) return Refuse(u"【平台信息】必须双击阅读!"_s);
-    if (!MarkDone(book, chosen->id)) return Refuse(u"意外错误!"_s);
+    if (!MarkDone(book, chosen->id)) {
+        Notices().remindersChanged.Emit();  // the list that still shows it is to be read anew
+        return Refuse(u"意外错误!"_s);
+    }
     return Done(u"操作成功!"_s);
 }
 

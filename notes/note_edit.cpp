@@ -15,7 +15,9 @@ namespace {
 
 const QString kTable = u"tNotebook"_s;
 
+// The lists that still show it are to be read anew.
 std::optional<OpenedNote> Missing() {
+    Notices().remindersChanged.Emit();
     ShowMsg(u"意外错误!"_s);
     return {};
 }
@@ -114,6 +116,7 @@ NoteOutcome SaveNote(cConnection& book, qint64 id, const NoteValues& values) {
     if (isNew) {
         id = AddNote(book, values);
     } else if (!RewriteNote(book, id, values)) {
+        Notices().remindersChanged.Emit();
         ShowMsg(u"意外错误,修改不成功!"_s, u"确定"_s, kMsgFail);
         return {};
     }

@@ -16,7 +16,7 @@ struct NoteJob {
 
 /// What the controls hold.
 struct NoteValues {
-    QString title, note, wakeDate;
+    QString title = {}, note = {}, wakeDate = {};
     bool wake = false;
     bool done = false;
     bool flag = false;

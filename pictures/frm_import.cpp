@@ -48,6 +48,7 @@ frmImport::frmImport(QWidget* parent) : KestroDialog(DialogKind::common, kCaptio
 
 frmImport::~frmImport() {
     TrackRemove(MyTrak);
+    TrackRemove(listDrops_);
 }
 
 void frmImport::Connect() {
@@ -72,9 +73,7 @@ void frmImport::Connect() {
     btnCancel->onClick = [this] { reject(); };
     Picture1->onStep = [this](int direction) { Step(direction); };
     Picture1->onBig = [this] { SetBig(!bBig); };
-    Picture1->onOpen = [this] {
-        if (!shown_.isEmpty()) Outside().open(shown_);
-    };
+    Picture1->onOpen = [this] { OpenShown(); };
     Picture1->onChange = [this] {
         const bool any = Picture1->HasPicture();
         lblZoom->SetText(any ? QString::number(std::lround(Picture1->Zoom() * 100)) + u'%' : QString());
@@ -89,6 +88,9 @@ void frmImport::Connect() {
     };
     MyTrak.MouseHover = [this] { KestroToolTip::Show(u"Picture1"_s, kHelp, QCursor::pos(), Picture1); };
     TrackAdd(MyTrak);
+    listDrops_.hwnd = KestroList1->viewport();
+    listDrops_.DragDropFiles = MyTrak.DragDropFiles;
+    TrackAdd(listDrops_);
     thumbnails_.setSingleShot(true);
     thumbnails_.callOnTimeout([this] { RunEvent([this] { NextThumbnail(); }); });
     Picture1->Empty();
@@ -124,9 +126,13 @@ void frmImport::AddFileRow(const PictureFile& file) {
 }
 
 void frmImport::MyTrak_DragDropFiles(const QString& names) {
-    const ListFill fill(*KestroList1);
-    for (const auto& name : names.split(u'\n'))
-        if (const auto file = PictureFileAt(name.trimmed())) AddFileRow(*file);
+    const int before = KestroList1->RowCount();
+    {
+        const ListFill fill(*KestroList1);
+        for (const auto& name : names.split(u'\n'))
+            if (const auto file = PictureFileAt(name.trimmed())) AddFileRow(*file);
+    }
+    if (KestroList1->RowCount() > before) KestroList1->ScrollToRow(before);
 }
 
 void frmImport::FillPictures() {
@@ -142,6 +148,7 @@ void frmImport::FillPictures() {
 void frmImport::NextThumbnail() {
     for (int index = 0; index < KestroListView1->Count(); ++index) {
         if (KestroListView1->HasPicture(index)) continue;
+        RefreshTempFile(pictures_[static_cast<size_t>(index)]);
         const double ratio = devicePixelRatioF();
         const int side = static_cast<int>(std::lround(KestroListView::kPicture * ratio));
         auto picture = QPixmap::fromImage(LoadSmall(KestroListView1->Key(index), side));
@@ -171,6 +178,13 @@ void frmImport::ShowPath(Side side, const QString& path) {
     SetCaption(kCaption + u'：' + path);
     Picture1->ShowFile(path);
     if (!QFileInfo::exists(path)) ShowMsg(u"图片文件不存在!"_s);
+}
+
+void frmImport::OpenShown() {
+    if (side_ == Side::none) return;
+    const auto at = static_cast<size_t>(KestroListView1->Current());
+    if (side_ == Side::added && at < pictures_.size()) RefreshTempFile(pictures_[at]);
+    Outside().open(shown_);
 }
 
 void frmImport::ShowNothing() {

@@ -30,7 +30,7 @@ class frmImport : public KestroDialog {
 
     /// Fills the list with the picture files of a folder.
     void LoadFileList(const QString& folder);
-    /// Files dropped on the picture, one path a line.
+    /// Files dropped on the picture or on the file list, one path a line.
     void MyTrak_DragDropFiles(const QString& names);
 
  protected:
@@ -55,6 +55,7 @@ class frmImport : public KestroDialog {
     void ShowFileRow(int row);
     void ShowAdded(int index);
     void ShowPath(Side side, const QString& path);
+    void OpenShown();
     void ShowNothing();
     void AddShown(int row);
     void Describe(int index);
@@ -75,6 +76,7 @@ class frmImport : public KestroDialog {
     QString shown_;  ///< path of the picture on show
     bool bBig = false;
     clsTrackInfo MyTrak;
+    clsTrackInfo listDrops_;  ///< of KestroList1
     QTimer thumbnails_;
 
     QWidget* content_;

@@ -14,6 +14,7 @@ namespace {
 
 constexpr qint64 kMostFileBytes = 64 << 20;
 constexpr qint64 kMostPixels = 64 << 20;
+constexpr int kMostMegabytes = 256;  // of those pixels
 
 // The bytes of an ordinary file: a pipe would keep the reader waiting.
 int ReadBytes(const QString& path, QByteArray& bytes) {
@@ -35,6 +36,7 @@ int Decode(const QString& path, int most, QImage& image) {
     buffer.open(QIODevice::ReadOnly);
     const QByteArray format = QImageReader::imageFormat(&buffer);
     if (!formats.contains(format)) return kGdiUnknownFormat;
+    QImageReader::setAllocationLimit(kMostMegabytes);
     QImageReader reader(&buffer, format);
     const QSize size = reader.size();
     if (static_cast<qint64>(size.width()) * size.height() > kMostPixels) return kGdiOutOfMemory;

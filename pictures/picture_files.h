@@ -28,6 +28,8 @@ std::optional<PictureFile> PictureFileAt(const QString& path);
 /// The picture files of a folder by name; empty for a folder that cannot be read.
 std::vector<PictureFile> PictureFilesIn(const QString& folder);
 
-/// Where temporary pictures lie: TEMP when it is set to a folder that can be written, otherwise a folder of
-/// this user alone, which goes with the program.
+/// Where temporary pictures lie: TEMP when it is set to a folder that can be written, otherwise the own
+/// folder.
 QString TempPictureFolder();
+/// A folder of this user alone, which goes with the program.
+QString OwnPictureFolder();

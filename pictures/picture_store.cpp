@@ -52,7 +52,10 @@ std::vector<OwnerPicture> LoadOwnerPictures(cConnection& book, const OwnerRow& o
          rows.MoveNext()) {
         const QString name = u"/KestroJotPic"_s + QString::number(pictures.size()) + u".jpg"_s;
         OwnerPicture picture{folder + name, rows.Text(u"Note1"), rows.Blob(u"bitPic")};
-        WriteWhole(picture.path, *picture.held);
+        if (!WriteWhole(picture.path, *picture.held)) {  // in a shared folder the name can be another user's
+            picture.path = OwnPictureFolder() + name;
+            WriteWhole(picture.path, *picture.held);
+        }
         pictures.push_back(std::move(picture));
     }
     return pictures;
@@ -91,7 +94,9 @@ int SaveOwnerPictures(cConnection& book, const OwnerRow& owner, const std::vecto
         book.Execute(u"update "_s + owner.table + u" set sPic='"_s + QString::number(count) + u"' where "_s +
                      book.WhereIds(owner.table, {owner.id}));
     change.Commit();
-    if (owner.id != -1 && owner.table.compare(u"tAccount"_s, Qt::CaseInsensitive) == 0)
-        Notices().entriesChanged.Emit();
+    if (owner.id != -1) {
+        const bool entry = owner.table.compare(u"tAccount"_s, Qt::CaseInsensitive) == 0;
+        (entry ? Notices().entriesChanged : Notices().remindersChanged).Emit();
+    }
     return count;
 }

@@ -62,6 +62,7 @@ class frmMain : public KestroForm {
     void FillHost();
     void RefreshBook();
     void ShowBookLabel();
+    void OpenBook();
     void RunSearch();
     void ClearSearch();
     void HeaderButton(const QString& name);
@@ -90,7 +91,7 @@ class frmMain : public KestroForm {
     KestroText* txtSearch = nullptr;
     KestroPGress* KestroPGress1 = nullptr;
     KestroCalculator* KestroCalculator1 = nullptr;
-    NoticeToken booksChanged_, remindersChanged_, webTip_, webBusy_;
+    NoticeToken booksChanged_, groupingChanged_, remindersChanged_, webTip_, webBusy_;
     bool locked_ = false;
     QPointer<QWidget> focusBeforeLock_;
 };

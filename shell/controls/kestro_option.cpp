@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRing = 3, kMark = 16, kGap = 6, kHit = 24;
+constexpr int kRing = 3, kMark = 16, kGap = 6, kHit = 24, kIcon = 16;
 constexpr int kPillHeight = 30, kPillPad = 10, kArrow = 8;
 
 bool RingShown(const QWidget* widget) {
@@ -50,10 +50,17 @@ void KestroOption::SetOn() {
     update();
 }
 
+void KestroOption::SetIconName(const QString& name) {
+    iconName_ = name;
+    updateGeometry();
+    update();
+}
+
 QSize KestroOption::sizeHint() const {
     const QFontMetrics metrics(Skin::Font(look_ == OptionLook::plain ? Type::body : Type::bodyBold));
     const int word = metrics.size(Qt::TextShowMnemonic, text()).width();
-    if (look_ == OptionLook::plain) return {2 * kRing + kMark + kGap + word, kHit};
+    const int icon = iconName_.isEmpty() ? 0 : kIcon + kGap;
+    if (look_ == OptionLook::plain) return {2 * kRing + kMark + kGap + icon + word, kHit};
     const int height = static_cast<int>(std::lround(kPillHeight * Skin::Scale()));
     return {2 * (kRing + kPillPad) + kMark + kGap + word + kGap + kArrow, height + 2 * kRing};
 }
@@ -87,9 +94,15 @@ void KestroOption::PaintPlain(QPainter& p) const {
     const QRect mark(kRing, (height() - kMark) / 2, kMark, kMark);
     PaintMark(p, mark, Skin::Color(Tok::accent));
     if (RingShown(this)) Skin::FocusRing(p, mark, kMark / 2.0, false, Skin::Color(Tok::accent));
+    QRect room = rect().adjusted(mark.right() + 1 + kGap, 0, 0, 0);
+    if (!iconName_.isEmpty()) {
+        const Ground ground = isEnabled() ? Ground::plain : Ground::disabled;
+        p.drawPixmap(room.left(), (height() - kIcon) / 2,
+                     Skin::Icon(iconName_, kIcon, devicePixelRatioF(), ground));
+        room.setLeft(room.left() + kIcon + kGap);
+    }
     p.setFont(font());
     p.setPen(Skin::Color(isEnabled() ? Tok::text : Tok::dis));
-    const QRect room = rect().adjusted(mark.right() + 1 + kGap, 0, 0, 0);
     p.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text());
 }
 

@@ -17,6 +17,8 @@ class KestroOption : public QRadioButton {
 
     bool IsOn() const { return isChecked(); }
     void SetOn();  ///< without a callback
+    /// An icon of 16 before the words of a plain option.
+    void SetIconName(const QString& name);
 
     std::function<void()> onChoose;  ///< the user switched it on
 
@@ -34,6 +36,7 @@ class KestroOption : public QRadioButton {
     void PaintPill(QPainter& p) const;
 
     OptionLook look_;
+    QString iconName_;
 };
 
 class KestroOptionPair : public QWidget {

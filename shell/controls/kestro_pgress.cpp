@@ -80,7 +80,8 @@ void KestroPGress::paintEvent(QPaintEvent*) {
     Skin::Box(p, rect(), 4, Qt::transparent, Skin::Color(Tok::box));
     p.setFont(Skin::Font(Type::small));
     p.setPen(Skin::Color(Tok::text));
-    const QString told = waiting_.isEmpty() ? Grouped(value_) + u" / "_s + Grouped(maximum_) : waiting_;
+    const QString told =
+        waiting_.isEmpty() ? Grouped(value_ / unit_) + u" / "_s + Grouped(maximum_ / unit_) : waiting_;
     p.drawText(rect(), Qt::AlignCenter, told);
 }
 

@@ -20,6 +20,9 @@ class KestroPGress : public QWidget {
     /// Work of unknown length: a piece runs through the bar behind this text. An empty text ends it.
     void SetWaiting(const QString& text);
 
+    /// How much of the bar counts as one in its words: "2 / 3" of 2,400 and 3,000 with 1,000.
+    void SetUnit(int unit) { unit_ = unit; }
+
     std::function<void()> onClick;
 
     QSize sizeHint() const override;
@@ -31,6 +34,7 @@ class KestroPGress : public QWidget {
  private:
     QRect Filled() const;
 
+    int unit_ = 1;
     int minimum_ = 0;
     int maximum_ = 100;
     int value_ = 0;

@@ -13,12 +13,13 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPadX = 10, kPadY = 7, kMostWidth = 360, kLine = 19, kAway = 12;
+constexpr int kPadX = 10, kPadY = 7, kMostWidth = 360, kLine = 19, kMostLines = 24, kAway = 12;
 
 class TipWindow : public QWidget {
  public:
@@ -31,23 +32,9 @@ class TipWindow : public QWidget {
 
     void SetText(const QString& text) {
         setAccessibleName(text);
-        const double line = kLine * Skin::Scale();
         QString lines = text;
-        layout_.setText(lines.replace(u'\n', QChar(QChar::LineSeparator)));
-        layout_.setFont(Skin::Font(Type::small));
-        QTextOption option;
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        layout_.setTextOption(option);
-        double widest = 0, y = 0;
-        layout_.beginLayout();
-        for (QTextLine next = layout_.createLine(); next.isValid(); next = layout_.createLine()) {
-            next.setLineWidth(kMostWidth - 2 * kPadX);
-            next.setPosition({0, y + (line - next.height()) / 2});
-            widest = std::max(widest, next.naturalTextWidth());
-            y += line;
-        }
-        layout_.endLayout();
-        resize(static_cast<int>(std::ceil(widest)) + 2 * kPadX, static_cast<int>(std::ceil(y)) + 2 * kPadY);
+        lines.remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator));
+        if (const auto rest = LayOut(lines)) LayOut(lines.left(*rest - 1) + u'…');
         update();
     }
 
@@ -61,6 +48,32 @@ class TipWindow : public QWidget {
     }
 
  private:
+    /// Where the lines begin that a tip has no room for.
+    std::optional<qsizetype> LayOut(const QString& lines) {
+        const double line = kLine * Skin::Scale();
+        layout_.setText(lines);
+        layout_.setFont(Skin::Font(Type::small));
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout_.setTextOption(option);
+        std::optional<qsizetype> rest;
+        double widest = 0, y = 0;
+        layout_.beginLayout();
+        for (QTextLine next = layout_.createLine(); next.isValid(); next = layout_.createLine()) {
+            if (next.lineNumber() == kMostLines) {
+                rest = next.textStart();
+                break;
+            }
+            next.setLineWidth(kMostWidth - 2 * kPadX);
+            next.setPosition({0, y + (line - next.height()) / 2});
+            widest = std::max(widest, next.naturalTextWidth());
+            y += line;
+        }
+        layout_.endLayout();
+        resize(static_cast<int>(std::ceil(widest)) + 2 * kPadX, static_cast<int>(std::ceil(y)) + 2 * kPadY);
+        return rest;
+    }
+
     QTextLayout layout_;
 };
 

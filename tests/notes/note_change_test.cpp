@@ -245,3 +245,88 @@ TEST_F(NotesTest, ADeletionThatFailsAtAnyWriteLeavesTheBookAsItWas) {
         EXPECT_GT(n, 1);
     }
 }
+
+TEST_F(NotesTest, ASaveThatFailsAtAnyStatementLeavesTheBookAsItWas) {
+    for (const qint64 id : {-1, 2}) {
+        int n = 1;
+        for (;; ++n) {
+            SCOPED_TRACE(std::to_string(id) + " " + std::to_string(n));
+            const QString path = OpenEmpty();
+            PutNotes();
+            auto& book = State().gDB;
+            book.Execute(u"insert into tPic values (8,x'00','p','tNoteBook',-1,-1)"_s);
+            ForgetPictureOwners();
+            const auto before = DumpBook(path);
+            int seen = 0, told = 0;
+            const auto token = Notices().remindersChanged.Subscribe([&] { ++told; });
+            cConnection::Seams().beforeStatement = [&](const QString& sql) {
+                if (++seen == n) FailStatement(u"刺探"_s, sql);
+            };
+            if (n == 1) boxes.AnswerAll(1);
+            const NoteValues values{.title = u"新"_s, .wake = true, .pictures = u"1"_s};
+            const bool done = Succeeds([&] { SaveNote(book, id, values); });
+            cConnection::Seams().beforeStatement = {};
+            EXPECT_EQ(told, done ? 1 : 0);
+            if (done) break;
+            EXPECT_FALSE(book.InTransaction());
+            EXPECT_EQ(DumpBook(path), before);
+            EXPECT_EQ(SaveNote(book, id, values).id, id < 0 ? 5 : 2);
+            EXPECT_EQ(Pictures().last(), id < 0 ? u"8|tNoteBook|5|-1"_s : u"8|tNoteBook|-1|-1"_s);
+            ASSERT_FALSE(HasFailure());
+        }
+        EXPECT_GT(n, id < 0 ? 4 : 2);
+    }
+}
+
+TEST_F(NotesTest, ABookThatCannotBeWrittenIsReadAndKeepsItsNotes) {
+    PutNotes();
+    auto& book = State().gDB;
+    const QString path = book.Path();
+    book.Close();
+    book.Open(path, {.readOnly = true, .waitMs = 0});
+    EXPECT_EQ(OpenNote(book, {.id = 2})->values.title, u"交房租"_s);
+    EXPECT_TRUE(OpenNote(book, {}));
+    boxes.AnswerAll(1);
+    const std::vector<std::function<void()>> writes{
+        [&] { SaveNote(book, -1, {.title = u"新"_s}); },
+        [&] { SaveNote(book, 2, {.title = u"新"_s}); },
+        [&] {
+            FinishNote(book, NoteKey{2, kTagWake});
+        },
+        [&] {
+            FinishTicked(book, {{2, kTagWake}});
+        },
+        [&] {
+            DeleteNoteAsked(book, NoteList::wake, NoteKey{2, kTagWake});
+        },
+        [&] {
+            DeleteTickedAsked(book, NoteList::wake, 3, {{2, kTagWake}});
+        }};
+    for (const auto& write : writes) {
+        PendingError error;
+        EXPECT_FALSE(Succeeds(write, &error));
+        EXPECT_FALSE(book.InTransaction());
+    }
+    EXPECT_EQ(Notes(), (QStringList{u"1|0|0"_s, u"2|1|0"_s, u"3|1|0"_s, u"4|1|1"_s}));
+}
+
+TEST_F(NotesTest, AnyTextComesBackAsItWasTyped) {
+    auto& book = State().gDB;
+    boxes.AnswerAll(1);
+    const QString texts[] = {QString(5000, u'长'), u"'\"; drop table tNotebook; --"_s,
+                             u"100%_\\ 😀👨‍👩‍👧 é"_s, u"一\n二\r\n\t三"_s};
+    for (const auto& text : texts) {
+        const auto saved = SaveNote(book, -1, {.title = text, .note = text, .wakeDate = text, .wake = true});
+        const auto opened = OpenNote(book, {.id = saved.id});
+        ASSERT_TRUE(opened);
+        EXPECT_EQ(opened->values.title, text);
+        EXPECT_EQ(opened->values.note, text);
+        EXPECT_EQ(opened->values.wakeDate, text);
+        QStringList found;
+        Job job;
+        ReadNotes(book, NoteList::note, NoteCondition({text.left(40)}), job,
+                  [&](NoteLine&& line) { found << line.cells[kNoteTitle]; });
+        EXPECT_TRUE(found.contains(text)) << qUtf8Printable(text.left(20));
+        EXPECT_TRUE(NoteTipText(book, {saved.id, kTagWake}).endsWith(text));
+    }
+}

@@ -1,57 +1,14 @@
 // The page of notes: both lists, the search, finishing and deleting from the toolbar, and the number on the
 // logo.
 
-#include "notes/frm_note.h"
-#include "notes/frm_wake.h"
-#include "shell/commands.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
-#include "shell/controls/kestro_label.h"
-#include "shell/controls/kestro_list.h"
-#include "shell/controls/kestro_scroll_menu.h"
 #include "shell/controls/kestro_text.h"
-#include "shell/frm_main.h"
 #include "shell/menus.h"
 #include "store/dialogs.h"
-#include "tests/support/ui_fixture.h"
+#include "tests/notes/note_page_fixture.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-class NotePage : public UiFixture {
- protected:
-    NotePage() {
-        OpenSettingsStore();
-        OpenEmpty();
-        RegisterAll();
-        State().gDB.Execute(
-            u"insert into tNotebook (ID1,Title1,Mark1,Date1,Time1,Note1,bWake,WakeDate,bWakeOk,sPic) values"
-            u" (1,'便签',0,'2016-09-01','08:00:00','x',0,'',0,'0'),"
-            u" (2,'交房租',1,'2016-09-02','08:00:00','y',1,'2016-09-03',0,'0'),"
-            u" (3,'报税',0,'2016-09-02','09:00:00','',1,'2016-09-04',0,'0')"_s);
-        State().gSetDB.Execute(
-            u"insert into tAd (Id1,Title1,Date1,Time1,bWakeOk) values (2,'消息','2016-09-01','08:00:00',0)"_s);
-        frame_ = std::make_unique<frmMain>();
-        frame_->show();
-        frame_->SetFormTab(kTabNote);
-        page_ = dynamic_cast<frmNote*>(frame_->GetWinhWnd(kTabNote));
-    }
-    KestroList* Wake() { return page_->Lists()[0]; }
-    KestroList* All() { return page_->Lists()[1]; }
-    static QStringList Titles(const KestroList* list) {
-        QStringList titles;
-        for (int row = 0; row < list->RowCount(); ++row)
-            titles << list->Cell(row, kNoteTitle);
-        return titles;
-    }
-    void Press(const char* name) { QTest::mouseClick(Find<QWidget>(page_, name), Qt::LeftButton); }
-
-    std::unique_ptr<frmMain> frame_;
-    frmNote* page_ = nullptr;
-};
-
-}  // namespace
 
 TEST_F(NotePage, BothListsStandSideBySideAndTheLogoCounts) {
     EXPECT_EQ(State().gPage, kPageNote);
@@ -137,41 +94,4 @@ TEST_F(NotePage, WhatIsPrintedFollowsTicksAndSearch) {
     EXPECT_EQ(asked, (QStringList{head + u" and bWake=1 and bWakeOk=0/1"_s, head + u" and id1 in(3)/1"_s,
                                   head + u" and id1 in(3)/1"_s, head + u" and Title1 like '%房%'/1"_s,
                                   head + u" and id1=-1/1"_s}));
-}
-
-TEST_F(NotePage, TheLogoOpensTheReminderWindowBesideTheProgram) {
-    frame_->SetFormTab(kTabAccount);
-    const auto reminders = [] {
-        for (auto* window : QApplication::topLevelWidgets())
-            if (window->objectName() == u"frmWake") return dynamic_cast<frmWake*>(window);
-        return static_cast<frmWake*>(nullptr);
-    };
-    frame_->onLogo();
-    auto* window = reminders();
-    ASSERT_NE(window, nullptr);
-    EXPECT_FALSE(window->isModal());
-    EXPECT_EQ(State().gPopups, 1);
-    EXPECT_EQ(Find<KestroLabel>(window, "lblTip")->Text(), u"您有: 提醒2条"_s);
-    auto* list = Find<KestroList>(window, "KestroList1");
-    EXPECT_EQ(list->RowCells(0), (QStringList{u"提醒"_s, u"交房租"_s}));
-    EXPECT_EQ(list->RowCells(1), (QStringList{u"平台"_s, u"消息"_s}));
-    EXPECT_EQ(NoteTipText(State().gDB, {2, kTagWake}), u"交房租(2016-09-02 08:00:00)\r\ny"_s);
-    EXPECT_EQ(NoteTipText(State().gDB, {2, kTagWeb}), u"消息(2016-09-01 08:00:00)\r\n"_s);
-    frame_->onLogo();
-    EXPECT_EQ(State().gPopups, 1);
-    list->SetCurrentRow(1);
-    QTest::mouseClick(Find<QWidget>(window, "btnWake"), Qt::LeftButton);
-    EXPECT_EQ(frame_->CurrentTab(), kTabNote);
-    page_ = dynamic_cast<frmNote*>(frame_->GetWinhWnd(kTabNote));
-    EXPECT_EQ(Wake()->CurrentRow(), 2);
-    QString opened;
-    RegisterDialog(kDlgNote, [&](QPoint) {
-        const NoteDialog note;
-        opened = note.mode + QString::number(note.id) + QString::number(note.isPlatform);
-    });
-    list->onDoubleClick(1, 0);
-    EXPECT_EQ(opened, u"web21"_s);
-    Commands().closeReminders();
-    EXPECT_EQ(reminders(), nullptr);
-    EXPECT_EQ(State().gPopups, 0);
 }

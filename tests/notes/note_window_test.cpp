@@ -9,6 +9,9 @@
 #include "shell/controls/kestro_text.h"
 #include "tests/support/ui_fixture.h"
 
+#include <QClipboard>
+#include <QContextMenuEvent>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -77,6 +80,7 @@ TEST_F(NoteWindow, AChangeOfTypeTakesTheReminderAway) {
         u" (2,'交房租',1,'2016-09-02','08:00:00','y',1,'2016-09-03',0,'2')"_s);
     Open(2, u"wake"_s);
     EXPECT_EQ(window_->windowTitle(), u"提醒修改"_s);
+    EXPECT_FALSE(At<KestroText>("txtTitle")->hasSelectedText());
     EXPECT_EQ(At<KestroButton>("btnCamera")->text(), u"图片 2"_s);
     EXPECT_FALSE(At<KestroButton>("btnCamera")->isEnabled());
     At<KestroOption>("optType0")->click();
@@ -112,6 +116,20 @@ TEST_F(NoteWindow, AMessageIsReadAndCannotBeSaved) {
     EXPECT_EQ(At<KestroEditBox>("editNote")->Text(), u"内容"_s);
     EXPECT_FALSE(At<QWidget>("btnEnter")->isVisible());
     EXPECT_EQ(Rows(State().gSetDB, u"select bWakeOk from tAd"_s), QStringList{u"1"_s});
+    // Its text can be taken out.
+    auto* text = At<KestroEditBox>("editNote");
+    const auto choose = [&](const QString& key) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, text->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(text->viewport(), &event);
+        auto* menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        for (auto* action : menu->actions())
+            if (action->objectName() == key) action->trigger();
+        menu->close();
+    };
+    choose(u"textselect"_s);
+    choose(u"textcopy"_s);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"内容"_s);
     QTest::keyClick(window_.get(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_FALSE(window_->isVisible());
 

@@ -1,6 +1,6 @@
-// bench [--quick] [--json FILE]: the speed of the program beside raw SQLite, on books made for it, as a
-// table. Needs no display. --quick leaves out the largest book. A missed bound shows in the table, not in the
-// exit code.
+// bench [--quick] [--beside] [--json FILE]: the speed of the program beside raw SQLite, on books made for it,
+// as a table. Needs no display. --quick leaves out the largest book, --beside all books of entries: what is
+// left are notes and pictures. A missed bound shows in the table, not in the exit code.
 
 #include "app/windows.h"
 #include "ledger/entry_query.h"
@@ -11,6 +11,7 @@
 #include "tools/bench/change_bench.h"
 #include "tools/bench/children.h"
 #include "tools/bench/click_bench.h"
+#include "tools/bench/note_bench.h"
 #include "tools/bench/page_bench.h"
 #include "tools/bench/picture_bench.h"
 #include "tools/bench/print_bench.h"
@@ -35,6 +36,7 @@ const QString kStartAction = u"start to the window at rest"_s;
 
 struct Wishes {
     bool quick = false;
+    bool beside = false;
     QString json;
     bool understood = true;
 };
@@ -44,6 +46,8 @@ Wishes ReadArguments(const QStringList& arguments) {
     for (int i = 1; i < arguments.size(); ++i) {
         if (arguments[i] == u"--quick")
             wishes.quick = true;
+        else if (arguments[i] == u"--beside")
+            wishes.beside = true;
         else if (arguments[i] == u"--json" && i + 1 < arguments.size())
             wishes.json = arguments[++i];
         else
@@ -65,7 +69,12 @@ void MeasureStart(SpeedTable& table, const Children& children, const QString& bo
         {u"  its peak memory"_s, entries, program.megabytes, least.megabytes, u"MB"_s, bound(kMemoryBound)});
 }
 
-bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
+void MeasureBeside(SpeedTable& table, const QString& folder, bool quick) {
+    MeasureNotes(table, folder, quick ? 5 : 11);
+    MeasurePictures(table, folder + u"/pictures"_s, quick ? 5 : 11);
+}
+
+bool MeasureBooks(SpeedTable& table, const QString& folder, bool quick) {
     const Children children(folder, QApplication::applicationDirPath());
     for (const int entries : quick ? std::vector{kBoundBook} : std::vector{kBoundBook, 10 * kBoundBook}) {
         const QString book = folder + u"/book%1.jotdb"_s.arg(entries);
@@ -82,7 +91,6 @@ bool MeasureAll(SpeedTable& table, const QString& folder, bool quick) {
         MeasureClicks(table, book, entries, quick ? 5 : 11);
         MeasureBulkDeletion(table, book, entries, 3);
     }
-    MeasurePictures(table, folder + u"/pictures"_s, quick ? 5 : 11);
     table.Add({u"the agent's peak memory"_s, 0, children.AgentMemory(), 0, u"MB"_s, kAgentBound});
     table.AddGrowth(kStartAction, kSortGrowth);
     table.AddGrowth(kPageAction, kSortGrowth);
@@ -101,7 +109,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const auto wishes = ReadArguments(QApplication::arguments());
     if (!wishes.understood) {
-        std::fputs("Usage: bench [--quick] [--json FILE]\n", stderr);
+        std::fputs("Usage: bench [--quick] [--beside] [--json FILE]\n", stderr);
         return 2;
     }
     const QString tools = QApplication::applicationDirPath();
@@ -113,7 +121,9 @@ int main(int argc, char** argv) {
     const QString folder = QDir::cleanPath(tools + u"/../bench"_s);
     QDir(folder).removeRecursively();
     SpeedTable table;
-    const bool measured = QDir().mkpath(folder) && MeasureAll(table, folder, wishes.quick);
+    const bool measured =
+        QDir().mkpath(folder) && (wishes.beside || MeasureBooks(table, folder, wishes.quick));
+    if (measured) MeasureBeside(table, folder, wishes.quick);
     QDir(folder).removeRecursively();
     if (!measured) return 1;
     table.Print();

@@ -29,6 +29,7 @@ class RawBook {
     void Save(const LeanEntry& entry);
     /// Statements in one transaction.
     void Change(const std::vector<std::string>& statements);
+    void Run(const std::string& sql);
 
  private:
     struct Closing {
@@ -37,6 +38,5 @@ class RawBook {
     };
     using Statement = std::unique_ptr<sqlite3_stmt, Closing>;
     Statement Prepare(const std::string& sql);
-    void Run(const std::string& sql);
     std::unique_ptr<sqlite3, Closing> db_;
 };
