@@ -154,21 +154,31 @@ void frmLogin::Leave(bool tellAgent) {
     if (onLeft) onLeft();
 }
 
+void frmLogin::BtnNewClicked() {
+    ResetDlg(kDlgBook);
+    BookDialog record;
+    record.isNew = 1;
+    const QString shown = comBook->text();
+    OpenModal(kDlgBook);
+    FillBooks();
+    comBook->SetText(shown);
+    if (!shown.isEmpty()) ShowBook(State().gCurBook);
+    if (record.done == 0) return;
+    const int last = static_cast<int>(State().gBooks.size()) - 1;
+    ShowBook(last);
+    ChooseBookItem(QString::number(last));
+}
+
 void frmLogin::BtnPathClicked() {
     const QString chosen = ChooseFolder(u"选择目录"_s, State().settings.sDBPath);
     const QString folder = chosen.toLower();
     if (folder.isEmpty()) return;
-    if (IsForbiddenBox(folder, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) {
-        ShowMsg(
-            u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"
-            u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
-            u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s,
-            u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
+    if (const QString forbidden = ForbiddenBoxText(folder); !forbidden.isEmpty()) {
+        ShowMsg(forbidden, u"确定"_s, kMsgFail, u"提示"_s, 392, 220);
         return;
     }
     if (const auto found = SpelledPath(chosen); !found.rivals.isEmpty()) {
-        ShowMsg(u"有只差大小写的同名文件夹，无法指定为账本盒：\n"_s + found.rivals.join(u'\n'), u"确定"_s,
-                kMsgFail);
+        ShowMsg(RivalBoxText(found.rivals), u"确定"_s, kMsgFail);
         return;
     }
     MoveBookBox(folder);

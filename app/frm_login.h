@@ -32,6 +32,7 @@ class frmLogin : public KestroDialog {
     void BtnCancelClicked();
     /// Opens a book file as chosen in the file dialog (empty) or by path.
     void OpenBookFile(QString path);
+    void BtnNewClicked();
     void BtnPathClicked();
     void ToggleStrip();
 

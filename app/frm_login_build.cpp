@@ -41,7 +41,9 @@ void frmLogin::Build() {
     comBook->onBrowse = [this] { OpenBookFile({}); };
     btnNew = new KestroButton(ButtonLook::plain, u"新"_s);
     btnNew->setToolTip(u"可以单击这里,新建一个新的账本!"_s);
+    btnNew->setObjectName(u"btnNew"_s);
     btnNew->setEnabled(HasDialog(kDlgBook));
+    btnNew->onClick = [this] { BtnNewClicked(); };
     lblPass = new KestroLabel(u"账本口令"_s, LabelKind::caption);
     txtPass = new KestroText(TextMode::masked);
     txtPass->setAccessibleName(u"账本口令"_s);

@@ -6,6 +6,8 @@
 #include "app/frm_login.h"
 #include "app/quiet_close.h"
 #include "app/startup.h"
+#include "books/frm_book_new.h"
+#include "books/frm_export.h"
 #include "books/frm_setting.h"
 #include "chart/frm_tree.h"
 #include "ledger/frm_account.h"
@@ -32,6 +34,7 @@
 #include "store/state.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <memory>
 
@@ -106,6 +109,19 @@ void RegisterCommands() {
     commands.openSettings = [](const QString& key) {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
+    commands.newBook = [] {
+        if (!Host().show) return;
+        Host().show(kTabSetting);
+        if (auto* page = dynamic_cast<frmSetting*>(Host().page(kTabSetting))) page->pDoScrollMenu();
+    };
+    // The window that asks is one of those that go.
+    commands.closeProgram = [] {
+        QTimer::singleShot(0, qApp, [] {
+            RunEvent([] {
+                if (Open().main) Open().main->FinishApp();
+            });
+        });
+    };
     commands.search = [](const QString& text, const JobBar& bar) { RunSearch(text, bar); };
     commands.openReminders = [] { OpenReminders(); };
     commands.closeReminders = [] { CloseReminders(); };
@@ -130,6 +146,8 @@ void RegisterWindows() {
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
     RegisterDialog(kDlgEntry, OpenEntryDialog);
     RegisterDialog(kDlgTemplate, OpenTemplateDialog);
+    RegisterDialog(kDlgBook, OpenBookDialog);
+    RegisterDialog(kDlgBackup, OpenBackupDialog);
     RegisterDialog(kDlgPictures, OpenPictureDialog);
     RegisterDialog(kDlgNote, OpenNoteDialog);
     RegisterDialog(kDlgInput, OpenInputDialog);

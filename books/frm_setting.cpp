@@ -1,5 +1,7 @@
 #include "books/frm_setting.h"
 
+#include "books/book_page.h"
+#include "books/common_page.h"
 #include "chart/chart_panel.h"
 #include "shell/controls/kestro_scroll_menu.h"
 
@@ -22,28 +24,25 @@ QString StripTip() {
 frmSetting::frmSetting(QWidget* parent) : StripPage(parent) {
     auto* strip = KestroScrollMenu1;
     strip->AddSection(kSection, u"设置管理"_s);
-    const auto add = [&](const QString& key, const QString& caption, const QString& icon, bool there) {
-        ScrollMenuItem item;
-        item.key = key;
-        item.caption = caption;
-        item.icon = icon;
-        item.selectable = there;
-        item.enabled = there;
-        strip->AddItem(kSection, item);
+    const auto add = [&](const QString& key, const QString& caption, const QString& icon) {
+        strip->AddItem(kSection, {.key = key, .caption = caption, .icon = icon});
     };
-    add(u"common"_s, u"通用设置"_s, u"set"_s, false);
-    add(u"kind"_s, u"记账分类"_s, u"kind"_s, true);
-    add(u"account"_s, u"账户管理"_s, u"account"_s, true);
-    add(u"book"_s, u"账本管理"_s, u"book"_s, false);
+    add(u"common"_s, u"通用设置"_s, u"set"_s);
+    add(u"kind"_s, u"记账分类"_s, u"kind"_s);
+    add(u"account"_s, u"账户管理"_s, u"account"_s);
+    add(u"book"_s, u"账本管理"_s, u"book"_s);
     strip->onClick = [this](const QString&, const QString& item) { OpenSub(item); };
     strip->onTip = [](const QString&, const QString&) { return StripTip(); };
+    common_ = new CommonPage(this);
     kinds_ = new ChartPanel(Chart::kinds, true, this);
     accounts_ = new ChartPanel(Chart::accounts, true, this);
-    kinds_->setObjectName(u"kinds"_s);
-    accounts_->setObjectName(u"accounts"_s);
-    for (auto* panel : {kinds_, accounts_}) {
-        panel->hide();
-        Room()->addWidget(panel, 1);
+    books_ = new BookPage(this);
+    const std::pair<QWidget*, QString> parts[] = {
+        {common_, u"common"_s}, {kinds_, u"kinds"_s}, {accounts_, u"accounts"_s}, {books_, u"books"_s}};
+    for (const auto& [part, name] : parts) {
+        part->setObjectName(name);
+        part->hide();
+        Room()->addWidget(part, 1);
     }
     OpenSub(u"kind"_s);
 }
@@ -52,18 +51,27 @@ ChartPanel* frmSetting::Panel(const QString& key) const {
     return key == u"account" ? accounts_ : key == u"kind" ? kinds_ : nullptr;
 }
 
+Page* frmSetting::Part(const QString& key) const {
+    if (key == u"common") return common_;
+    return key == u"book" ? books_ : nullptr;
+}
+
 void frmSetting::OpenSub(const QString& key) {
     auto* panel = Panel(key);
-    if (!panel) return;
+    auto* part = Part(key);
+    if (!panel && !part) return;
     page_ = key;
     KestroScrollMenu1->Select(kSection, key);
-    kinds_->setVisible(panel == kinds_);
-    accounts_->setVisible(panel == accounts_);
-    panel->Reload();
+    for (QWidget* one : {static_cast<QWidget*>(common_), static_cast<QWidget*>(kinds_),
+                         static_cast<QWidget*>(accounts_), static_cast<QWidget*>(books_)})
+        one->setVisible(one == panel || one == part);
+    if (panel) panel->Reload();
+    if (part) part->Shown();
 }
 
 void frmSetting::Shown() {
-    Current()->Shown();
+    if (auto* panel = Panel(page_)) return panel->Shown();
+    Part(page_)->Shown();
 }
 
 void frmSetting::TabClicked() {
@@ -72,30 +80,35 @@ void frmSetting::TabClicked() {
 }
 
 void frmSetting::TakeFocus() {
-    Current()->TakeFocus();
+    if (auto* panel = Panel(page_)) return panel->TakeFocus();
+    Part(page_)->TakeFocus();
 }
 
 bool frmSetting::Can(Act act) const {
-    return Current()->Can(act);
+    const auto* panel = Panel(page_);
+    return panel ? panel->Can(act) : Part(page_)->Can(act);
 }
 
 void frmSetting::Do(Act act) {
-    Current()->Do(act);
+    if (auto* panel = Panel(page_)) return panel->Do(act);
+    Part(page_)->Do(act);
 }
 
 void frmSetting::ReLoadKindAcc(const QString& key) {
-    if (key == page_) Current()->Reload();
+    if (auto* panel = Panel(key); panel && key == page_) panel->Reload();
 }
 
 void frmSetting::DoKindAcc(Chart chart, const QString& code, Act act) {
     OpenSub(chart == Chart::kinds ? u"kind"_s : u"account"_s);
-    if (!code.isEmpty()) Current()->Select(code);
+    if (!code.isEmpty()) Panel(page_)->Select(code);
     TakeFocus();
     Do(act);
 }
 
 std::vector<KestroList*> frmSetting::Lists() const {
-    return {kinds_->List(), accounts_->List()};
+    auto lists = books_->Lists();
+    lists.insert(lists.begin(), {kinds_->List(), accounts_->List()});
+    return lists;
 }
 
 void frmSetting::pRESETGROUP() {
@@ -105,4 +118,10 @@ void frmSetting::pRESETGROUP() {
 
 void frmSetting::pTRANSACCOUNT() {
     OpenSub(page_);
+}
+
+void frmSetting::pDoScrollMenu() {
+    OpenSub(u"book"_s);
+    TakeFocus();
+    books_->Do(Act::add);
 }

@@ -1,9 +1,13 @@
 #pragma once
-// frmSetting: the settings page. Strip with its sub-pages, of which kinds and accounts stand.
+// frmSetting: the settings page. Strip with its sub-pages: the program's settings, the two charts of the open
+// book, the books.
 
 #include "shell/parts/strip_page.h"
+#include "store/notices.h"
 
+class BookPage;
 class ChartPanel;
+class CommonPage;
 
 class frmSetting : public StripPage {
  public:
@@ -17,16 +21,21 @@ class frmSetting : public StripPage {
     void pRESETGROUP() override;
     void pTRANSACCOUNT() override;
     std::vector<KestroList*> Lists() const override;
-    /// "kind" or "account"; other sub-pages are not there.
+    /// "common", "kind", "account" or "book"; others are not there.
     void OpenSub(const QString& key) override;
     void ReLoadKindAcc(const QString& key) override;
     void DoKindAcc(Chart chart, const QString& code, Act act) override;
+    /// Shows the books and makes a new one.
+    void pDoScrollMenu();
 
  private:
     ChartPanel* Panel(const QString& key) const;
-    ChartPanel* Current() const { return Panel(page_); }
+    /// The sub-page that is no chart, or null.
+    Page* Part(const QString& key) const;
 
     ChartPanel* kinds_;
     ChartPanel* accounts_;
+    CommonPage* common_;
+    BookPage* books_;
     QString page_;
 };

@@ -68,7 +68,7 @@ void SwitchBook(const QString& indexText) {
 int AskBookPass(const QString& indexText, bool force) {
     int index = -1;
     if (!IsKnownBook(indexText, &index)) return kPassFailed;
-    if (index == State().gCurBook && !force) return kPassSameBook;
+    if (index == State().gCurBook && State().gDB.IsOpen() && !force) return kPassSameBook;
     const BookRecord book = State().gBooks[static_cast<size_t>(index)];
     ResetDlg(kDlgInput);
     InputDialog input;

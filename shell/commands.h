@@ -11,6 +11,7 @@
 struct FrameCommands {
     std::function<void(int code)> tellAgent;
     std::function<void()> closeAll;
+    std::function<void()> closeProgram;  ///< as the menu's 退出 does
     std::function<void()> resetHeadIco;
     std::function<void()> about;
     std::function<void(const QString& text, const JobBar& bar)> search;  ///< over entries and notes

@@ -8,8 +8,11 @@
 #include "shell/frm_main_actions.h"
 #include "shell/menus.h"
 #include "shell/skin.h"
+#include "store/book_box.h"
+#include "store/dialogs.h"
 #include "store/due.h"
 #include "store/errors.h"
+#include "store/job.h"
 #include "store/messages.h"
 #include "store/outside.h"
 #include "store/settings_file.h"
@@ -124,7 +127,9 @@ void frmMain::FillHost() {
             DropPage(tab);
     };
     Host().refresh = [this] { RefreshBook(); };
+    if (HasDialog(kDlgBook)) onBookLabel = [this] { OpenBook(); };
     booksChanged_ = Notices().booksChanged.Subscribe([this] { ShowBookLabel(); });
+    groupingChanged_ = Notices().groupingChanged.Subscribe([this] { pRESETGROUP(); });
     remindersChanged_ = Notices().remindersChanged.Subscribe([this] { SetLogoNumber(); });
 }
 
@@ -188,6 +193,15 @@ void frmMain::ShowBookLabel() {
         label->setToolTip(u"账本版本: 【"_s + book.Version + u"】\n核算年度: 【"_s +
                           QString::number(book.Year) + u"】\n单击【查看、修改、备份】账本\n账本位置："_s +
                           book.Path);
+}
+
+void frmMain::OpenBook() {
+    if (IsBusy()) return;
+    ResetDlg(kDlgBook);
+    BookDialog record;
+    record.isNew = 0;
+    record.path = FileOf(CurrentBook()).path;
+    OpenModal(kDlgBook);
 }
 
 void frmMain::pRESETGROUP() {

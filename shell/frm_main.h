@@ -58,6 +58,7 @@ class frmMain : public KestroForm {
     void FillHost();
     void RefreshBook();
     void ShowBookLabel();
+    void OpenBook();
     void RunSearch();
     void ClearSearch();
     void HeaderButton(const QString& name);
@@ -85,5 +86,5 @@ class frmMain : public KestroForm {
     KestroText* txtSearch = nullptr;
     KestroPGress* KestroPGress1 = nullptr;
     KestroCalculator* KestroCalculator1 = nullptr;
-    NoticeToken booksChanged_, remindersChanged_;
+    NoticeToken booksChanged_, groupingChanged_, remindersChanged_;
 };

@@ -122,9 +122,10 @@ class frmMsgBox : public KestroDialog {
             return;
         }
         auto* label = new QLabel(Body());
-        label->setPixmap(PictureOf(request.icon, devicePixelRatioF()));
-        label->setFixedSize(kIconSide, kIconSide);
         picture_ = label;
+        const int side = request.icon == kMsgNone ? 0 : kIconSide;
+        label->setFixedSize(side, side);
+        if (side > 0) label->setPixmap(PictureOf(request.icon, devicePixelRatioF()));
     }
 
     // The box grows with its text up to the work area; beyond that the text scrolls.

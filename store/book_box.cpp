@@ -127,3 +127,7 @@ void OpenFileOf(const BookRecord& book, cConnection& connection, cConnection::Op
 QString RivalsText(const QStringList& rivals) {
     return u"有只差大小写的同名文件，无法打开：\n"_s + rivals.join(u'\n');
 }
+
+QString RivalBoxText(const QStringList& rivals) {
+    return u"有只差大小写的同名文件夹，无法指定为账本盒：\n"_s + rivals.join(u'\n');
+}

@@ -33,3 +33,5 @@ FoundPath FileOf(const BookRecord& book);
 void OpenFileOf(const BookRecord& book, cConnection& connection, cConnection::Options options);
 /// What refuses a file with rivals.
 QString RivalsText(const QStringList& rivals);
+/// The same of a folder that was to be the book box.
+QString RivalBoxText(const QStringList& rivals);

@@ -41,7 +41,7 @@ TakenBook TakeBookFile(const QString& path) {
     if (!FileExists(file.path)) return Refuse(u"文件【"_s + lower + u"】不存在！"_s);
     if (lower.right(kBookExtension) != u".jotdb") return Refuse(u"文件【"_s + lower + u"】不是账本文件！"_s);
     const int index = FindBook(file.path);
-    if (index >= 0 && index == State().gCurBook) return {BookDoor::isOpen, index};
+    if (index >= 0 && index == State().gCurBook && State().gDB.IsOpen()) return {BookDoor::isOpen, index};
     QString reason;
     if (!CanOpen(file.path, reason))
         return Refuse(u"打开账本文件【"_s + lower + u"】错误！"_s +

@@ -22,19 +22,28 @@ QByteArray EmptyBookImage() {
     return Stored(u":/books/empty.jotdb"_s);
 }
 
+bool WriteBookFile(const QString& path, const QByteArray& image, bool own) {
+    // It would be played into the new book.
+    for (const auto& left : FilesBeside(path))
+        QFile::remove(left);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    if (own && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) return false;
+    return file.write(image) == image.size() && file.commit();
+}
+
 bool WriteSampleBook(const QString& path) {
-    if (FileExists(path)) return false;
-    const QString real = RealPath(path).path;
-    QFile::remove(real + u"-journal"_s);  // of a book that is gone; it would be played into the new one
-    QSaveFile file(real);
-    const QByteArray image = SampleBookImage();
-    return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-           file.write(image) == image.size() && file.commit();
+    return !FileExists(path) && WriteBookFile(RealPath(path).path, SampleBookImage(), true);
+}
+
+QStringList FilesBeside(const QString& path) {
+    return {path + u"-journal"_s, path + u"-wal"_s, path + u"-shm"_s};
 }
 
 void RemoveBookFile(const QString& path) {
     const auto real = RealPath(path);
     if (!real.exists) return;
     QFile::remove(real.path);
-    QFile::remove(real.path + u"-journal"_s);
+    for (const auto& left : FilesBeside(real.path))
+        QFile::remove(left);
 }

@@ -12,6 +12,7 @@ enum DialogCode {
     kDlgEntry = 2,
     kDlgTemplate = 3,
     kDlgBook = 4,
+    kDlgBackup = 5,
     kDlgPictures = 6,
     kDlgInput = 7,
     kDlgNote = 10,
@@ -41,10 +42,17 @@ struct TemplateDialog {
 /// frmBookNew.
 struct BookDialog {
     explicit BookDialog(DialogRecord& r = State().gDlg[kDlgBook])
-        : done(r.Flag1), isNew(r.Flag2), path(r.Text1) {}
+        : done(r.Flag1), isNew(r.Flag2), path(r.Text1), result(r.Text2) {}
     int& done;
     int& isNew;
-    QString& path;  ///< the book to show when isNew is 0
+    QString& path;    ///< the book to show when isNew is 0
+    QString& result;  ///< out: path of the changed book
+};
+
+/// frmExport.
+struct BackupDialog {
+    explicit BackupDialog(DialogRecord& r = State().gDlg[kDlgBackup]) : path(r.Text1) {}
+    QString& path;  ///< of one book; empty: all books of the box
 };
 
 /// The picture window.

@@ -18,9 +18,11 @@ namespace {
 
 bool Delete(const FoundPath& real) {
     if (!real.exists) return real.rivals.isEmpty();
-    const QString journal = real.path + u"-journal"_s;
     if (Outside().trash(real.path)) {
-        if (QFile::exists(journal)) Outside().trash(journal);
+        // A trash that only pretends leaves the file where it was.
+        if (QFile::exists(real.path)) return false;
+        for (const auto& left : FilesBeside(real.path))
+            if (QFile::exists(left)) Outside().trash(left);
         return true;
     }
     const QString question = u"没有可用的回收站，要【永久删除】文件【"_s + real.path + u"】吗?"_s;

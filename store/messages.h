@@ -19,7 +19,15 @@ struct MessageRequest {
 };
 
 /// Pictures of a message box by their number.
-enum MsgIcon { kMsgInfo = 0, kMsgAsk = 1, kMsgFail = 2, kMsgDone = 3, kMsgWarn = 4, kMsgMayday = 5 };
+enum MsgIcon {
+    kMsgInfo = 0,
+    kMsgAsk = 1,
+    kMsgFail = 2,
+    kMsgDone = 3,
+    kMsgWarn = 4,
+    kMsgMayday = 5,
+    kMsgNone = 99
+};
 
 /// Shows a modal box and returns the pressed button: 1 the last caption (or Enter), 0 the caption before it,
 /// Escape or the close button, 2 and 3 the further captions to the left.

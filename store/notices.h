@@ -42,6 +42,7 @@ struct ProgramNotices {
     Notice<> entriesChanged;     ///< entries, their records and with them the balances of both charts
     Notice<Chart> chartChanged;  ///< rows of a chart, and entries that carry their codes or opening balances
     Notice<> booksChanged;       ///< gBooks has another list of books
+    Notice<> groupingChanged;    ///< nGroup is another
     Notice<> remindersChanged;   ///< notes, their pictures or messages; the number on the logo
 };
 

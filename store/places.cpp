@@ -43,3 +43,10 @@ QString SettingsPath() {
 QString SampleBookPath() {
     return State().gDefaultBox + u"/专业版例子.jotdb"_s;
 }
+
+QString ForbiddenBoxText(const QString& path) {
+    if (!IsForbiddenBox(path, NativeStyle(), qEnvironmentVariable("SystemDrive"), ProgramFolder())) return {};
+    return u"『禁止』将账本盒路径指定到【Windows系统盘】的\n    【Program Files】\n    【Windows】\n"
+           u"    【(Users)用户】\n文件夹及它们下面的【子文件夹】!\n建议：【账本盒路径】文本框清空，"
+           u"这样程序将自动指定到默认的位置【系统盘:\\KestroData\\墨鹊理财】"_s;
+}

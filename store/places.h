@@ -14,3 +14,6 @@ QString SettingsPath();
 
 /// The sample book's file in the default book box.
 QString SampleBookPath();
+
+/// What is said of a book box in a folder of the system; empty for other folders. path in lower case.
+QString ForbiddenBoxText(const QString& path);

@@ -1,6 +1,7 @@
 #include "store/session.h"
 
 #include "store/book_box.h"
+#include "store/errors.h"
 #include "store/messages.h"
 #include "store/paths.h"
 #include "store/places.h"
@@ -31,8 +32,23 @@ void ReopenDB() {
     State().gDB = std::move(fresh);
 }
 
+ClosedBook::ClosedBook() : wasOpen_(State().gDB.IsOpen()) {
+    State().gDB.Close();
+}
+
+ClosedBook::~ClosedBook() {
+    // The second try is for what passes, such as another program's look at the file.
+    PendingError failed;
+    if (!wasOpen_ || Succeeds([] { ReopenDB(); }) || Succeeds([] { ReopenDB(); }, &failed)) return;
+    TellFailure(failed, u"请重新打开账本"_s);
+}
+
 QString UsualDataFolder() {
     return FromEnvironment("APPDATA", DataHome()) + u"/KestroJot"_s;
+}
+
+QString UsualBookBox() {
+    return FromEnvironment("SystemDrive", QDir::homePath()) + u"/KestroData/墨鹊理财"_s;
 }
 
 void InitFolders() {
@@ -47,7 +63,7 @@ void InitFolders() {
     state.gSettingsPath.clear();
     state.gDataDir = UsualDataFolder();
     MakeFolders(state.gDataDir);
-    state.gDefaultBox = FromEnvironment("SystemDrive", QDir::homePath()) + u"/KestroData/墨鹊理财"_s;
+    state.gDefaultBox = UsualBookBox();
     for (const auto& folder : {QDir::homePath(), state.gDataDir, state.gDefaultBox, ProgramFolder()})
         KnowFolder(folder);
 }

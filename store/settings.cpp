@@ -1,5 +1,7 @@
 #include "store/settings.h"
 
+#include "store/paths.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -70,6 +72,8 @@ void WriteSettings(cConnection& file, const Settings& settings, SettingGroup gro
             values << Assignment(settings, column);
     Transaction all(file);
     file.Execute(u"update tSetting set "_s + values.join(u','));
+    // In lower case alone the box is not found below a folder that cannot be listed.
+    if (group != SettingGroup::web) SetSettingKey(file, u"BoxFolder"_s, RealPath(settings.sDBPath).path);
     if (group == SettingGroup::general)
         file.Execute(u"update tSetting2 set Value1="_s + Quote(settings.LoadDate) +
                      u" where Key1='LoadDate'"_s);

@@ -24,7 +24,8 @@ void ReadSettings(cConnection& file, Settings& settings);
 
 /// Columns that are written together.
 enum class SettingGroup { general, web, box };
-/// Writes the columns of a group in one transaction, LoadDate with the general ones.
+/// Writes the columns of a group in one transaction: LoadDate with the general ones, and the box's real
+/// spelling where the box is.
 void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group);
 
 /// A value of tSetting2; nullopt when the key is missing.

@@ -21,7 +21,7 @@ namespace {
 
 const QString kFirstRun = u"FirstRun"_s;
 const QString kVersionKey = u"Version"_s;
-// The book box as it is spelled: in lower case alone it is not found below a folder that cannot be listed.
+// The book box as it is spelled.
 const QString kBoxFolder = u"BoxFolder"_s;
 
 // The user's own copy begins with the defaults of the installation, not with what its last user left there.
@@ -71,6 +71,12 @@ void SetColumn(cConnection& settings, const QString& column, const QString& valu
     settings.Execute(u"update tSetting set "_s + column + u'=' + Quote(value));
 }
 
+// A file that holds a password is read by nobody else.
+void KeepToUser(const cConnection& file, const Settings& settings) {
+    if (!settings.sWebPass.isEmpty())
+        QFile::setPermissions(file.Path(), QFile::ReadOwner | QFile::WriteOwner);
+}
+
 }  // namespace
 
 void OpenSettings(const QString& path) {
@@ -100,6 +106,7 @@ void SaveSetting(const QString& value, int code) {
     const auto& settings = State().settings;
     switch (code) {
         case kSaveAll:
+            KeepToUser(file, settings);
             return WriteSettings(file, settings, SettingGroup::general);
         case kSaveLastBook:
             return SetColumn(file, u"sPreOpenDBFile"_s, value);
@@ -108,9 +115,9 @@ void SaveSetting(const QString& value, int code) {
         case kSaveLogTime:
             return SetColumn(file, u"sLogDateTime"_s, NowText());
         case kSaveWebAccount:
+            KeepToUser(file, settings);
             return WriteSettings(file, settings, SettingGroup::web);
         case kSaveBookBox:
-            SetSettingKey(file, kBoxFolder, RealPath(settings.sDBPath).path);
             return WriteSettings(file, settings, SettingGroup::box);
         default:
             return;

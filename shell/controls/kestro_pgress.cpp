@@ -58,7 +58,7 @@ void KestroPGress::paintEvent(QPaintEvent*) {
     Skin::Box(p, rect(), 4, Qt::transparent, Skin::Color(Tok::box));
     p.setFont(Skin::Font(Type::small));
     p.setPen(Skin::Color(Tok::text));
-    p.drawText(rect(), Qt::AlignCenter, Grouped(value_) + u" / "_s + Grouped(maximum_));
+    p.drawText(rect(), Qt::AlignCenter, Grouped(value_ / unit_) + u" / "_s + Grouped(maximum_ / unit_));
 }
 
 void KestroPGress::mouseReleaseEvent(QMouseEvent* event) {

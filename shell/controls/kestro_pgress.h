@@ -17,6 +17,9 @@ class KestroPGress : public QWidget {
     void SetMaximum(int maximum);
     void SetValue(int value);  ///< kept within minimum and maximum
 
+    /// How much of the bar counts as one in its words: "2 / 3" of 2,400 and 3,000 with 1,000.
+    void SetUnit(int unit) { unit_ = unit; }
+
     std::function<void()> onClick;
 
     QSize sizeHint() const override;
@@ -26,6 +29,7 @@ class KestroPGress : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+    int unit_ = 1;
     int minimum_ = 0;
     int maximum_ = 100;
     int value_ = 0;

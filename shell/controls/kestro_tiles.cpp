@@ -100,7 +100,7 @@ KestroListView::KestroListView(const QString& heading, QWidget* parent)
     setFont(Skin::Font(Type::body));
     setItemDelegate(new TilePainter(this));
     viewport()->setMouseTracking(true);
-    setViewportMargins(0, Skin::Px(kHeading), 0, 0);
+    setViewportMargins(0, HeadHeight(), 0, 0);
     UseKestroScrollbars(this);
     auto* besideHeading = new QWidget;  // the scroll bar begins below the heading
     besideHeading->setFixedHeight(Skin::Px(kHeading));
@@ -121,6 +121,10 @@ KestroListView::KestroListView(const QString& heading, QWidget* parent)
         });
     });
     connect(this, &QListWidget::itemSelectionChanged, this, [this] { RunEvent(onSelection); });
+}
+
+int KestroListView::HeadHeight() const {
+    return heading_.isEmpty() ? 0 : Skin::Px(kHeading);
 }
 
 void KestroListView::Clear() {
@@ -186,8 +190,9 @@ bool KestroListView::event(QEvent* event) {
     const bool done = QListWidget::event(event);
     if (event->type() == QEvent::Paint) {
         QPainter p(this);
-        const int head = Skin::Px(kHeading);
+        const int head = HeadHeight();
         PaintFrame(p, rect(), hasFocus() && Count() == 0, head);
+        if (head == 0) return done;
         p.setFont(Skin::Font(Type::smallBold));
         p.setPen(Skin::Color(Tok::text2));
         p.drawText(QRect(8, 0, width() - 16, head), Qt::AlignLeft | Qt::AlignVCenter,

@@ -1,5 +1,6 @@
 #pragma once
-// KestroListView: tiles of a picture and a name below a heading. Several may be chosen. Indexes count from 0.
+// KestroListView: tiles of a picture and a name, below a heading if it is given one. Several may be chosen.
+// Indexes count from 0.
 
 #include <QListWidget>
 #include <QPixmap>
@@ -43,6 +44,8 @@ class KestroListView : public QListWidget {
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
+    int HeadHeight() const;
+
     QString heading_;
     bool quiet_ = false;
 };

@@ -113,7 +113,7 @@ TEST_F(SettingPage, OnlyTheChartThatShowsIsReadAgain) {
     EXPECT_EQ(Chart("kinds")->RowCount(), 15);
     page->ReLoadKindAcc(u"account"_s);
     EXPECT_EQ(accounts->RowCount(), 5);
-    page->OpenSub(u"common"_s);  // not there
+    page->OpenSub(u"unknown"_s);
     EXPECT_TRUE(accounts->isVisible());
     page->OpenSub(u"kind"_s);
     EXPECT_EQ(Chart("kinds")->RowCount(), 16);

@@ -273,8 +273,8 @@ TEST_F(Frame, EveryListIsCalledByWhatItHolds) {
     for (const auto* list : frame_->findChildren<KestroList*>())
         if (!names.contains(list->accessibleName())) names << list->accessibleName();
     names.sort();
-    QStringList wanted{u"记账列表"_s, u"账户记录列表"_s, u"当前记录的分类和账户"_s, u"分类列表"_s,
-                       u"账户列表"_s};
+    QStringList wanted{u"记账列表"_s, u"账户记录列表"_s, u"当前记录的分类和账户"_s,
+                       u"分类列表"_s, u"账户列表"_s,     u"账本列表"_s};
     wanted.sort();
     EXPECT_EQ(names, wanted);
 }

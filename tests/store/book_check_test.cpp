@@ -95,6 +95,7 @@ TEST_F(BookCheckTest, ABookReachedByALinkIsTheSameBook) {
     QFile::link(Path(u"Box"_s), Path(u"Linked"_s));
     Scan(u"Box"_s);
     State().gCurBook = 0;
+    State().gDB.Open(Path(u"Box/Mine.jotdb"_s));
     EXPECT_EQ(TakeBookFile(Path(u"Linked/Mine.jotdb"_s)).door, BookDoor::isOpen);
     State().gCurBook = -1;
     EXPECT_EQ(TakeBookFile(Path(u"Linked/mine.jotdb"_s)).door, BookDoor::known);

@@ -68,6 +68,7 @@ Fixture::~Fixture() {
     Notices().chartChanged.Clear();
     Notices().booksChanged.Clear();
     Notices().entriesChanged.Clear();
+    Notices().groupingChanged.Clear();
     Notices().remindersChanged.Clear();
 }
 

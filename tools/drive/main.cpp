@@ -26,15 +26,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Options {
-    QString book, pass, settings, data;
+    QString book, pass, settings, data, box, defaultBox;
     bool good = false;
 };
 
 Options Read(const QStringList& arguments) {
     Options options;
     for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const std::map<QString, QString*> named{
-            {u"--pass"_s, &options.pass}, {u"--settings"_s, &options.settings}, {u"--data"_s, &options.data}};
+        const std::map<QString, QString*> named{{u"--pass"_s, &options.pass},
+                                                {u"--settings"_s, &options.settings},
+                                                {u"--data"_s, &options.data},
+                                                {u"--box"_s, &options.box},
+                                                {u"--default-box"_s, &options.defaultBox}};
         const auto option = named.find(arguments[i]);
         if (option == named.end()) {
             options.book = arguments[i];
@@ -54,6 +57,26 @@ void Print(const QJsonObject& answer) {
     std::fflush(stdout);
 }
 
+QString Absolute(const QString& path, const QString& otherwise) {
+    return path.isEmpty() ? otherwise : QFileInfo(path).absoluteFilePath();
+}
+
+// Without a box the book stands alone.
+void KnowBooks(const Options& options, const QString& book) {
+    auto& state = State();
+    state.gDefaultBox = Absolute(options.defaultBox, UsualBookBox());
+    if (options.box.isEmpty()) {
+        state.gBooks.clear();
+        state.gCurBook = AddOutsideBook(book);
+        return;
+    }
+    state.settings.sDBPath = FixBookPath(Absolute(options.box, {}));
+    state.gCommandLine = book;
+    ScanBookBox(state.settings.sDBPath);
+    ReadBookInfo();
+    ChooseBook();
+}
+
 // Opens the book as the program does. The text of what refuses it, or an empty one.
 QString OpenBook(const Options& options) {
     const BoxLog log;
@@ -66,8 +89,7 @@ QString OpenBook(const Options& options) {
     const bool opened = Succeeds(
         [&] {
             if (!options.settings.isEmpty()) OpenSettings(options.settings);
-            State().gBooks.clear();
-            State().gCurBook = AddOutsideBook(spelled.path);
+            KnowBooks(options, spelled.path);
             if (!CheckBook(-1)) return;
             ReopenDB();
             right = CheckPass(State().gDB, options.pass) == PassCheck::right;
@@ -103,7 +125,10 @@ int main(int argc, char** argv) {
     const QGuiApplication app(alone, argv);
     const Options options = Read(arguments);
     if (!options.good) {
-        std::fputs("Usage: kestro-drive [--pass TEXT] [--settings FILE] [--data FOLDER] BOOK\n", stderr);
+        std::fputs(
+            "Usage: kestro-drive [--pass TEXT] [--settings FILE] [--data FOLDER] "
+            "[--box FOLDER] [--default-box FOLDER] BOOK\n",
+            stderr);
         return 1;
     }
     State().gDataDir =

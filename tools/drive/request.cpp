@@ -22,8 +22,8 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), ChartRequests(), NoteRequests(), OutputRequests(),
-                              PictureRequests(), PrintRequests(), TextRequests()})
+    for (const auto& group : {EntryRequests(), BookRequests(), ChartRequests(), NoteRequests(),
+                              OutputRequests(), PictureRequests(), PrintRequests(), TextRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;
@@ -176,7 +176,7 @@ QJsonObject Answer(const QJsonObject& given) {
         SetWorld(r, log);
         PendingError failed;
         if (!Succeeds([&] { answer = request->answer(r); }, &failed)) answer = Failure(ErrorText(failed, {}));
-        State().settings.nGroup = nGroup;
+        if (r.contains(u"group"_s)) State().settings.nGroup = nGroup;
         if (answer.contains(u"message"_s) && answer[u"message"].toString().isEmpty())
             answer[u"message"] = log.LastText();
     }

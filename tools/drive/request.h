@@ -46,6 +46,7 @@ struct Request {
     QJsonObject (*answer)(const QJsonObject& request);
 };
 std::span<const Request> EntryRequests();
+std::span<const Request> BookRequests();
 std::span<const Request> ChartRequests();
 std::span<const Request> NoteRequests();
 std::span<const Request> OutputRequests();

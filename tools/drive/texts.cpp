@@ -1,3 +1,5 @@
+#include "books/backup.h"
+#include "books/book_form.h"
 #include "chart/codes.h"
 #include "output/print_columns.h"
 #include "output/search.h"
@@ -95,6 +97,10 @@ QJsonValue Resized(const Arguments& a) {
     return size ? QJsonValue(Pixels(*size)) : QJsonValue(false);
 }
 
+QJsonValue Forbidden(const Arguments& a) {
+    return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder());
+}
+
 struct Function {
     std::function<QJsonValue(const Arguments&)> value;
     int table = -1;  ///< which argument names a chart, -1 none
@@ -135,8 +141,11 @@ const std::map<QString, Function>& Functions() {
         {u"ReSizeOf"_s, {Resized}},
         {u"GdiErrorString"_s, {[](const auto& a) { return GdiErrorString(a.Whole(0)); }}},
         {u"MakeFolders"_s, {Folders}},
-        {u"IsForbiddenBox"_s,
-         {[](const auto& a) { return IsForbiddenBox(a.Text(0), a.style, a.Text(1), ProgramFolder()); }}},
+        {u"IsForbiddenBox"_s, {Forbidden}},
+        {u"ForbiddenBox"_s, {Forbidden}},
+        {u"IsNameAllowed"_s, {[](const auto& a) { return IsNameAllowed(a.Text(0)); }}},
+        {u"SizeText"_s, {[](const auto& a) { return SizeText(a.values.at(0).toVariant().toLongLong()); }}},
+        {u"BackupFolder"_s, {[](const auto& a) { return BackupFolder(a.Text(0), a.style); }}},
     };
     return functions;
 }

@@ -12,6 +12,7 @@
 #include "store/places.h"
 #include "store/state.h"
 #include "tools/tour/see_answers.h"
+#include "tools/tour/see_books.h"
 #include "tools/tour/see_notes.h"
 #include "tools/tour/tour.h"
 
@@ -285,6 +286,7 @@ int main(int argc, char** argv) {
     DeleteEntry(tour);
     SeeAnswers(tour);
     SeeNotes(tour);
+    SeeBooks(tour);
     tour.Start();
     const int code = QApplication::exec();
     TellAgent(1);
