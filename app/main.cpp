@@ -9,6 +9,7 @@
 #include "shell/skin.h"
 #include "store/errors.h"
 #include "store/places.h"
+#include "web/network.h"
 
 #include <QApplication>
 #include <QDir>
@@ -128,6 +129,7 @@ int main(int argc, char** argv) {
     QApplication::setFont(Skin::Font(Type::body));
     KestroToolTip::Install();
     RegisterWindows();
+    Web().send = NetworkSend();
     StartResult result = StartResult::failed;
     RunEvent([&] { result = StartUp(BookPath(line.book)); });
     if (result != StartResult::login) return result == StartResult::failed ? 1 : 0;

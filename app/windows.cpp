@@ -20,6 +20,7 @@
 #include "output/frm_print.h"
 #include "output/search.h"
 #include "pictures/frm_import.h"
+#include "shell/addresses.h"
 #include "shell/commands.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -29,9 +30,12 @@
 #include "stats/frm_tj.h"
 #include "store/dialogs.h"
 #include "store/errors.h"
+#include "store/messages.h"
 #include "store/outside.h"
 #include "store/places.h"
 #include "store/state.h"
+#include "web/frm_web_acc.h"
+#include "web/web_ledger.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -101,6 +105,14 @@ void Enter() {
     if (!shown) ShowLogin();
 }
 
+void OpenWebHome() {
+    const QString address = WebHomePage();
+    if (address.isEmpty())
+        ShowMsg(u"未设置网账服务的地址!"_s);
+    else
+        OpenAddress(address);
+}
+
 void RegisterCommands() {
     auto& commands = Commands();
     commands.tellAgent = [](int code) { TellAgent(code); };
@@ -109,6 +121,12 @@ void RegisterCommands() {
     commands.openSettings = [](const QString& key) {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
+    commands.webCheck = [] { Web().Check(); };
+    commands.webHome = [] { OpenWebHome(); };
+    commands.webValidate = [](const QString& user, const QString& pass) {
+        Web().Begin(WebTalk::validate, user, pass);
+    };
+    Web().isInFront = [] { return QApplication::activeModalWidget() || QApplication::activePopupWidget(); };
     commands.newBook = [] {
         if (!Host().show) return;
         Host().show(kTabSetting);
@@ -141,6 +159,7 @@ void RegisterWindows() {
     RegisterCommands();
     RegisterPage(kTabAccount, [](QWidget* parent) { return new frmAccount(parent); });
     RegisterPage(kTabSubAcc, [](QWidget* parent) { return new frmSubAcc(parent); });
+    RegisterPage(kTabWeb, [](QWidget* parent) { return new frmWebAcc(parent); });
     RegisterPage(kTabStats, [](QWidget* parent) { return new frmTJ(parent); });
     RegisterPage(kTabNote, [](QWidget* parent) { return new frmNote(parent); });
     RegisterPage(kTabSetting, [](QWidget* parent) { return new frmSetting(parent); });
@@ -176,6 +195,9 @@ void EndQuietly() {
 
 void DropWindows() {
     MainChannel().Close();
+    Web().Drop();
+    Web().send = {};
+    Web().isInFront = {};
     Open().login.reset();
     DropMain();
 }

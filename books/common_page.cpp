@@ -38,6 +38,8 @@ void CommonPage::Connect() {
     btnRestHeadIco->onClick = [] {
         if (Commands().resetHeadIco) Commands().resetHeadIco();
     };
+    btnValidate->onClick = [this] { Commands().webValidate(txtWebUserName->text(), txtWebPass->text()); };
+    btnAccount->onClick = [] { Commands().webHome(); };
     btnPath->onClick = [this] { ChoosePath(); };
     btnOpenPath->onClick = [this] { OpenPath(); };
     btnSave->onClick = [this] { Save(); };

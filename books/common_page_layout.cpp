@@ -193,10 +193,10 @@ void CommonPage::BuildWeb(QGridLayout* rows) {
         box->setMaximumWidth(Skin::Px(kWebBox));
         box->setMinimumWidth(Skin::Px(kBox));
     }
-    for (auto* button : {btnValidate, btnAccount}) {
+    for (auto* button : {btnValidate, btnAccount})
         button->SetLeastWidth(kBox);
-        button->setEnabled(false);
-    }
+    btnValidate->setEnabled(static_cast<bool>(Commands().webValidate));
+    btnAccount->setEnabled(static_cast<bool>(Commands().webHome));
     rows->addWidget(Caption(u"用户名:"_s, kWebLogin), 1, 0);
     rows->addLayout(RowOf({txtWebUserName, btnValidate}, Skin::Space::kField), 1, 1);
     rows->addWidget(Caption(u"密码:"_s), 2, 0);

@@ -85,6 +85,7 @@ void frmMain::BuildHeader() {
     TakeUpPlace();
     onTab = [this](int tab) {
         KestroToolTip::Hide();
+        if (locked_) return;
         SetFormTab(tab);
         if (auto* page = GetWinhWnd(tab)) page->TabClicked();
     };
@@ -108,7 +109,7 @@ void frmMain::BuildHeader() {
 
 void frmMain::HeaderButton(const QString& name) {
     if (name == u"menu") return OpenMenu();
-    if (name == u"web") return OpenAddress(kHomePage);
+    if (name == u"web") return RunEvent(Commands().webHome), void();
     if (Outside().calculator && Outside().calculator()) return;
     KestroCalculator1->Open(HeaderWidget(name), State().settings.nGroup);
 }
@@ -131,6 +132,8 @@ void frmMain::FillHost() {
     booksChanged_ = Notices().booksChanged.Subscribe([this] { ShowBookLabel(); });
     groupingChanged_ = Notices().groupingChanged.Subscribe([this] { pRESETGROUP(); });
     remindersChanged_ = Notices().remindersChanged.Subscribe([this] { SetLogoNumber(); });
+    webTip_ = Notices().webTip.Subscribe([this](int kind, const QString& text) { SetWebTip(kind, text); });
+    webBusy_ = Notices().webBusy.Subscribe([this](bool busy) { SetLocked(busy); });
 }
 
 void frmMain::SetFormTab(int index) {

@@ -7,6 +7,7 @@
 #include "shell/tracker.h"
 #include "store/notices.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <array>
@@ -45,6 +46,9 @@ class frmMain : public KestroForm {
     /// What another process tells: 1 a second copy, 2 redraw, 3 reminders changed, 16 raise only.
     void MyTrak_ReceMsg(const QString& text, int code, int extra);
     void Timer1_Timer();
+    /// While the user waits for the web ledger, nothing else can be begun. The window can be closed.
+    void SetLocked(bool locked);
+    bool IsLocked() const { return locked_; }
 
     clsTrackInfo MyTrak;
     std::function<void()> onUnloaded;  ///< the window is gone and the program may end
@@ -65,6 +69,7 @@ class frmMain : public KestroForm {
     void StatusClicked(int panel);
     /// Size, place and display mode of the last run, where they fit the screen; held to it otherwise.
     void TakeUpPlace();
+    void SetWebTip(int kind, const QString& text);
     void KeepPlace();
     void TakeUpColumns(int tab);
     void KeepColumns(int tab);
@@ -86,5 +91,7 @@ class frmMain : public KestroForm {
     KestroText* txtSearch = nullptr;
     KestroPGress* KestroPGress1 = nullptr;
     KestroCalculator* KestroCalculator1 = nullptr;
-    NoticeToken booksChanged_, groupingChanged_, remindersChanged_;
+    NoticeToken booksChanged_, groupingChanged_, remindersChanged_, webTip_, webBusy_;
+    bool locked_ = false;
+    QPointer<QWidget> focusBeforeLock_;
 };

@@ -95,6 +95,7 @@ void FrameDoes(frmMain& frame, const Action& action) {
 }  // namespace
 
 bool CanDo(const frmMain& frame, const Action& action) {
+    if (frame.IsLocked() && action.act != Act::exit) return false;
     if (action.doer == Doer::frame) return FrameCan(action);
     if (action.doer == Doer::preview) return static_cast<bool>(Commands().zoomPreview);
     const auto* page = PageFor(frame, action);

@@ -1,12 +1,12 @@
-// Status bar and keys of the frame.
+// Status bar of the frame, and its lock while the web ledger is waited for.
 
-#include "shell/addresses.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_pgress.h"
 #include "shell/controls/kestro_status_bar.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/frm_main.h"
 #include "shell/job_yield.h"
+#include "store/errors.h"
 #include "store/job.h"
 #include "store/outside.h"
 #include "store/paths.h"
@@ -51,9 +51,36 @@ void frmMain::BuildStatusBar() {
     SetFooter(barTip);
 }
 
+void frmMain::SetWebTip(int kind, const QString& text) {
+    switch (kind) {
+        case 0:
+            barTip->SetPanelText(kWebPanel, u"网账："_s + text);
+            return barTip->SetPanelDot(kWebPanel, text == u"正常" ? StatusDot::good : StatusDot::warn);
+        case 1:
+            return barTip->SetPanelText(kWaitingPanel, u"未收网账："_s + text + u" 笔"_s);
+        case 2:
+            return barTip->SetPanelText(kWebNamePanel, text);
+        default:
+            return;
+    }
+}
+
+void frmMain::SetLocked(bool locked) {
+    if (locked == locked_) return;
+    locked_ = locked;
+    if (locked) focusBeforeLock_ = focusWidget();
+    Body()->setEnabled(!locked);
+    txtSearch->setEnabled(!locked && Commands().search);
+    for (const auto& name : {u"logo"_s, u"label"_s, u"web"_s, u"calculator"_s, u"menu"_s})
+        HeaderWidget(name)->setEnabled(!locked);
+    for (int tab = 0; tab < kTabs; ++tab)
+        SetTabEnabled(tab, !locked && HasPageFactory(tab));
+    if (!locked && focusBeforeLock_ && focusBeforeLock_->isVisible()) focusBeforeLock_->setFocus();
+}
+
 void frmMain::StatusClicked(int panel) {
     const bool onBox = txtSearch->geometry().contains(barTip->mapFromGlobal(QCursor::pos()));
-    if (panel == kWebPanel || (panel == kSearchPanel && !onBox)) OpenAddress(kHomePage);
+    if ((panel == kWebPanel || (panel == kSearchPanel && !onBox)) && !locked_) RunEvent(Commands().webHome);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
 }
 

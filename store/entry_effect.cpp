@@ -32,12 +32,17 @@ void TieRecords(cConnection& book, const PostedIds& ids) {
 
 }  // namespace
 
-PostedIds PostRows(cConnection& book, const EntryRows& rows) {
+PostedIds AddRows(cConnection& book, const EntryRows& rows) {
     PostedIds ids;
     AddKindRows(book, rows, ids);
     if (rows.record1) ids.record1 = AddRecordRow(book, *rows.record1, ids.main);
     if (rows.record2) ids.record2 = AddRecordRow(book, *rows.record2, ids.main);
     TieRecords(book, ids);
+    return ids;
+}
+
+PostedIds PostRows(cConnection& book, const EntryRows& rows) {
+    const PostedIds ids = AddRows(book, rows);
     if (Val(rows.main.sPic) > 0) ClaimPictures(book, ids.main, ids.second);
     MoveBalances(book, ids, Effect::apply);
     return ids;
@@ -104,6 +109,17 @@ void MoveBalances(cConnection& book, const PostedIds& ids, Effect effect) {
     UpdateBalance(book, ids.record2, Chart::accounts, effect);
 }
 
+void MoveChartRow(cConnection& book, Chart chart, const QString& code, double value, qint64 sign,
+                  Effect effect) {
+    const QString amount = u' ' + SqlNumber(value);
+    const QString op = effect == Effect::apply ? u"+"_s : u"-"_s;
+    const QString opposite = effect == Effect::apply ? u"-"_s : u"+"_s;
+    const QString change =
+        sign == 1 ? u" set nAdd= nAdd "_s + op + amount + u", Money= Money "_s + op + amount
+                  : u" set nReduce= nReduce "_s + op + amount + u", Money= Money "_s + opposite + amount;
+    book.Execute(u"update "_s + TableOf(chart).table.toLower() + change + u" where Sort1="_s + Quote(code));
+}
+
 void UpdateBalance(cConnection& book, qint64 rowId, Chart chart, Effect effect) {
     if (rowId == -1) return;
     const auto& names = TableOf(chart);
@@ -120,11 +136,5 @@ void UpdateBalance(cConnection& book, qint64 rowId, Chart chart, Effect effect) 
         sign = row.Int(1);
         code = row.Text(2);
     }
-    const QString amount = u' ' + SqlNumber(value);
-    const QString op = effect == Effect::apply ? u"+"_s : u"-"_s;
-    const QString opposite = effect == Effect::apply ? u"-"_s : u"+"_s;
-    const QString change =
-        sign == 1 ? u" set nAdd= nAdd "_s + op + amount + u", Money= Money "_s + op + amount
-                  : u" set nReduce= nReduce "_s + op + amount + u", Money= Money "_s + opposite + amount;
-    book.Execute(u"update "_s + names.table.toLower() + change + u" where Sort1="_s + Quote(code));
+    MoveChartRow(book, chart, code, value, sign, effect);
 }

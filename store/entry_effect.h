@@ -23,6 +23,9 @@ struct EntryRows {
 
 enum class Effect { apply, takeBack };
 
+/// Writes the rows under new ids and ties them; pictures and balances stay as they are.
+PostedIds AddRows(cConnection& book, const EntryRows& rows);
+
 /// Writes the rows under new ids, ties them, gives them the pictures that were kept for a new entry (when the
 /// main row counts some), and moves the balances last.
 PostedIds PostRows(cConnection& book, const EntryRows& rows);
@@ -52,6 +55,10 @@ bool RemoveRecord(cConnection& book, qint64 record);
 
 /// UpdateBalance for all rows of an entry.
 void MoveBalances(cConnection& book, const PostedIds& ids, Effect effect);
+
+/// Moves the totals of the chart row of a code by an amount: nAdd for a sign of 1, otherwise nReduce.
+void MoveChartRow(cConnection& book, Chart chart, const QString& code, double value, qint64 sign,
+                  Effect effect);
 
 /// Applies or takes back one row's effect on its chart row. rowId is a tAccount id for kinds and a
 /// tSubAccItem id for accounts; -1 and a vanished row do nothing. Reads the stored row, so a reversal has to

@@ -39,11 +39,14 @@ class Notice {
 /// All notices of the program. They live as long as the process. Whoever writes emits, after the last commit
 /// of an action and once for it; a long job tells once at its end, also when it was stopped or has failed.
 struct ProgramNotices {
-    Notice<> entriesChanged;     ///< entries, their records and with them the balances of both charts
-    Notice<Chart> chartChanged;  ///< rows of a chart, and entries that carry their codes or opening balances
-    Notice<> booksChanged;       ///< gBooks has another list of books
-    Notice<> groupingChanged;    ///< nGroup is another
-    Notice<> remindersChanged;   ///< notes, their pictures or messages; the number on the logo
+    Notice<> entriesChanged;      ///< entries, their records and with them the balances of both charts
+    Notice<Chart> chartChanged;   ///< rows of a chart, and entries that carry their codes or opening balances
+    Notice<> booksChanged;        ///< gBooks has another list of books
+    Notice<> groupingChanged;     ///< nGroup is another
+    Notice<> remindersChanged;    ///< notes, their pictures or messages; the number on the logo
+    Notice<> webRowsChanged;      ///< entries of the web ledger that wait, or their history
+    Notice<int, QString> webTip;  ///< what the main window tells of the web ledger: SetWebTip(kind, text)
+    Notice<bool> webBusy;         ///< a request that the user has asked for runs
 };
 
 ProgramNotices& Notices();

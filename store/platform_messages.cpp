@@ -1,5 +1,6 @@
 #include "store/platform_messages.h"
 
+#include "store/dates.h"
 #include "store/notices.h"
 #include "store/state.h"
 
@@ -47,6 +48,30 @@ std::optional<PlatformMessage> FindMessage(qint64 id) {
 
 void MarkMessageRead(qint64 id) {
     State().gSetDB.Execute(u"update tAd set bWakeOk=1 where id1="_s + QString::number(id));
+    Notices().remindersChanged.Emit();
+}
+
+void RemindOfWebEntries(const QString& title) {
+    auto& settings = State().gSetDB;
+    if (!settings.IsOpen()) return;
+    auto row = settings.OpenRecordset(u"select * from tAd where iid=0"_s);
+    if (!row.Eof() && row.Int(u"bWakeOk") == 0) return;
+    if (row.Eof()) {
+        row.AddRow();
+        row.Set(u"iid", 0);
+    }
+    row.Set(u"Title1", title);
+    row.Set(u"Date1", TodayText(u"-"_s));
+    row.Set(u"Time1", TimeText(false));
+    row.Set(u"bWakeOk", 0);
+    row.Update();
+    Notices().remindersChanged.Emit();
+}
+
+void CloseWebReminder() {
+    auto& settings = State().gSetDB;
+    if (!settings.IsOpen()) return;
+    settings.Execute(u"update tAd set bWakeOk=1 where iid=0"_s);
     Notices().remindersChanged.Emit();
 }
 

@@ -20,5 +20,10 @@ int UnreadMessageCount();
 std::optional<PlatformMessage> FindMessage(qint64 id);
 /// Tells that reminders have changed.
 void MarkMessageRead(qint64 id);
+/// The one message on entries that wait in the web ledger (its iid is 0): made, or opened again with a new
+/// title when it was read; one that is unread stays as it is.
+void RemindOfWebEntries(const QString& title);
+/// They have been fetched.
+void CloseWebReminder();
 /// Removes those of the messages that are read; how many that were. The notice is the caller's.
 int DeleteReadMessages(const std::vector<qint64>& ids);

@@ -21,6 +21,7 @@ struct Column {
 
 constexpr auto kGeneral = SettingGroup::general;
 constexpr auto kWeb = SettingGroup::web;
+constexpr auto kWebOk = u"bWebOk";
 
 std::span<const Column> Columns() {
     static const Column columns[] = {
@@ -29,6 +30,7 @@ std::span<const Column> Columns() {
         {u"sWebName", &Settings::sWebName, {kGeneral, kWeb}},
         {u"sWebPass", &Settings::sWebPass, {kGeneral, kWeb}},
         {u"sWebBook", &Settings::sWebBook, {kWeb}},
+        {kWebOk, &Settings::bWebOk, {kWeb}},
         {u"sDBPath", &Settings::sDBPath, {kGeneral, SettingGroup::box}},
         {u"nShowAgentIco", &Settings::nShowAgentIco, {kGeneral}},
         {u"sLogDateTime", &Settings::sLogDateTime, {}},
@@ -45,6 +47,11 @@ QString SqlValue(const Settings& settings, const Column& column) {
 
 QString Assignment(const Settings& settings, const Column& column) {
     return QString::fromUtf16(column.name) + u'=' + SqlValue(settings, column);
+}
+
+// A file of an older version that could not be upgraded has no column for the web flag.
+bool IsThere(cConnection& file, const Column& column) {
+    return column.name != kWebOk || file.OpenRecordset(u"select * from tSetting where 0"_s).Has(column.name);
 }
 
 bool BelongsToUser(const Column& column) {
@@ -68,7 +75,7 @@ void ReadSettings(cConnection& file, Settings& settings) {
 void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group) {
     QStringList values;
     for (const auto& column : Columns())
-        if (std::ranges::find(column.groups, group) != std::end(column.groups))
+        if (std::ranges::find(column.groups, group) != std::end(column.groups) && IsThere(file, column))
             values << Assignment(settings, column);
     Transaction all(file);
     file.Execute(u"update tSetting set "_s + values.join(u','));
@@ -97,6 +104,7 @@ void SetSettingKey(cConnection& file, const QString& key, const QString& value) 
 }
 
 void ForgetUser(Settings& settings) {
+    settings.bWebOk = 0;
     for (const auto& column : Columns())
         if (BelongsToUser(column)) (settings.*std::get<QString Settings::*>(column.member)).clear();
 }

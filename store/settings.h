@@ -12,6 +12,7 @@ struct Settings {
     int nGroup = 3;  ///< digits per group of an amount: 3 or 4, otherwise none
     int nHtmPageSize = 50;
     QString sWebName, sWebPass, sWebBook;
+    int bWebOk = 0;  ///< 1: the web service has accepted the user
     QString sDBPath;
     int nShowAgentIco = 1;
     QString sLogDateTime;    ///< the last start of the main window
@@ -25,7 +26,8 @@ void ReadSettings(cConnection& file, Settings& settings);
 /// Columns that are written together.
 enum class SettingGroup { general, web, box };
 /// Writes the columns of a group in one transaction: LoadDate with the general ones, and the box's real
-/// spelling where the box is.
+/// spelling where the box is. A web flag
+/// that the file has no column for stays in memory.
 void WriteSettings(cConnection& file, const Settings& settings, SettingGroup group);
 
 /// A value of tSetting2; nullopt when the key is missing.

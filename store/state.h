@@ -26,6 +26,12 @@ struct DialogRecord {
     QString Text5, Text6;
 };
 
+/// What is known of the web ledger's service, as the main window tells it.
+struct WebStatus {
+    QString word;   ///< empty until the first answer
+    QString count;  ///< entries that wait on the site; empty while unknown
+};
+
 struct ProgramState {
     std::vector<BookRecord> gBooks{1};
     int gCurBook = 0;
@@ -48,6 +54,7 @@ struct ProgramState {
     bool gSettingsTold = false;      ///< that the settings file cannot be written has been told
     qint32 gRunHandle = 0;           ///< random number of this run, the channel's name to a second copy
     Settings settings;
+    WebStatus web;
 };
 
 ProgramState& State();

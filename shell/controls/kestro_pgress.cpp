@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kHeight = 22, kFoot = 3;
+constexpr int kStepMs = 50, kStep = 3, kWay = 100;
+constexpr double kPiece = 0.25;
 
 QString Grouped(int n) {
     return GroupText(QString::number(n), State().settings.nGroup, u","_s, u"0"_s);
@@ -25,6 +27,11 @@ KestroPGress::KestroPGress(QWidget* parent) : QWidget(parent) {
     setCursor(Qt::PointingHandCursor);
     setToolTip(u"单击可以停止"_s);
     setAccessibleName(u"进度"_s);
+    step_.setInterval(kStepMs);
+    step_.callOnTimeout([this] {
+        phase_ = (phase_ + kStep) % kWay;
+        update();
+    });
 }
 
 QSize KestroPGress::sizeHint() const {
@@ -47,18 +54,35 @@ void KestroPGress::SetValue(int value) {
     update();
 }
 
+void KestroPGress::SetWaiting(const QString& text) {
+    waiting_ = text;
+    phase_ = 0;
+    if (text.isEmpty())
+        step_.stop();
+    else
+        step_.start();
+    update();
+}
+
+QRect KestroPGress::Filled() const {
+    const int range = maximum_ - minimum_, room = width() - 2;
+    const auto part = [room](double share) { return static_cast<int>(std::lround(room * share)); };
+    if (!waiting_.isEmpty()) return {1 + part((1 - kPiece) * phase_ / kWay), 1, part(kPiece), height() - 2};
+    return {1, 1, part(range > 0 ? double(value_ - minimum_) / range : 0), height() - 2};
+}
+
 void KestroPGress::paintEvent(QPaintEvent*) {
     QPainter p(this);
     Skin::Box(p, rect(), 4, Skin::Color(Tok::surface), Skin::Color(Tok::box));
-    const int range = maximum_ - minimum_, room = width() - 2;
-    const double share = range > 0 ? double(value_ - minimum_) / range : 0;
-    const QRect done(1, 1, static_cast<int>(std::lround(room * share)), height() - 2);
+    const QRect done = Filled();
     p.fillRect(done, Skin::Color(Tok::soft));
     p.fillRect(done.adjusted(0, done.height() - kFoot, 0, 0), Skin::Color(Tok::accent));
     Skin::Box(p, rect(), 4, Qt::transparent, Skin::Color(Tok::box));
     p.setFont(Skin::Font(Type::small));
     p.setPen(Skin::Color(Tok::text));
-    p.drawText(rect(), Qt::AlignCenter, Grouped(value_ / unit_) + u" / "_s + Grouped(maximum_ / unit_));
+    const QString told =
+        waiting_.isEmpty() ? Grouped(value_ / unit_) + u" / "_s + Grouped(maximum_ / unit_) : waiting_;
+    p.drawText(rect(), Qt::AlignCenter, told);
 }
 
 void KestroPGress::mouseReleaseEvent(QMouseEvent* event) {

@@ -353,7 +353,13 @@ TEST_F(BookWindows, GeneralSettingsChangeMemoryAtOnceAndTheFileAtSaving) {
     Find<QAbstractButton>(page, "btnSave")->click();
     EXPECT_EQ(stored(), QStringList{u"70|0|0"_s});
     EXPECT_EQ(settings.nGroup, 0);
-    EXPECT_FALSE(Find<QWidget>(page, "btnValidate")->isEnabled());
+    QStringList typed;
+    Commands().webValidate = [&](const QString& user, const QString& pass) { typed = {user, pass}; };
+    Find<KestroText>(page, "txtWebUserName")->setText(u"lin"_s);
+    Find<KestroText>(page, "txtWebPass")->setText(u"geheim"_s);
+    Find<QAbstractButton>(page, "btnValidate")->click();
+    EXPECT_EQ(typed, (QStringList{u"lin"_s, u"geheim"_s}));
+    EXPECT_TRUE(Find<QWidget>(page, "btnAccount")->isEnabled());
     EXPECT_TRUE(Find<KestroLabel>(page, "lblTip10")->toolTip().startsWith(u"如数字【８１２００】"_s));
 }
 

@@ -86,7 +86,7 @@ class FakePage : public Page {
 TEST_F(Frame, StandsOnTheEntryPageWithItsBookAndTime) {
     EXPECT_EQ(State().gPage, kPageAccount);
     EXPECT_EQ(frame_->SelectedTab(), 0);
-    frame_->SetFormTab(kTabWeb);  // no page there
+    frame_->SetFormTab(kTabs);  // no page there
     EXPECT_EQ(frame_->CurrentTab(), 0);
     EXPECT_EQ(Rows(State().gSetDB, u"select sLogDateTime from tSetting"_s),
               QStringList{u"2016-09-03 14:16:20"_s});

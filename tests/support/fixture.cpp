@@ -70,6 +70,9 @@ Fixture::~Fixture() {
     Notices().entriesChanged.Clear();
     Notices().groupingChanged.Clear();
     Notices().remindersChanged.Clear();
+    Notices().webRowsChanged.Clear();
+    Notices().webTip.Clear();
+    Notices().webBusy.Clear();
 }
 
 void Fixture::SetClock(const QString& moment) {

@@ -9,6 +9,7 @@
 #include "store/settings_file.h"
 #include "store/state.h"
 #include "tools/drive/request.h"
+#include "web/network.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -131,6 +132,7 @@ int main(int argc, char** argv) {
             stderr);
         return 1;
     }
+    Web().send = NetworkSend();
     State().gDataDir =
         options.data.isEmpty() ? UsualDataFolder() : QFileInfo(options.data).absoluteFilePath();
     const QString refused = OpenBook(options);
@@ -140,5 +142,7 @@ int main(int argc, char** argv) {
     }
     for (std::string line; std::getline(std::cin, line);)
         if (!line.empty()) Print(AnswerLine(line));
+    Web().Drop();
+    Web().send = {};
     return 0;
 }

@@ -53,6 +53,7 @@ std::span<const Request> OutputRequests();
 std::span<const Request> PictureRequests();
 std::span<const Request> PrintRequests();
 std::span<const Request> TextRequests();
+std::span<const Request> WebRequests();
 
 /// The filter fields kind, text, date1, date2, mark; and page.
 EntryFilter FilterOf(const QJsonObject& request);

@@ -1,0 +1,188 @@
+#include "tests/support/web_service.h"
+
+#include <QHostAddress>
+#include <QPointer>
+#include <QStringDecoder>
+#include <QStringEncoder>
+#include <QTcpSocket>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray Head(int status, const QByteArray& more) {
+    return "HTTP/1.1 " + QByteArray::number(status) + " X\r\nConnection: close\r\n" + more + "\r\n";
+}
+
+QString Area(const QString& name, const QString& text) {
+    return u"<tr><td>"_s + name + u"<td><TextArea Name="_s + name + u">"_s + text.toHtmlEscaped() +
+           u"</TextArea>\n"_s;
+}
+
+QString Box(const QString& name, const QString& text) {
+    return u"<tr><td><INPUT name=\""_s + name + u"\" VALUE=\""_s + text.toHtmlEscaped() + u"\">\n"_s;
+}
+
+}  // namespace
+
+WebService::WebService(quint16 port) {
+    server_.listen(QHostAddress::LocalHost, port);
+    QObject::connect(&server_, &QTcpServer::newConnection, [this] {
+        while (auto* socket = server_.nextPendingConnection()) {
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Take(socket); });
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        }
+    });
+}
+
+QString WebService::Base() const {
+    return u"http://127.0.0.1:"_s + QString::number(server_.serverPort());
+}
+
+void WebService::Take(QTcpSocket* socket) {
+    const QByteArray all = socket->peek(socket->bytesAvailable());
+    const auto end = all.indexOf("\r\n\r\n");
+    if (end < 0) return;
+    const QByteArray head = all.left(end);
+    qsizetype length = 0;
+    for (const auto& line : head.split('\n'))
+        if (line.toLower().startsWith("content-length:"))
+            length = line.mid(line.indexOf(':') + 1).trimmed().toInt();
+    if (all.size() < end + 4 + length) return;
+    socket->readAll();
+    const auto words = head.left(head.indexOf("\r\n")).split(' ');
+    Asked asked{
+        words.value(0), words.value(1).split('?').value(0), words.value(1).split('?').value(1), {}, {}};
+    asked.script = QString::fromLatin1(asked.path.mid(asked.path.lastIndexOf('/') + 1));
+    const bool form = asked.method == "POST";
+    const bool upload = asked.script == action.section(u'/', -1);
+    asked.fields = FieldsOf(form ? all.mid(end + 4, length) : asked.query, upload);
+    seen << QString::fromLatin1(asked.method) + u' ' + asked.script;
+    last = asked.fields;
+    Answer(socket, asked);
+}
+
+QMap<QString, QString> WebService::FieldsOf(const QByteArray& encoded, bool inCharset) const {
+    QStringDecoder decoder(inCharset ? charset.constData() : "utf-8", QStringDecoder::Flag::Stateless);
+    const auto text = [&](QByteArray bytes) -> QString {
+        return decoder.decode(QByteArray::fromPercentEncoding(bytes.replace('+', ' ')));
+    };
+    QMap<QString, QString> fields;
+    for (const auto& pair : encoded.split('&'))
+        if (const auto at = pair.indexOf('='); at > 0)
+            fields.insert(text(pair.left(at)), text(pair.mid(at + 1)));
+    return fields;
+}
+
+QByteArray WebService::Encoded(const QString& page) const {
+    QString lines = page;
+    if (crlf) lines.replace(u"\n"_s, u"\r\n"_s);
+    QStringEncoder encoder(charset.constData());
+    return encoder.encode(lines);
+}
+
+void WebService::Trickle(QTcpSocket* socket, const QByteArray& bytes, int everyMs, bool again) {
+    auto* timer = new QTimer(socket);
+    auto rest = std::make_shared<QByteArray>(bytes);
+    QObject::connect(timer, &QTimer::timeout, socket, [=] {
+        socket->write(again ? *rest : rest->left(1));
+        if (!again) rest->remove(0, 1);
+        if (rest->isEmpty()) timer->stop();
+    });
+    timer->start(everyMs);
+}
+
+void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
+    const QByteArray type = "Content-Type: text/html; charset=" + charset + "\r\n";
+    const Mood mood = moods.value(asked.script, Mood::good);
+    const auto send = [&](const QByteArray& bytes) {
+        socket->write(bytes);
+        socket->disconnectFromHost();
+    };
+    const auto redirect = [&](const QByteArray& to) {
+        send(Head(302, "Location: " + to + "\r\nContent-Length: 0\r\n"));
+    };
+    const auto page = [&] {
+        const QByteArray body = Encoded(PageFor(asked));
+        return Head(200, type + "Content-Length: " + QByteArray::number(body.size()) + "\r\n") + body;
+    };
+    const bool again = asked.path.contains("/again/");
+    switch (mood) {
+        case Mood::reset:
+            return socket->abort();
+        case Mood::half: {
+            const QByteArray whole = page();
+            socket->write(whole.left(whole.size() - 40));
+            socket->flush();
+            return socket->disconnectFromHost();
+        }
+        case Mood::trickle:
+            return Trickle(socket, page(), 20, false);
+        case Mood::late:
+            return QTimer::singleShot(300, socket, [socket, bytes = page()] {
+                socket->write(bytes);
+                socket->disconnectFromHost();
+            });
+        case Mood::never:
+            return;
+        case Mood::endless:
+            socket->write(Head(200, type));
+            return Trickle(socket, QByteArray(1 << 20, ' '), 1, true);
+        case Mood::notFound:
+            return send(Head(404, type) + Encoded(PageFor(asked)));
+        case Mood::broken:
+            return send(Head(500, type) + Encoded(PageFor(asked)));
+        case Mood::leadsAway:
+            return redirect("http://127.0.0.2:9/jotAcc/interface/" + asked.script.toLatin1());
+        case Mood::leadsRound:
+            return redirect(asked.script.toLatin1());
+        case Mood::leadsOn:
+            if (!again) return redirect("again/" + asked.script.toLatin1() + '?' + asked.query);
+            return send(page());
+        case Mood::cut: {
+            const QString whole = PageFor(asked);
+            return send(Head(200, type) + Encoded(whole.left(whole.lastIndexOf(u"</TextArea"_s))));
+        }
+        case Mood::silent:
+            return send(Head(200, type) + "<html><body>Welcome</body></html>");
+        case Mood::good:
+            return send(page());
+    }
+}
+
+QString WebService::UploadForm() const {
+    return u"<table><form action="_s + action + u" method="_s + QString::fromLatin1(method) +
+           u"><tr><td><input name=txtUser><input type=Hidden name=sid value='青 1'>\n"_s +
+           u"<tr><td><input type=text name=txtBookName><input type=PASSWORD name=txtPass>\n"_s +
+           Area(u"txtKind"_s, {}) + Area(u"txtAcc"_s, {}) +
+           u"<tr><td><input type=checkbox name=skipped value=1><input type=submit name=go value=提交></form></table>\n"_s;
+}
+
+QString WebService::PageFor(const Asked& asked) {
+    const QString user = asked.fields.value(u"user"_s), given = asked.fields.value(u"pass"_s);
+    const bool known = users.contains(user) && users.value(user) == given;
+    const QString ret = Box(u"txtRet"_s, known ? u"2"_s : u"-1"_s);
+    QString body;
+    if (asked.script == u"getRegState.asp") body = ret;
+    if (asked.script == u"getRegInfo.asp")
+        body = ret + Area(u"txtInfo"_s, known ? book + u"\n青禾工作室\n2016"_s : u"?"_s);
+    if (asked.script == u"getListCount.asp")
+        body = ret + (known ? Box(u"txtCount"_s, count.isEmpty() ? QString::number(entries.size()) : count)
+                            : QString());
+    if (asked.script == u"getListData.asp")
+        body =
+            ret + (known ? Box(u"txtDataRet"_s, book) + Area(u"txtData"_s, entries.join(u'\n')) : QString());
+    if (asked.script == u"getListDel.asp") {
+        if (known && forgets) entries.clear();
+        body = Box(u"txtRet"_s, u"1"_s);
+    }
+    if (asked.script == u"upKindAcc.asp") return known ? UploadForm() : ret;
+    if (asked.script == action.section(u'/', -1)) {
+        uploads.push_back(asked.fields);
+        body = Box(u"txtUpload"_s, uploadResult);
+    }
+    return u"<HTML><head><meta http-equiv=Content-Type content=\"text/html; charset="_s +
+           QString::fromLatin1(charset) + u"\"><title>墨鹊网账</title><body><table>\n"_s + body +
+           u"</table></body></html>\n"_s;
+}

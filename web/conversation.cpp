@@ -1,0 +1,122 @@
+#include "web/conversation.h"
+
+#include "store/messages.h"
+#include "store/state.h"
+#include "web/page_reader.h"
+#include "web/upload_form.h"
+#include "web/web_tip.h"
+
+using namespace Qt::StringLiterals;
+
+const QString kCannotReach = u"无法访问：您是否已联网？"_s;
+
+namespace {
+
+const QString kNoAnswer = u"网站没有正常回答"_s;
+
+WebScript FirstScript(WebTalk talk) {
+    switch (talk) {
+        case WebTalk::state:
+            return WebScript::regState;
+        case WebTalk::validate:
+            return WebScript::userInfo;
+        case WebTalk::count:
+            return WebScript::listCount;
+        case WebTalk::fetch:
+            return WebScript::listData;
+        case WebTalk::upload:
+            return WebScript::upKindAcc;
+    }
+    return {};
+}
+
+QString WordOf(WebTalk talk) {
+    return talk == WebTalk::validate ? u"验证"_s : talk == WebTalk::upload ? u"上传"_s : u"收取"_s;
+}
+
+// Nobody sits before a check: it brings the count and the state of the user, and opens no box.
+bool IsForCheck(const QString& field) {
+    return field == u"txtRet" || field == u"txtCount" || field == u"txtDataRet";
+}
+
+}  // namespace
+
+WebConversation::WebConversation(WebTalk talk, const QString& user, const QString& pass)
+    : talk_(talk),
+      user_(user.isEmpty() ? State().settings.sWebName : user),
+      pass_(user.isEmpty() ? State().settings.sWebPass : pass),
+      fields_(user, pass) {}
+
+std::optional<WebRequest> WebConversation::First() {
+    const QString refused = WebBase().isEmpty() ? u"未设置网账服务的地址!"_s
+                            : user_.isEmpty()   ? u"无效用户!"_s
+                                                : QString();
+    if (refused.isEmpty()) return Ask(FirstScript(talk_));
+    if (IsAsked()) ShowMsg(refused);
+    return {};
+}
+
+WebRequest WebConversation::Ask(WebScript script) const {
+    return RequestFor(script, user_, pass_);
+}
+
+std::optional<WebRequest> WebConversation::Take(const WebReply& reply) {
+    const auto page =
+        reply.failure.isEmpty() ? ReadPage(reply.body, CharsetOfHeader(reply.contentType)) : WebPage{};
+    QString failure = reply.failure.isEmpty() ? page.fault : reply.failure;
+    if (failure.isEmpty() && page.cut) failure = u"网站的回答不完整"_s;
+    if (!failure.isEmpty()) {
+        Fail(failure);
+        return {};
+    }
+    Handle(MessagesOf(page));
+    auto next = After(page, reply.url);
+    if (!next) End();
+    return next;
+}
+
+std::optional<WebRequest> WebConversation::TakeFields(
+    const std::vector<std::pair<QString, QString>>& fields) {
+    Handle(fields);
+    return After({}, {});
+}
+
+void WebConversation::Handle(const std::vector<std::pair<QString, QString>>& fields) {
+    for (const auto& [name, value] : fields)
+        if (IsAsked() || IsForCheck(name)) fields_.Handle(name, value);
+}
+
+std::optional<WebRequest> WebConversation::After(const WebPage& page, const QUrl& from) {
+    if (fields_.delivered && !toldSite_) {
+        toldSite_ = true;
+        return Ask(WebScript::listDel);
+    }
+    if (talk_ != WebTalk::upload || !fields_.formMet || sentForm_) return {};
+    sentForm_ = true;
+    return FillUploadForm(page, from);
+}
+
+void WebConversation::End() {
+    SetWebTip(kTipState, fields_.refused ? u"用户无效"_s : QString());
+    if (talk_ == WebTalk::validate && fields_.hasInfo && !fields_.refused) {
+        ShowMsg(u"验证成功!"_s, u"确定"_s, kMsgDone);
+        return;
+    }
+    if (!IsAsked() || fields_.answered) return;
+    if (talk_ == WebTalk::validate)
+        ShowMsg(u"用户名或密码错 或 无效获取验证信息!"_s, u"确定"_s, kMsgFail);
+    else if (fields_.refused)
+        ShowMsg(u"无效用户!"_s, u"确定"_s, kMsgFail);
+    else
+        ShowMsg(WordOf(talk_) + u"失败："_s + kNoAnswer, u"确定"_s, kMsgFail);
+}
+
+void WebConversation::Fail(const QString& reason) {
+    failed_ = true;
+    SetWebTip(kTipState, u"无法访问"_s);
+    if (!IsAsked()) return;
+    if (toldSite_)
+        ShowMsg(u"记账已收到，但未能通知网站："_s + reason + u"\n下次收取时，可能会再次收到这些记账。"_s);
+    else
+        ShowMsg(WordOf(talk_) + u"失败："_s + reason, u"确定"_s, kMsgFail);
+}
