@@ -107,7 +107,17 @@ void OpenIt(Tour& tour) {
             auto* w = WindowWith("barTip");
             return w && CurrentBook().Name.contains(u"2017"_s) ? w : nullptr;
         },
-        [&tour](QWidget* w) { tour.Picture(w, u"39-first-list"_s); });
+        [](QWidget*) {
+            auto* kinds = dynamic_cast<KestroCombox*>(Control(PageOfCode(kPageAccount), "comKind"));
+            if (kinds->SetCurrentKey(u"0101"_s)) kinds->onChoose(kinds->text(), u"0101"_s);
+        });
+    tour.Add(
+        u"balance that came along"_s,
+        [] {
+            auto* page = PageOfCode(kPageAccount);
+            return dynamic_cast<KestroList*>(Control(page, "KestroList1"))->RowCount() == 1 ? page : nullptr;
+        },
+        [&tour](QWidget* page) { tour.Picture(page->window(), u"39-first-list"_s); });
 }
 
 }  // namespace
