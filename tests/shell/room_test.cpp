@@ -129,7 +129,7 @@ TEST_F(Room, PagesOfTheFrame) {
         frame.show();
         for (const QSize size : {QSize(1100, 700), QSize(666, 533)}) {
             frame.SetNamedSize(size.boundedTo(frame.screen()->availableGeometry().size()));
-            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabNote, kTabSetting}) {
+            for (const Tab tab : {kTabAccount, kTabSubAcc, kTabWeb, kTabNote, kTabSetting}) {
                 frame.SetFormTab(tab);
                 Check(*frame.GetWinhWnd(tab), "page", points);
             }

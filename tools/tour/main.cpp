@@ -14,6 +14,7 @@
 #include "tools/tour/see_answers.h"
 #include "tools/tour/see_books.h"
 #include "tools/tour/see_notes.h"
+#include "tools/tour/see_web.h"
 #include "tools/tour/tour.h"
 
 #include <QApplication>
@@ -287,6 +288,7 @@ int main(int argc, char** argv) {
     SeeAnswers(tour);
     SeeNotes(tour);
     SeeBooks(tour);
+    SeeWeb(tour);
     tour.Start();
     const int code = QApplication::exec();
     TellAgent(1);
