@@ -1,6 +1,7 @@
 #include "books/carry_forward.h"
 
 #include "store/book_box.h"
+#include "store/book_format.h"
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/session.h"
@@ -168,14 +169,11 @@ void CarryAccounts(cConnection& book, const Reference& reference, const CarryCho
 }
 
 void WriteValues(cConnection& book, const BookForm& form) {
-    const auto set = [&](const QString& key, const QString& value) {
-        book.Execute(u"Update tSet set note1="_s + Quote(value) + u" where key1="_s + Quote(key));
-    };
     Transaction all(book);
-    set(u"pass"_s, form.pass);
-    set(u"year"_s, form.year);
-    set(u"booknote"_s, form.note);
-    set(u"CreateDate"_s, TodayText(u"-"_s));
+    SetBookKey(book, u"pass"_s, form.pass);
+    SetBookKey(book, u"year"_s, form.year);
+    SetBookKey(book, u"booknote"_s, form.note);
+    SetBookKey(book, u"CreateDate"_s, TodayText(u"-"_s));
     all.Commit();
 }
 
