@@ -21,13 +21,10 @@ QString KeyOf(cConnection& file, const QString& key) {
 void WriteChange(const BookRecord& book, const BookForm& form) {
     cConnection file;
     OpenFileOf(book, file, {});
-    const auto set = [&](const QString& key, const QString& value) {
-        file.Execute(u"update tSet set note1="_s + Quote(value) + u" where key1="_s + Quote(key));
-    };
     Transaction all(file);
-    set(u"booknote"_s, form.note);
-    set(u"year"_s, form.year);
-    set(u"pass"_s, form.pass);
+    SetBookKey(file, u"booknote"_s, form.note);
+    SetBookKey(file, u"year"_s, form.year);
+    SetBookKey(file, u"pass"_s, form.pass);
     all.Commit();
 }
 

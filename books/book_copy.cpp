@@ -71,7 +71,7 @@ BookCopy CopyLocked(const BookRecord& book, const QString& to, const GoOn& step)
         return Failed(reason.isEmpty() ? failed.description : reason);
     }
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return Failed(kUnreadable);
-    const auto copy = CopyBytes(from, to, step);
+    auto copy = CopyBytes(from, to, step);
     lock.Close();
     return copy;
 }
@@ -111,7 +111,7 @@ BookCopy CopyBook(const BookRecord& book, const QString& folder, const QString& 
     if (!file.rivals.isEmpty()) return Failed(RivalsText(file.rivals));
     if (!file.exists) return {BookCopy::gone, {}};
     const QString target = folder + u'/' + name, part = target + u".part"_s;
-    const auto copy = CopyWhole(book, part, target, step);
+    auto copy = CopyWhole(book, part, target, step);
     if (copy.result != BookCopy::done) QFile::remove(part);
     return copy;
 }

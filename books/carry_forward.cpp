@@ -1,6 +1,7 @@
 #include "books/carry_forward.h"
 
 #include "store/book_box.h"
+#include "store/book_format.h"
 #include "store/dates.h"
 #include "store/money.h"
 #include "store/session.h"
@@ -31,21 +32,22 @@ struct Reference {
     std::optional<Counter> kindIds, accountIds;
 };
 
-QString ValueOf(const cReader& row, const QString& column) {
-    const int at = row.ColumnOf(column);
-    if (at < 0 || row.IsNull(at)) return u"null"_s;
-    return row.IsNumber(at) ? row.Text(at) : Quote(row.Text(at));
+QString ValueOf(const cReader& row, int column) {
+    if (column < 0 || row.IsNull(column)) return u"null"_s;
+    return row.IsNumber(column) ? row.Text(column) : Quote(row.Text(column));
 }
 
 std::vector<ChartRow> ReadRows(cConnection& book, const QString& table, const QStringList& columns) {
     std::vector<ChartRow> rows;
     auto row = book.Read(u"select * from "_s + table);
     const int code = row.ColumnOf(u"Sort1"), name = row.ColumnOf(u"Name1"), money = row.ColumnOf(u"Money");
+    std::vector<int> copied;
+    for (const auto& column : columns)
+        copied.push_back(row.ColumnOf(column));
     while (row.Next()) {
-        ChartRow one{{}, row.Text(code), row.Text(name), row.Number(money)};
-        for (const auto& column : columns)
-            one.copied << ValueOf(row, column);
-        rows.push_back(std::move(one));
+        rows.push_back({{}, row.Text(code), row.Text(name), row.Number(money)});
+        for (const int column : copied)
+            rows.back().copied << ValueOf(row, column);
     }
     return rows;
 }
@@ -102,33 +104,49 @@ QStringList Totals(double money) {
     return {SqlNumber(money), SqlNumber(money > 0 ? money : 0), SqlNumber(money < 0 ? money : 0)};
 }
 
-QStringList EntryValues(qint64 id, const ChartRow& kind, const BookForm& form) {
+// What is the same in each carried entry.
+struct EntryParts {
+    explicit EntryParts(const BookForm& form)
+        : note(Quote(u"参考账本:【"_s + form.reference + u"】"_s)), date(Quote(form.year + u"-01-01"_s)) {}
+    const QString title = Quote(u"新建账本结转余额"_s), note, date, time = Quote(u"01:01"_s);
+};
+
+QStringList EntryValues(qint64 id, const ChartRow& kind, const EntryParts& same) {
     return {QString::number(id),
-            Quote(u"新建账本结转余额"_s),
+            same.title,
             Quote(kind.code),
             Quote(kind.name),
             SqlNumber(std::fabs(kind.money)),
             u"1"_s,
-            Quote(u"参考账本:【"_s + form.reference + u"】"_s),
-            Quote(form.year + u"-01-01"_s),
-            Quote(u"01:01"_s),
+            same.note,
+            same.date,
+            same.time,
             kind.money >= 0 ? u"1"_s : u"-1"_s};
 }
 
 QString InBrackets(const QStringList& values) {
-    return u'(' + values.join(u',') + u')';
+    constexpr qsizetype kUsual = 160;
+    QString row;
+    row.reserve(kUsual);
+    row += u'(';
+    for (const auto& value : values) {
+        if (row.size() > 1) row += u',';
+        row += value;
+    }
+    return row += u')';
 }
 
 void CarryKinds(cConnection& book, const Reference& reference, const BookForm& form) {
     static const QStringList entryColumns{u"Id1"_s,   u"Title1"_s, u"Type1"_s, u"TypeName1"_s, u"Value1"_s,
                                           u"Mark1"_s, u"Note1"_s,  u"Date1"_s, u"Time1"_s,     u"nSign"_s};
     static const QStringList totals{u"Money"_s, u"nAdd"_s, u"nReduce"_s};
+    const EntryParts same(form);
     QStringList kinds, entries;
     for (size_t row = 0; row < reference.kinds.size(); ++row) {
         const auto& kind = reference.kinds[row];
         const bool carried = form.carry.kinds && IsMarked(form.carry.kindMarks, row);
         kinds << InBrackets(kind.copied + Totals(carried ? kind.money : 0));
-        if (carried) entries << InBrackets(EntryValues(entries.size() + 1, kind, form));
+        if (carried) entries << InBrackets(EntryValues(entries.size() + 1, kind, same));
     }
     InsertRows(book, u"tKind"_s, KindColumns() + totals, kinds);
     InsertRows(book, u"tAccount"_s, entryColumns, entries);
@@ -151,14 +169,11 @@ void CarryAccounts(cConnection& book, const Reference& reference, const CarryCho
 }
 
 void WriteValues(cConnection& book, const BookForm& form) {
-    const auto set = [&](const QString& key, const QString& value) {
-        book.Execute(u"Update tSet set note1="_s + Quote(value) + u" where key1="_s + Quote(key));
-    };
     Transaction all(book);
-    set(u"pass"_s, form.pass);
-    set(u"year"_s, form.year);
-    set(u"booknote"_s, form.note);
-    set(u"CreateDate"_s, TodayText(u"-"_s));
+    SetBookKey(book, u"pass"_s, form.pass);
+    SetBookKey(book, u"year"_s, form.year);
+    SetBookKey(book, u"booknote"_s, form.note);
+    SetBookKey(book, u"CreateDate"_s, TodayText(u"-"_s));
     all.Commit();
 }
 

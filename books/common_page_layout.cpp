@@ -2,6 +2,7 @@
 
 #include "books/common_page.h"
 #include "shell/commands.h"
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
@@ -18,6 +19,7 @@
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
+using Controls::Named;
 
 namespace {
 
@@ -47,13 +49,6 @@ QString TextOf(Help help) {
         default:
             return {};
     }
-}
-
-template <class Control>
-Control* Named(Control* control, const QString& name, const QString& words) {
-    control->setObjectName(name);
-    control->setAccessibleName(words);
-    return control;
 }
 
 QWidget* Caption(const QString& text, Help help = kNoHelp) {

@@ -1,6 +1,7 @@
 // Controls and layouts of the book window, in the order in which they are visited.
 
 #include "books/frm_book_new.h"
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
@@ -15,6 +16,7 @@
 #include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
+using Controls::Named;
 
 namespace {
 
@@ -22,13 +24,6 @@ constexpr QSize kLeast(760, 332);
 constexpr int kHigher = 130;
 constexpr int kRow = 32, kYear = 120, kBoxes = 56, kLeftWidth = 344, kMoreLeft = 184;
 constexpr int kRing = 3;  // checks keep room for their focus ring
-
-template <class Control>
-Control* Named(Control* control, const QString& name, const QString& words) {
-    control->setObjectName(name);
-    control->setAccessibleName(words);
-    return control;
-}
 
 KestroLabel* Caption(const QString& text, int height = kRow) {
     auto* label = new KestroLabel(text, LabelKind::caption);

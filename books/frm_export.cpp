@@ -77,8 +77,9 @@ void frmExport::Build() {
 
 void frmExport::LayOut() {
     auto* column = new QVBoxLayout(Body());
-    column->setContentsMargins(Skin::Space::kDialog, Skin::Space::kPartner, Skin::Space::kDialog, 16);
-    column->setSpacing(Skin::Space::kField);
+    column->setContentsMargins(Skin::Space::kDialog, Skin::Space::kPartner, Skin::Space::kDialog,
+                               Skin::Space::kField);
+    column->setSpacing(Skin::Space::kPartner);
     auto* where = new QHBoxLayout;
     where->addWidget(lblFolder_, 1);
     where->addWidget(pngbtnPath);

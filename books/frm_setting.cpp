@@ -32,7 +32,7 @@ frmSetting::frmSetting(QWidget* parent) : StripPage(parent) {
     add(u"account"_s, u"账户管理"_s, u"account"_s);
     add(u"book"_s, u"账本管理"_s, u"book"_s);
     strip->onClick = [this](const QString&, const QString& item) { OpenSub(item); };
-    strip->onTip = [](const QString&, const QString&) { return StripTip(); };
+    strip->onTip = [this](const QString&, const QString&) { return Panel(page_) ? StripTip() : QString(); };
     common_ = new CommonPage(this);
     kinds_ = new ChartPanel(Chart::kinds, true, this);
     accounts_ = new ChartPanel(Chart::accounts, true, this);

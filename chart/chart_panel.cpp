@@ -104,13 +104,16 @@ void ChartPanel::Do(Act act) {
 
 void ChartPanel::BuildToolbar(QVBoxLayout* room) {
     auto* toolbar = new Toolbar(this);
-    const std::pair<Act, QString> acts[] = {{Act::add, u"btnNew"_s},
-                                            {Act::edit, u"btnEdit"_s},
-                                            {Act::remove, u"btnDel"_s},
-                                            {Act::exportHtml, u"btnExport"_s},
-                                            {Act::reload, u"btnReload"_s}};
-    for (const auto& [act, name] : acts) {
+    const QString newTip = IsKinds() ? u"新增记账分类到【当前】账本"_s : u"新增账户到【当前】账本"_s;
+    const std::tuple<Act, QString, QString> acts[] = {
+        {Act::add, u"btnNew"_s, newTip},
+        {Act::edit, u"btnEdit"_s, u"修改/查看　选中的列表记录"_s},
+        {Act::remove, u"btnDel"_s, u"删除当前列表记录"_s},
+        {Act::exportHtml, u"btnExport"_s, u"导出记账分类记录"_s},
+        {Act::reload, u"btnReload"_s, {}}};
+    for (const auto& [act, name, tip] : acts) {
         auto* button = toolbar->Add(act, name, [this, act = act] { Do(act); });
+        button->setToolTip(tip);
         if (act == Act::exportHtml) Toolbar::GiveMenu(button, u"export"_s);
     }
     lblTip_ = new KestroLabel(u"当前账本的"_s + TableOf(chart_).word + u"列表（单击左侧导航条会刷新）"_s,

@@ -1,6 +1,7 @@
 // Controls and layouts of the note editor, in the order in which they are visited.
 
 #include "notes/frm_note_new.h"
+#include "shell/controls/control_support.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_calendar.h"
 #include "shell/controls/kestro_check.h"
@@ -14,6 +15,7 @@
 #include <QHBoxLayout>
 
 using namespace Qt::StringLiterals;
+using Controls::Named;
 
 namespace {
 
@@ -32,13 +34,6 @@ QHBoxLayout* RowOf(int spacing, bool rings) {
     row->setContentsMargins(rings ? -kRing : 0, 0, 0, 0);
     row->setSpacing(spacing);
     return row;
-}
-
-template <class Control>
-Control* Named(Control* control, const QString& name, const QString& words) {
-    control->setObjectName(name);
-    control->setAccessibleName(words);
-    return control;
 }
 
 }  // namespace

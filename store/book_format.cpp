@@ -31,6 +31,10 @@ std::optional<QString> BookKey(cConnection& book, const QString& key) {
     return row.Text(u"Note1");
 }
 
+void SetBookKey(cConnection& book, const QString& key, const QString& value) {
+    book.Execute(u"update tSet set note1="_s + Quote(value) + u" where key1="_s + Quote(key));
+}
+
 PassCheck CheckPass(cConnection& book, const QString& text) {
     const auto pass = BookKey(book, u"pass"_s);
     if (!pass) return PassCheck::missing;

@@ -19,6 +19,9 @@ qint64 NewId(cConnection& book, const QString& table);
 /// Value of a key of tSet; nullopt when the key is missing.
 std::optional<QString> BookKey(cConnection& book, const QString& key);
 
+/// Writes the value of a key that stands.
+void SetBookKey(cConnection& book, const QString& key, const QString& value);
+
 enum class PassCheck { right, wrong, missing };
 /// Compares text with the book's password by plain equality.
 PassCheck CheckPass(cConnection& book, const QString& text);

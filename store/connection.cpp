@@ -232,37 +232,6 @@ bool cConnection::IsReadOnly() const {
                 .isWritable();
 }
 
-namespace {
-
-constexpr int kInstructionsPerQuestion = 20000;
-
-// What flies by must not pass through the C library.
-int AskGoOn(void* data) noexcept {
-    auto& core = *static_cast<ConnectionCore*>(data);
-    core.asking = true;
-    try {
-        core.ended = core.ended || !core.goOn();
-    } catch (...) {
-        core.thrown = std::current_exception();
-    }
-    core.asking = false;
-    return core.ended || core.thrown ? 1 : 0;
-}
-
-}  // namespace
-
-StatementWatch::StatementWatch(cConnection& connection, std::function<bool()> goOn)
-    : core_(connection.Core()), outer_(std::exchange(core_.goOn, std::move(goOn))) {
-    core_.ended = false;
-    sqlite3_progress_handler(core_.db, kInstructionsPerQuestion, AskGoOn, &core_);
-}
-
-StatementWatch::~StatementWatch() {
-    core_.goOn = std::move(outer_);
-    core_.ended = false;
-    if (!core_.goOn) sqlite3_progress_handler(core_.db, 0, nullptr, nullptr);
-}
-
 qint64 ConnectionCore::NextSerial() {
     static qint64 last = 0;
     return ++last;

@@ -12,6 +12,14 @@ class QWheelEvent;
 class QWidget;
 
 namespace Controls {
+/// The control under its name, and with the words by which it is read out.
+template <class Control>
+Control* Named(Control* control, const QString& name, const QString& words) {
+    control->setObjectName(name);
+    control->setAccessibleName(words);
+    return control;
+}
+
 /// Focus that came by key shows itself.
 inline bool CameByKey(const QFocusEvent& event) {
     return event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||

@@ -49,8 +49,14 @@ class Tray : public Processes {
         Start(Program(u"JotAgent"_s));
         ASSERT_TRUE(WaitLong([] { return AgentAnswers(); }, 8000));
     }
+    /// The agent may reach a keeper that comes up at the same moment twice.
     bool KeeperHolds(qsizetype times) {
-        return WaitLong([&] { return keeper_.registered.size() == times; }, 3000);
+        return WaitLong([&] { return keeper_.registered.size() >= times; }, 3000);
+    }
+    bool KeeperIsReachedAgain(const std::function<void()>& by) {
+        const auto before = keeper_.registered.size();
+        by();
+        return KeeperHolds(before + 1);
     }
     QString Service() const { return keeper_.registered.value(0); }
     bool IsOnBus() const { return bus_.interface()->isServiceRegistered(Service()); }
@@ -109,17 +115,15 @@ TEST_F(Tray, TheIconReachesAKeeperThatComesLaterOrStartsAnew) {
     ASSERT_TRUE(KeeperHolds(1));
     EXPECT_TRUE(IsOnBus());
     bus_.unregisterService(kKeeper);
-    ASSERT_TRUE(bus_.registerService(kKeeper));
-    ASSERT_TRUE(KeeperHolds(2));
-    EXPECT_EQ(keeper_.registered[0], keeper_.registered[1]);
+    ASSERT_TRUE(KeeperIsReachedAgain([this] { EXPECT_TRUE(bus_.registerService(kKeeper)); }));
+    EXPECT_EQ(keeper_.registered.front(), keeper_.registered.back());
 
     // The setting takes it off the bus, which its keeper sees, and puts it back.
     State().gSetDB.Execute(u"update tSetting set nShowAgentIco=0"_s);
     TellAgent(kCodeRedraw);
     EXPECT_TRUE(WaitLong([this] { return !IsOnBus(); }, 3000));
     State().gSetDB.Execute(u"update tSetting set nShowAgentIco=1"_s);
-    TellAgent(kCodeRedraw);
-    EXPECT_TRUE(KeeperHolds(3));
+    EXPECT_TRUE(KeeperIsReachedAgain([] { TellAgent(kCodeRedraw); }));
     TellAgent(3);
     EXPECT_TRUE(WaitLong([this] { return !IsOnBus(); }, 3000));
 }

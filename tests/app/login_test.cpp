@@ -5,6 +5,7 @@
 #include "app/quiet_close.h"
 #include "app/startup.h"
 #include "app/windows.h"
+#include "books/book_new.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
@@ -19,6 +20,7 @@
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFile>
 
@@ -187,6 +189,26 @@ TEST_F(Login, TheBookBoxMovesButNotIntoTheSystem) {
     ASSERT_EQ(Books()->Count(), 1);
     Choose(u"b"_s);
     login_->BtnEnterClicked();
+    EXPECT_EQ(entered_, 1);
+}
+
+TEST_F(Login, ANewBookIsTheChosenOne) {
+    Show();
+    boxes.Expect(u"您目前没有任何【账本】"_s);
+    EXPECT_TRUE(Wait([this] { return boxes.Seen().size() == 1; }));
+    RegisterDialog(kDlgBook, [](QPoint) {
+        EXPECT_EQ(BookDialog().isNew, 1);
+        EXPECT_EQ(State().gPage, kDlgBook);
+        BookForm form;
+        form.name = u"Mine"_s;
+        form.year = u"2017"_s;
+        BookDialog().done = CreateBook(form).done ? 1 : 0;
+    });
+    boxes.Expect(u"创建成功!"_s);
+    Find<QAbstractButton>(login_.get(), "btnNew")->click();
+    EXPECT_EQ(Books()->text(), u"mine"_s);
+    EXPECT_EQ(State().gDB.Path(), Path(u"box/mine.jotdb"_s));
+    QTest::keyClick(login_.get(), Qt::Key_Return);
     EXPECT_EQ(entered_, 1);
 }
 

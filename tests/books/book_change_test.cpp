@@ -3,11 +3,11 @@
 #include "books/book_change.h"
 
 #include "books/book_delete.h"
-#include "ledger/entry_delete.h"
 #include "store/book_format.h"
 #include "store/errors.h"
 #include "store/notices.h"
 #include "store/outside.h"
+#include "store/picture_index.h"
 #include "tests/books/books_fixture.h"
 
 using namespace Qt::StringLiterals;
@@ -100,6 +100,14 @@ TEST_F(BookChange, CompressingKeepsRowsAndTheOpenBookFindsThem) {
         u"with n(i) as (select 100 union all select i+1 from n where i<4000) insert into tAccount"
         u" (Id1,Title1,Type1,Value1,nSign,bIsMain,Date1) select i,'t'||i,'0201',1,1,1,'2016-05-05' from n;"
         u"delete from tAccount where Id1 between 200 and 3800; commit"_s);
+    book.Execute(
+        u"with n(i) as (select 2 union all select i+1 from n where i<40) insert into tPic"
+        u" (ID1,bitPic,Note1,sFromTable,lFromId,lFromId1) select i,'b'||i,'n'||i,'tAccount',i,-1 from n;"
+        u"delete from tPic where ID1 between 5 and 35"_s);
+    const auto picture = [&] {
+        return Rows(book, u"select Note1 from tPic"_s + WherePicturesOf(book, u"tAccount"_s, 38, true));
+    };
+    EXPECT_EQ(picture(), QStringList{u"n38"_s});
     const auto rows = Rows(book, u"select * from tAccount"_s);
     EXPECT_TRUE(book.RowOf(u"tAccount"_s, 3900));
     const auto before = BookFileSize(CurrentBook());
@@ -113,6 +121,7 @@ TEST_F(BookChange, CompressingKeepsRowsAndTheOpenBookFindsThem) {
     EXPECT_LT(after, before / 2);
     EXPECT_EQ(CompressedText(130560, 4608), u"压缩前: 128 KB\r\n压缩后: 5 KB"_s);
     EXPECT_EQ(Rows(book, u"select * from tAccount"_s), rows);
+    EXPECT_EQ(picture(), QStringList{u"n38"_s});
     EXPECT_EQ(Rows(book, u"pragma page_size"_s), QStringList{u"1024"_s});
     const auto row = book.RowOf(u"tAccount"_s, 3900);
     ASSERT_TRUE(row);

@@ -1,5 +1,6 @@
 // The windows of books by their controls: making, changing, the sub-pages of the settings, the backup.
 
+#include "app/channel.h"
 #include "books/book_change.h"
 #include "books/frm_book_new.h"
 #include "books/frm_export.h"
@@ -17,6 +18,7 @@
 #include "store/book_box.h"
 #include "store/book_format.h"
 #include "store/book_images.h"
+#include "store/notices.h"
 #include "store/outside.h"
 #include "store/session.h"
 #include "tests/support/ui_fixture.h"
@@ -250,6 +252,45 @@ TEST_F(BookWindows, TheBackupGoesThroughItsThreeSteps) {
     boxes.Expect(Path(u"stick/墨鹊账本备份20160903"_s) + u"该文件夹已存在"_s);
     Press("btnNext");
     EXPECT_TRUE(At<QWidget>("KestroListView1")->isVisible());
+}
+
+// A second copy, the clock and the agent may come while the open book is closed for its copy.
+TEST_F(BookWindows, NothingReadsTheBookWhileItIsCopied) {
+    Settings(u"book"_s);
+    QDir().mkpath(Path(u"stick"_s));
+    Outside().places = [this] {
+        return std::vector<BrowsePlace>{{u"s"_s, u"stick 盘"_s, u"udisk"_s, Path(u"stick"_s)}};
+    };
+    {
+        cConnection large;
+        large.Open(BookPath(u"2016家用"_s));
+        large.Execute(
+            u"with n(i) as (select 1 union all select i+1 from n where i<300) insert into tPic"
+            u" (ID1,bitPic) select i+10,randomblob(100000) from n"_s);
+    }
+    ResetDlg(kDlgBackup);
+    window_ = std::make_unique<frmExport>();
+    window_->show();
+    At<KestroListView>("KestroListView1")->SetCurrent(0);
+    Press("btnNext");
+    int turns = 0;
+    const auto yield = Outside().yield;
+    Outside().yield = [&] {
+        if (turns++ == 0) {
+            EXPECT_FALSE(State().gDB.IsOpen());
+            boxes.Expect(u"当前有【弹出窗口】正在操作, 无法打开!"_s);
+            frame_->MyTrak.RaiseReceMsg({}, kCodeOpenBook, 0);
+            Notices().remindersChanged.Emit();
+            Notices().entriesChanged.Emit();
+            boxes.Expect(u"有别的进程在运行，不可退出!"_s);
+            EXPECT_FALSE(frame_->FinishApp());
+            boxes.Expect(u"备份成功【2】本!"_s);
+        }
+        yield();
+    };
+    Press("btnNext");
+    EXPECT_GT(turns, 0);
+    EXPECT_TRUE(State().gDB.IsOpen());
 }
 
 TEST_F(BookWindows, TheBooksAreListedMadeAndDeleted) {

@@ -10,6 +10,9 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -146,6 +149,18 @@ TEST_F(NewBook, ABoxThatCannotTakeItIsAFailureWithoutTraces) {
         EXPECT_EQ(Names(), QStringList{QString()});
     }
     EXPECT_FALSE(QFileInfo::exists(Path(u"missing"_s)));
+    // A disk that is full in the middle of the template.
+    State().settings.sDBPath = Box();
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{static_cast<rlim_t>(EmptyBookImage().size() / 2), before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_FALSE(Succeeds([] { CreateBook(Form(u"x"_s)); }));
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, ignored);
+    EXPECT_EQ(QDir(Box()).entryList(QDir::Files | QDir::Hidden), QStringList());
+    EXPECT_EQ(Names(), QStringList{QString()});
 }
 
 TEST_F(NewBook, TheDefaultBoxIsItsUsersAloneAndAnOldJournalIsNotPlayedIn) {

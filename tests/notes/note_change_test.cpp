@@ -209,10 +209,12 @@ TEST_F(NotesTest, TickedLinesGoWithTheirPicturesAndTheMessagesThatAreRead) {
     EXPECT_EQ(Pictures(), QStringList{u"3|tAccount|1|2"_s});
 }
 
-TEST_F(NotesTest, ADeletionThatFailsAtAnyWriteLeavesTheBookAsItWas) {
+TEST_F(NotesTest, ADeletionThatFailsAtAnyWriteOrStatementLeavesTheBookAsItWas) {
     boxes.AnswerAll(1);
     const std::vector<NoteKey> ticked{{1, kTagNote}, {2, kTagNote}, {3, kTagNote}, {1, kTagWeb}};
-    for (const auto operation : {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen}) {
+    // kOperations stands for the statements themselves.
+    for (const auto operation :
+         {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen, DiskFaults::kOperations}) {
         int n = 1;
         for (;; ++n) {
             SCOPED_TRACE(std::to_string(operation) + " " + std::to_string(n));
@@ -227,10 +229,15 @@ TEST_F(NotesTest, ADeletionThatFailsAtAnyWriteLeavesTheBookAsItWas) {
             Disk() = {};
             Disk().failing = operation;
             Disk().failAt = n;
+            int seen = 0;
+            cConnection::Seams().beforeStatement = [&](const QString& sql) {
+                if (operation == DiskFaults::kOperations && ++seen == n) FailStatement(u"刺探"_s, sql);
+            };
             PendingError error;
             const bool done =
                 Succeeds([&] { DeleteTickedAsked(State().gDB, NoteList::note, 4, ticked); }, &error);
             Disk() = {};
+            cConnection::Seams().beforeStatement = {};
             EXPECT_FALSE(State().gDB.InTransaction());
             State().gDB.Close();
             EXPECT_EQ(CheckBook(path), u"ok"_s);

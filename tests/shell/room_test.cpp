@@ -2,6 +2,8 @@
 // needs, and nothing is cut by its parent. Run once more at another device ratio.
 
 #include "app/frm_login.h"
+#include "books/frm_book_new.h"
+#include "books/frm_export.h"
 #include "chart/frm_tree.h"
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_account_template.h"
@@ -12,6 +14,7 @@
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_scroll_menu.h"
+#include "shell/controls/kestro_tiles.h"
 #include "shell/controls/png_button.h"
 #include "shell/frm_main.h"
 #include "shell/input_dialog.h"
@@ -135,6 +138,12 @@ TEST_F(Room, PagesOfTheFrame) {
             ->onClick(u"title1"_s, u"tongji"_s);
         frame.SetFormTab(kTabSubAcc);
         Check(*frame.GetWinhWnd(kTabSubAcc), "accounts", points);
+        frame.SetFormTab(kTabSetting);
+        for (const auto& part : {u"common"_s, u"book"_s}) {
+            frame.GetWinhWnd(kTabSetting)->OpenSub(part);
+            Check(*Find<QWidget>(frame.GetWinhWnd(kTabSetting), part == u"book" ? "books" : "common"),
+                  qPrintable(part), points);
+        }
         frame.SetFormTab(kTabStats);
         auto* stats = dynamic_cast<frmTJ*>(frame.GetWinhWnd(kTabStats));
         for (const auto& mode : ReportModes()) {
@@ -155,6 +164,30 @@ TEST_F(Room, NoteEditor) {
         frmWake reminders;
         reminders.show();
         Check(reminders, "reminders", points);
+    });
+}
+
+TEST_F(Room, BookWindows) {
+    OpenSettingsStore();
+    State().gBooks.front().Name = kLongName;
+    AtEachFont([](int points) {
+        for (const int isNew : {1, 0}) {
+            ResetDlg(kDlgBook);
+            BookDialog().isNew = isNew;
+            BookDialog().path = isNew ? QString() : State().gDB.Path();
+            frmBookNew window;
+            window.show();
+            Check(window, "book window", points);
+            if (isNew) Find<QAbstractButton>(&window, "chkOther")->click();
+            Check(window, "book window with more options", points);
+        }
+        ResetDlg(kDlgBackup);
+        frmExport backup;
+        backup.show();
+        Check(backup, "place of the backup", points);
+        Find<KestroListView>(&backup, "KestroListView1")->SetCurrent(0);
+        Find<QAbstractButton>(&backup, "btnNext")->click();
+        Check(backup, "books of the backup", points);
     });
 }
 

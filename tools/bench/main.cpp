@@ -1,6 +1,6 @@
 // bench [--quick] [--beside] [--json FILE]: the speed of the program beside raw SQLite, on books made for it,
 // as a table. Needs no display. --quick leaves out the largest book, --beside all books of entries: what is
-// left are notes and pictures. A missed bound shows in the table, not in the exit code.
+// left are notes, pictures and books as files. A missed bound shows in the table, not in the exit code.
 
 #include "app/windows.h"
 #include "ledger/entry_query.h"
@@ -8,6 +8,7 @@
 #include "shell/skin.h"
 #include "store/state.h"
 #include "tools/bench/book_bench.h"
+#include "tools/bench/box_bench.h"
 #include "tools/bench/change_bench.h"
 #include "tools/bench/children.h"
 #include "tools/bench/click_bench.h"
@@ -73,6 +74,7 @@ void MeasureStart(SpeedTable& table, const Children& children, const QString& bo
 void MeasureBeside(SpeedTable& table, const QString& folder, bool quick) {
     MeasureNotes(table, folder, quick ? 5 : 11);
     MeasurePictures(table, folder + u"/pictures"_s, quick ? 5 : 11);
+    MeasureBox(table, folder + u"/books"_s, quick ? 5 : 11);
 }
 
 bool MeasureBooks(SpeedTable& table, const QString& folder, bool quick) {

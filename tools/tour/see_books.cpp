@@ -95,6 +95,11 @@ void BackUp(Tour& tour) {
         });
 }
 
+void ShowKind(const QString& key) {
+    auto* kinds = dynamic_cast<KestroCombox*>(Control(PageOfCode(kPageAccount), "comKind"));
+    if (kinds->SetCurrentKey(key)) kinds->onChoose(kinds->text(), key);
+}
+
 void OpenIt(Tour& tour) {
     tour.Add(u"settings again"_s, SettingsInFront, [](QWidget*) {
         const QString last = QString::number(State().gBooks.size() - 1);
@@ -107,7 +112,17 @@ void OpenIt(Tour& tour) {
             auto* w = WindowWith("barTip");
             return w && CurrentBook().Name.contains(u"2017"_s) ? w : nullptr;
         },
-        [&tour](QWidget* w) { tour.Picture(w, u"39-first-list"_s); });
+        [](QWidget*) { ShowKind(u"0101"_s); });
+    tour.Add(
+        u"balance that came along"_s,
+        [] {
+            auto* page = PageOfCode(kPageAccount);
+            return dynamic_cast<KestroList*>(Control(page, "KestroList1"))->RowCount() == 1 ? page : nullptr;
+        },
+        [&tour](QWidget* page) {
+            tour.Picture(page->window(), u"39-first-list"_s);
+            ShowKind(u"all"_s);
+        });
 }
 
 }  // namespace
