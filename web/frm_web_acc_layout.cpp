@@ -16,7 +16,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kLeast = 50;
+constexpr int kNameLeast = 70, kAmountLeast = 60;  // four characters, five digits
 }
 
 frmWebAcc::frmWebAcc(QWidget* parent) : StripPage(parent), fresh_(this, [this] { ReloadData(); }) {
@@ -68,7 +68,7 @@ KestroList* frmWebAcc::MakeList(WebList which) {
         list->DefineColumn({key,
                             caption,
                             money ? amount : name,
-                            kLeast,
+                            money ? kAmountLeast : kNameLeast,
                             type,
                             money ? ListColor::signedMoney : ListColor::none,
                             false,
@@ -86,8 +86,8 @@ KestroList* frmWebAcc::MakeList(WebList which) {
     if (!waiting)
         list->DefineColumn({.key = u"result"_s,
                             .caption = u"结果"_s,
-                            .width = 74,
-                            .smallest = kLeast,
+                            .width = 88,
+                            .smallest = 86,
                             .type = u"string"_s,
                             .icons = {{u"已入账"_s, u"success"_s}, {u"未入账"_s, u"fail"_s}}});
     list->SetEmptyText(waiting ? u"没有等待入账的记录"_s : u"没有历史网账"_s);

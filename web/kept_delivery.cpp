@@ -21,7 +21,7 @@ namespace {
 QString FreePath() {
     const QString stem = State().gDataDir + u"/web-"_s + Outside().now().toString(u"yyyyMMdd-HHmmss"_s);
     for (int n = 1;; ++n) {
-        const QString path = stem + (n == 1 ? QString() : u'-' + QString::number(n)) + u".txt"_s;
+        QString path = stem + (n == 1 ? QString() : u'-' + QString::number(n)) + u".txt"_s;
         if (!QFileInfo::exists(path)) return path;
     }
 }
@@ -31,7 +31,7 @@ QString FreePath() {
 QString KeepDelivery(const QString& text) {
     const QString refused = MakeFolders(State().gDataDir);
     if (!refused.isEmpty()) Fail(State().gDataDir, refused);
-    const QString path = FreePath();
+    QString path = FreePath();
     QSaveFile file(path);
     const QByteArray bytes = "\xEF\xBB\xBF" + text.toUtf8();
     const bool written = file.open(QIODevice::WriteOnly) &&

@@ -116,7 +116,7 @@ std::vector<const WebLine*> Pointers(const WebDelivery& delivery) {
 }
 
 QString Received(int count, int skipped, const QString& file) {
-    const QString told = u"收到【"_s + QString::number(count) + u"】条新的记账!"_s;
+    QString told = u"收到【"_s + QString::number(count) + u"】条新的记账!"_s;
     if (skipped == 0) return told;
     return told + u"\n其中【"_s + QString::number(skipped) + u"】行无法识别，原文已保存到文件：\n【"_s +
            file + u'】';

@@ -146,7 +146,7 @@ double LeanlyPostedIn(RawBook& twin, const Under& under) {
     const auto record = number("select Max1 from tNum where Table1='tsubaccitem'");
     return Milliseconds([&] {
         for (int i = 0; i < kDelivered; ++i)
-            twin.Change(LeanPosting(under, waiting + i, main + 2 * i, record + i));
+            twin.Change(LeanPosting(under, waiting + i, main + 2LL * i, record + i));
     });
 }
 
