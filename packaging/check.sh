@@ -57,7 +57,7 @@ start_as_user() {
 # The files of a prefix, each where a desktop looks for it.
 check_files() {
     local prefix=$1 file size
-    for file in bin/KestroJot lib/kestrojot/JotAgent lib/kestrojot/JotIco lib/kestrojot/Set.ini \
+    for file in bin/KestroJot lib/kestrojot/JotAgent lib/kestrojot/JotIco lib/kestrojot/libjotnetwork.so lib/kestrojot/Set.ini \
         lib/kestrojot/Skin/skin.ini lib/kestrojot/Ico.ico lib/kestrojot/Jot.ico lib/kestrojot/HeadIco.ico \
         share/applications/$id.desktop share/metainfo/$id.metainfo.xml share/mime/packages/kestrojot.xml \
         share/man/man1/KestroJot.1.gz share/doc/kestrojot/copyright share/icons/hicolor/scalable/apps/$id.svg; do
@@ -99,7 +99,7 @@ try_deb() {
     local root=$work/root deb
     "$source/jot" make-deb >/dev/null
     deb=$(ls "$build"/packages/kestrojot_*.deb)
-    dpkg-deb -f "$deb" Depends | grep -q libqt6widgets6 || fail "the libraries are not among its needs"
+    dpkg-deb -f "$deb" Depends | grep libqt6widgets6 | grep -q libqt6network6 || fail "the libraries are not among its needs"
     # On a bare system, from the lists of this machine's sources; without lists, on this one.
     local status=/dev/null
     would_install "$status" dpkg || status=/var/lib/dpkg/status

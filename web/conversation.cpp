@@ -8,8 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-const QString kCannotReach = u"无法访问：您是否已联网？"_s;
-
 namespace {
 
 const QString kNoAnswer = u"网站没有正常回答"_s;

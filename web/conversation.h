@@ -23,7 +23,7 @@ struct WebReply {
     QByteArray body = {};
 };
 
-extern const QString kCannotReach;
+inline const QString kCannotReach = QStringLiteral("无法访问：您是否已联网？");
 
 class WebConversation {
  public:

@@ -15,6 +15,10 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+constexpr int kLeast = 50;
+}
+
 frmWebAcc::frmWebAcc(QWidget* parent) : StripPage(parent), fresh_(this, [this] { ReloadData(); }) {
     BuildStrip();
     BuildToolbar();
@@ -58,21 +62,32 @@ KestroList* frmWebAcc::MakeList(WebList which) {
     list->setObjectName(waiting ? u"KestroList1"_s : u"KestroList2"_s);
     list->setAccessibleName(waiting ? u"在线网账"_s : u"历史网账"_s);
     list->SetCheckColumn(true);
-    list->DefineColumn({u"no"_s, u"NO"_s, 44, 24, u"number"_s, ListColor::dim, false, {}});
+    const int name = waiting ? 90 : 78, amount = waiting ? 80 : 72;  // the history has one column more
+    const auto column = [&](const QString& key, const QString& caption, const QString& type) {
+        const bool money = type == u"money";
+        list->DefineColumn({key,
+                            caption,
+                            money ? amount : name,
+                            kLeast,
+                            type,
+                            money ? ListColor::signedMoney : ListColor::none,
+                            false,
+                            {}});
+    };
+    list->DefineColumn({u"no"_s, u"NO"_s, 40, 24, u"number"_s, ListColor::dim, false, {}});
     list->DefineColumn({u"title"_s, u"事情"_s, 160, 100, u"string"_s, ListColor::none, true, {}});
-    list->DefineColumn({u"date"_s, u"记账日期"_s, 120, 80, u"string"_s, ListColor::dim, false, {}});
-    list->DefineColumn({u"kind"_s, u"事情分类"_s, 90, 50, u"string"_s, ListColor::none, false, {}});
-    list->DefineColumn({u"value"_s, u"金额"_s, 80, 50, u"money"_s, ListColor::signedMoney, false, {}});
-    list->DefineColumn({u"kind2"_s, u"关联分类名"_s, 90, 50, u"string"_s, ListColor::none, false, {}});
-    list->DefineColumn({u"value2"_s, u"关联金额"_s, 80, 50, u"money"_s, ListColor::signedMoney, false, {}});
-    list->DefineColumn({u"account"_s, u"记入账户"_s, 90, 50, u"string"_s, ListColor::none, false, {}});
-    list->DefineColumn(
-        {u"accountValue"_s, u"账户金额"_s, 80, 50, u"money"_s, ListColor::signedMoney, false, {}});
+    list->DefineColumn({u"date"_s, u"记账日期"_s, 120, 118, u"string"_s, ListColor::dim, false, {}});
+    column(u"kind"_s, u"事情分类"_s, u"string"_s);
+    column(u"value"_s, u"金额"_s, u"money"_s);
+    column(u"kind2"_s, u"关联分类名"_s, u"string"_s);
+    column(u"value2"_s, u"关联金额"_s, u"money"_s);
+    column(u"account"_s, u"记入账户"_s, u"string"_s);
+    column(u"accountValue"_s, u"账户金额"_s, u"money"_s);
     if (!waiting)
         list->DefineColumn({.key = u"result"_s,
                             .caption = u"结果"_s,
-                            .width = 80,
-                            .smallest = 50,
+                            .width = 74,
+                            .smallest = kLeast,
                             .type = u"string"_s,
                             .icons = {{u"已入账"_s, u"success"_s}, {u"未入账"_s, u"fail"_s}}});
     list->SetEmptyText(waiting ? u"没有等待入账的记录"_s : u"没有历史网账"_s);

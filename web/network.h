@@ -1,5 +1,5 @@
 #pragma once
-// The network under the web ledger. Its library is asked for work only when the first request is sent.
+// The network under the web ledger: a library beside the program, loaded when the first request is sent.
 
 #include "web/web_ledger.h"
 

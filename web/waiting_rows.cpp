@@ -8,16 +8,19 @@
 #include "web/web_lines.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 #include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kIdsAtOnce = 500;
+constexpr size_t kIdsAtOnce = 500, kRowsAtOnce = 50;
 
 const QString& TableOfList(WebList list) {
     static const QString waiting = u"tAccountWeb"_s, history = u"tAccountWebDel"_s;
@@ -45,31 +48,30 @@ QString KeyOf(const cReader& row) {
     return key;
 }
 
-/// How often each of these lines stands in the book already.
-QHash<QString, int> Known(cConnection& book, const std::vector<QString>& keys) {
-    QHash<QString, int> known;
-    for (const auto& key : keys)
-        known.insert(key, 0);
-    if (known.isEmpty()) return known;
-    for (const auto list : {WebList::waiting, WebList::history})
-        for (auto rows = book.Read(u"select "_s + ColumnNames() + u" from "_s + TableOfList(list));
-             rows.Next();)
-            if (const auto found = known.find(KeyOf(rows)); found != known.end()) ++*found;
-    return known;
-}
-
 struct Sorted {
     std::vector<const WebLine*> fresh, repeats;
 };
 
+/// Which lines stand in the book already, each as often as it does. Only what shares its title is compared
+/// whole.
 Sorted SortOut(cConnection& book, const WebDelivery& delivery) {
-    std::vector<QString> keys;
+    QSet<QString> titles, met;
     for (const auto& line : delivery.lines)
-        keys.push_back(KeyOf(line));
-    auto known = Known(book, keys);
+        titles.insert(line[kWebTitle]);
+    QHash<QString, int> known;
+    for (const auto list : {WebList::waiting, WebList::history})
+        for (auto rows = book.Read(u"select "_s + ColumnNames() + u" from "_s + TableOfList(list));
+             rows.Next();) {
+            const QString title = rows.Text(kWebTitle);
+            if (!titles.contains(title)) continue;
+            met.insert(title);
+            ++known[KeyOf(rows)];
+        }
     Sorted sorted;
-    for (size_t i = 0; i < keys.size(); ++i)
-        (known[keys[i]]-- > 0 ? sorted.repeats : sorted.fresh).push_back(&delivery.lines[i]);
+    for (const auto& line : delivery.lines) {
+        const bool repeats = met.contains(line[kWebTitle]) && known[KeyOf(line)]-- > 0;
+        (repeats ? sorted.repeats : sorted.fresh).push_back(&line);
+    }
     return sorted;
 }
 
@@ -79,30 +81,38 @@ bool TakeRepeats(size_t count) {
                                  u"取消,确定"_s, kMsgAsk) == 1;
 }
 
-void Insert(cRecordset& rows, const WebLine& line) {
-    rows.AddRow();
-    for (size_t i = 0; i < kWebFields; ++i) {
-        const auto& column = WebColumns()[i];
-        // Bytes stay what they are in a column of numbers: the text is not lost.
-        if (column.kind == WebColumn::Kind::amount && WouldBecomeANumber(line[i]))
-            rows.SetBlob(column.name, line[i].toUtf8());
-        else
-            rows.Set(column.name, line[i]);
-    }
-    rows.Update();
+/// A field as a value of a statement. Bytes stay what they are in a column of numbers, so that no text is
+/// lost there.
+QString SqlField(const WebColumn& column, const QString& field) {
+    const auto bytes = [&] { return u"x'"_s + QString::fromLatin1(field.toUtf8().toHex()) + u'\''; };
+    if (column.kind == WebColumn::Kind::amount && WouldBecomeANumber(field)) return bytes();
+    return field.contains(QChar(0)) ? u"cast("_s + bytes() + u" as text)"_s : Quote(field);
 }
 
-void InsertAll(cConnection& book, const WebDelivery& delivery, const std::vector<const WebLine*>& leftOut) {
+QString SqlRow(const WebLine& line) {
+    QString values;
+    for (size_t i = 0; i < kWebFields; ++i)
+        values += (i == 0 ? u'(' : u',') + SqlField(WebColumns()[i], line[i]);
+    return values + u')';
+}
+
+void InsertAll(cConnection& book, const std::vector<const WebLine*>& lines) {
     Transaction store(book);
-    auto rows = book.OpenRecordset(u"select * from tAccountWeb where 0"_s);
-    size_t next = 0;
-    for (const auto& line : delivery.lines) {
-        if (next < leftOut.size() && leftOut[next] == &line)
-            ++next;
-        else
-            Insert(rows, line);
+    const QString head = u"insert into tAccountWeb ("_s + ColumnNames() + u") values "_s;
+    for (size_t at = 0; at < lines.size();) {
+        QString rows;
+        for (size_t n = 0; n < kRowsAtOnce && at < lines.size(); ++n, ++at)
+            rows += (n == 0 ? QString() : u","_s) + SqlRow(*lines[at]);
+        book.Execute(head + rows);
     }
     store.Commit();
+}
+
+std::vector<const WebLine*> Pointers(const WebDelivery& delivery) {
+    std::vector<const WebLine*> lines;
+    for (const auto& line : delivery.lines)
+        lines.push_back(&line);
+    return lines;
 }
 
 QString Received(int count, int skipped, const QString& file) {
@@ -123,14 +133,13 @@ template <class Body>
 void InParts(const std::vector<qint64>& ids, const Body& body) {
     const std::span<const qint64> all(ids);
     for (size_t at = 0; at < all.size(); at += kIdsAtOnce)
-        body(u" where ID1 in("_s + Ids(all.subspan(at, std::min<size_t>(kIdsAtOnce, all.size() - at))) +
-             u')');
+        body(u" where ID1 in("_s + Ids(all.subspan(at, std::min(kIdsAtOnce, all.size() - at))) + u')');
 }
 
 // Cells of a row by their places in kListColumns.
 const QString kListColumns =
-    u"ID1,Title1,Date1,Time1,TypeName1,Value1,nSign1,Type2,TypeName2,nSign2,AccId,AccName,AccValue,AccSign,"
-    u"bPassIdChk"_s;
+    u"ID1,Title1,Date1,Time1,TypeName1,Value1,nSign1,Type2,TypeName2,nSign2,"
+    u"AccId,AccName,AccValue,AccSign,bPassIdChk"_s;
 enum {
     kId,
     kTitle,
@@ -146,25 +155,68 @@ enum {
     kAccName,
     kAccValue,
     kAccSign,
-    kPassed
+    kPassed,
+    kColumns
 };
 
-QString Signed(const cReader& row, int value, int sign) {
-    if (!row.IsNumber(value)) return row.Text(value);
-    return MoneyText(row.Int(sign) == 1 ? row.Number(value) : -row.Number(value));
-}
+/// Makes the cells of row after row. Names, moments and amounts that repeat are made once.
+class CellMaker {
+ public:
+    std::vector<QString> Cells(const cReader& row, WebList list, int number) {
+        const bool related = row.Int(kType2) > 0, account = row.Int(kAcc) > 0;
+        std::vector<QString> cells;
+        cells.reserve(kColumns);
+        cells.push_back(QString::number(number));
+        cells.push_back(row.Text(kTitle));
+        cells.push_back(Moment(row));
+        cells.push_back(Kept(row, kKind));
+        cells.push_back(Signed(row, kValue, kSign1));
+        cells.push_back(related ? Kept(row, kKind2) : QString());
+        cells.push_back(related ? Signed(row, kValue, kSign2) : QString());
+        cells.push_back(account ? Kept(row, kAccName) : QString());
+        cells.push_back(account ? Signed(row, kAccValue, kAccSign) : QString());
+        if (list == WebList::history) cells.push_back(row.Int(kPassed) != 0 ? u"已入账"_s : u"未入账"_s);
+        return cells;
+    }
 
-WebRow RowOf(const cReader& row, WebList list, int number) {
-    const bool related = row.Int(kType2) > 0, account = row.Int(kAcc) > 0;
-    WebRow made{row.Int(kId),
-                {QString::number(number), row.Text(kTitle), row.Text(kDate) + u' ' + row.Text(kTime),
-                 row.Text(kKind), Signed(row, kValue, kSign1), related ? row.Text(kKind2) : QString(),
-                 related ? Signed(row, kValue, kSign2) : QString(), account ? row.Text(kAccName) : QString(),
-                 account ? Signed(row, kAccValue, kAccSign) : QString()},
-                row.Int(kPassed) != 0};
-    if (list == WebList::history) made.cells.push_back(made.posted ? u"已入账"_s : u"未入账"_s);
-    return made;
-}
+ private:
+    // True when the column holds what it held in the row before.
+    bool Same(const cReader& row, int column) {
+        auto& bytes = kept_[static_cast<size_t>(column)].first;
+        const auto now = row.Bytes(column);
+        if (now == bytes) return true;
+        bytes = now.toByteArray();
+        return false;
+    }
+
+    const QString& Kept(const cReader& row, int column) {
+        auto& [bytes, text] = kept_[static_cast<size_t>(column)];
+        if (!Same(row, column)) text = QString::fromUtf8(bytes);
+        return text;
+    }
+
+    const QString& Moment(const cReader& row) {
+        const bool sameDate = Same(row, kDate), sameTime = Same(row, kTime);
+        if (!sameDate || !sameTime || moment_.isEmpty())
+            moment_ = QString::fromUtf8(kept_[kDate].first + ' ' + kept_[kTime].first);
+        return moment_;
+    }
+
+    QString Signed(const cReader& row, int value, int sign) {
+        if (!row.IsNumber(value)) return row.Text(value);
+        const double number = row.Number(value);
+        if (number != last_) {
+            last_ = number;
+            text_ = MoneyText(number);
+            opposite_ = text_ == u"0" ? text_ : text_.startsWith(u'-') ? text_.mid(1) : u'-' + text_;
+        }
+        return row.Int(sign) == 1 ? text_ : opposite_;
+    }
+
+    std::array<std::pair<QByteArray, QString>, kColumns> kept_;
+    double last_ = 0;
+    QString text_ = MoneyText(0), opposite_ = text_, moment_;
+};
 
 }  // namespace
 
@@ -173,7 +225,7 @@ bool StoreWebLines(cConnection& book, const QString& text) {
     const QString file = delivery.skipped > 0 ? KeepDelivery(text) : QString();
     const auto sorted = SortOut(book, delivery);
     const bool all = TakeRepeats(sorted.repeats.size());
-    InsertAll(book, delivery, all ? std::vector<const WebLine*>() : sorted.repeats);
+    InsertAll(book, all ? Pointers(delivery) : sorted.fresh);
     Notices().webRowsChanged.Emit();
     const int count = delivery.count - (all ? 0 : static_cast<int>(sorted.repeats.size()));
     ShowMsg(Received(count, delivery.skipped, file), u"确定"_s, kMsgDone);
@@ -181,9 +233,11 @@ bool StoreWebLines(cConnection& book, const QString& text) {
 }
 
 void ReadWebRows(cConnection& book, WebList list, Job& job, const std::function<void(WebRow&&)>& take) {
+    CellMaker maker;
     int number = 0;
     for (auto rows = book.Read(u"select "_s + kListColumns + u" from "_s + TableOfList(list)); rows.Next();) {
-        take(RowOf(rows, list, ++number));
+        ++number;
+        take({rows.Int(kId), maker.Cells(rows, list, number), rows.Int(kPassed) != 0});
         job.Step(number);
         if (job.Stopped()) return;
     }

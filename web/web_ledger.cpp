@@ -15,12 +15,14 @@ constexpr int kAskAgainMs = 500, kAfterJobMs = 50;
 WebLedger::WebLedger() {
     limit_.setSingleShot(true);
     limit_.callOnTimeout([this] {
-        StopSending();
-        Deliver({.failure = u"网站没有在规定的时间内回答"_s});
+        RunEvent([this] {
+            StopSending();
+            Deliver({.failure = u"网站没有在规定的时间内回答"_s});
+        });
     });
     afterJob_.setSingleShot(true);
     afterJob_.setInterval(kAfterJobMs);
-    afterJob_.callOnTimeout([this] { Deliver(std::exchange(late_, {})); });
+    afterJob_.callOnTimeout([this] { RunEvent([this] { Deliver(std::exchange(late_, {})); }); });
     outage_.setInterval(kAskAgainMs);
     outage_.callOnTimeout([this] { RunEvent([this] { TellOutage(); }); });
 }
@@ -73,7 +75,7 @@ void WebLedger::SendNow(const WebRequest& request) {
     RunEvent([&] {
         if (!send) return Deliver({.failure = kCannotReach});
         abort_ = send(request, [this, number](const WebReply& reply) {
-            if (number == sending_) Arrived(reply);
+            if (number == sending_) RunEvent([&] { Arrived(reply); });
         });
     });
 }

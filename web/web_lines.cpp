@@ -2,18 +2,54 @@
 
 #include "store/money.h"
 
-#include <QRegularExpression>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kFieldsOfLine = 18;
 
+/// What SQLite reads a number in, looked through from one end to the other.
+class NumberReader {
+ public:
+    explicit NumberReader(QStringView text) : text_(text) {}
+    bool IsNumber() {
+        Skip(u" \t\n\v\f\r");
+        Sign();
+        const bool whole = Digits();
+        const bool part = Take(u'.') && Digits();
+        if (!whole && !part) return false;
+        if (Take(u'e') || Take(u'E')) {
+            Sign();
+            if (!Digits()) return false;
+        }
+        Skip(u" \t\n\v\f\r");
+        return at_ == text_.size();
+    }
+
+ private:
+    bool Take(char16_t c) {
+        if (at_ == text_.size() || text_[at_] != c) return false;
+        ++at_;
+        return true;
+    }
+    void Skip(QStringView these) {
+        while (at_ < text_.size() && these.contains(text_[at_]))
+            ++at_;
+    }
+    void Sign() { (void)(Take(u'+') || Take(u'-')); }
+    bool Digits() {
+        const auto from = at_;
+        while (at_ < text_.size() && text_[at_] >= u'0' && text_[at_] <= u'9')
+            ++at_;
+        return at_ > from;
+    }
+
+    QStringView text_;
+    qsizetype at_ = 0;
+};
+
 bool ReadsAsNumber(const QString& text) {
-    static const QRegularExpression number(
-        uR"(\A[ \t\n\v\f\r]*[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?[ \t\n\v\f\r]*\z)"_s);
-    return number.match(text).hasMatch();
+    return NumberReader(text).IsNumber();
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "tools/bench/picture_bench.h"
 #include "tools/bench/print_bench.h"
 #include "tools/bench/report_bench.h"
+#include "tools/bench/web_bench.h"
 #include "tools/generate/book_maker.h"
 
 #include <QApplication>
@@ -91,6 +92,7 @@ bool MeasureBooks(SpeedTable& table, const QString& folder, bool quick) {
         MeasureReports(table, book, entries, quick ? 5 : 11);
         MeasureExports(table, book, entries, quick ? 3 : 7);
         MeasureClicks(table, book, entries, quick ? 5 : 11);
+        MeasureWeb(table, book, entries, quick ? 5 : 11);
         MeasureBulkDeletion(table, book, entries, 3);
     }
     table.Add({u"the agent's peak memory"_s, 0, children.AgentMemory(), 0, u"MB"_s, kAgentBound});
