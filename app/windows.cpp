@@ -82,6 +82,7 @@ void ShowMain() {
     Open().main = std::make_unique<frmMain>();
     Open().main->onUnloaded = [] {
         MainChannel().Close();
+        Web().Drop();
         QApplication::quit();
     };
     Open().main->show();

@@ -10,7 +10,7 @@ namespace {
 
 WebSend Load() {
     WebSend send;
-    QLibrary library(QCoreApplication::applicationDirPath() + u"/libjotnetwork.so"_s);
+    QLibrary library(QCoreApplication::applicationDirPath() + u"/plugins/libjotnetwork.so"_s);
     if (const auto entry = library.resolve("JotNetworkSend"))
         reinterpret_cast<void (*)(WebSend*)>(entry)(&send);
     return send;

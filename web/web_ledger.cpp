@@ -33,7 +33,8 @@ WebLedger::~WebLedger() {
 
 void WebLedger::Begin(WebTalk talk, const QString& user, const QString& pass) {
     waiting_.emplace_back(talk, user, pass);
-    if (!current_) Next();
+    if (!current_) return Next();
+    if (waiting_.back().IsAsked()) Notices().webBusy.Emit(true);
 }
 
 void WebLedger::Check() {
@@ -54,10 +55,13 @@ void WebLedger::Next() {
     while (!current_ && !waiting_.empty()) {
         current_.emplace(std::move(waiting_.front()));
         waiting_.pop_front();
+        requests.clear();
         std::optional<WebRequest> first;
         RunEvent([&] { first = current_->First(); });
         if (first && current_) return Launch(*first);
+        const bool asked = current_ && current_->IsAsked();
         current_.reset();
+        if (asked) Notices().webBusy.Emit(false);
     }
 }
 
@@ -146,7 +150,9 @@ void WebLedger::StopSending() {
 }
 
 void UploadAsked() {
-    if (ShowMsg(u"您确定要【上传】账本分类到网站上您的账户?"_s, u"取消,确定"_s, kMsgAsk) == 1)
+    // Without an address or a user the answer is known before the question.
+    const bool ready = !WebBase().isEmpty() && !State().settings.sWebName.isEmpty();
+    if (!ready || ShowMsg(u"您确定要【上传】账本分类到网站上您的账户?"_s, u"取消,确定"_s, kMsgAsk) == 1)
         Web().Begin(WebTalk::upload);
 }
 

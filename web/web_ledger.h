@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -28,14 +29,17 @@ class WebLedger {
     void Check();
     bool IsRunning() const { return current_.has_value(); }
     /// A user waits for what runs.
-    bool IsAwaited() const { return current_ && current_->IsAsked(); }
+    bool IsAwaited() const {
+        return (current_ && current_->IsAsked()) ||
+               std::any_of(waiting_.begin(), waiting_.end(), [](const auto& talk) { return talk.IsAsked(); });
+    }
     /// Gives up whatever runs, without a word.
     void Drop();
 
     WebSend send;                     ///< the network
     std::function<bool()> isInFront;  ///< a window that must be answered first stands in front
     int limitMs = 30000;              ///< of a request, all in all
-    QStringList requests;             ///< names of what has been asked since somebody last cleared it
+    QStringList requests;             ///< names of what the last conversation has asked
 
  private:
     void Next();
