@@ -77,6 +77,9 @@ QStringList BackupNames(const QString& path) {
 BackupResult RunBackup(const QString& folder, const QString& path, Job& job) {
     BackupResult result;
     if (QFileInfo::exists(folder)) return {0, {}, folder + u"该文件夹已存在"_s};
+    // A volume that was pulled out would be made anew as a folder.
+    const QString place = ParentPath(folder);
+    if (!place.isEmpty() && !QFileInfo(place).isDir()) return {0, {}, u"备份位置不存在：\n"_s + place};
     if (const QString refused = MakeFolders(folder); !refused.isEmpty()) return {0, {}, refused};
     const auto books = BooksOf(path);
     job.Start(static_cast<int>(books.size()) * kBackupSteps);

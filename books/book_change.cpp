@@ -34,12 +34,16 @@ BookRecord BookAt(const QString& path) {
     const int index = FindBook(path);
     if (index >= 0) return State().gBooks[static_cast<size_t>(index)];
     QString name = path;
-    return {path.toLower(), FileNameOf(name, kBookExtension).toLower(), 0, {}, {}};
+    return {path.toLower(),
+            FileNameOf(name, kBookExtension).toLower(),
+            0,
+            {},
+            QFileInfo::exists(path) ? path : QString()};
 }
 
-BookFacts ReadBookFacts(const BookRecord& book) {
+BookFacts ReadBookFacts(const BookRecord& book, int waitMs) {
     cConnection file;
-    OpenFileOf(book, file, {});
+    OpenFileOf(book, file, {.waitMs = waitMs});
     BookFacts facts;
     facts.name = book.Name.startsWith(u"->"_s) ? book.Name.mid(2) : book.Name;
     facts.year = KeyOf(file, u"year"_s);

@@ -14,8 +14,8 @@ struct BookFacts {
 /// The record of gBooks whose file this is; without one, a record of the path itself.
 BookRecord BookAt(const QString& path);
 
-/// Throws DbError when the file cannot be read.
-BookFacts ReadBookFacts(const BookRecord& book);
+/// Throws DbError when the file cannot be read. waitMs: for another program's lock.
+BookFacts ReadBookFacts(const BookRecord& book, int waitMs = 2000);
 
 /// Checks the form, asks for the old password, then writes year, note and password in one transaction; the
 /// record in gBooks follows. Tells what refused it, and that it is done. Throws DbError. Emits booksChanged.

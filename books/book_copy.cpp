@@ -1,6 +1,7 @@
 #include "books/book_copy.h"
 
 #include "store/book_box.h"
+#include "store/book_images.h"
 #include "store/disk.h"
 #include "store/errors.h"
 
@@ -49,11 +50,29 @@ BookCopy CopyBytes(QFile& from, const QString& to, const GoOn& step) {
     return {BookCopy::done, {}};
 }
 
+QString ReasonOf(const PendingError& failed) {
+    if (!failed.hint.isEmpty()) return failed.hint;
+    if (FaultOf(failed.number) == DbFault::noBook) return u"账本文件已损坏，或不是账本文件"_s;
+    const QString reason = LikelyReason(failed);
+    return reason.isEmpty() ? failed.description : reason;
+}
+
+// Another program may have left the book with changes beside its file. They come into it first, and nobody
+// writes more of them meanwhile.
+void TakeInWhatStandsBeside(const BookRecord& book, cConnection& lock) {
+    lock.Execute(u"pragma wal_checkpoint(truncate); begin immediate; select count(*) from sqlite_master"_s);
+    if (QFileInfo(FileOf(book).path + u"-wal"_s).size() > 0)
+        FailStatement(u"账本旁边还有没有写入的改动"_s, {}, u"账本正被别的程序使用"_s);
+}
+
 bool Lock(const BookRecord& book, cConnection& lock, PendingError& failed) {
     return Succeeds(
         [&] {
             OpenFileOf(book, lock, {.waitMs = kTryMs});
-            lock.Execute(u"begin; select count(*) from sqlite_master"_s);
+            if (lock.OpenRecordset(u"pragma journal_mode"_s).Text(u"journal_mode") == u"wal")
+                TakeInWhatStandsBeside(book, lock);
+            else
+                lock.Execute(u"begin; select count(*) from sqlite_master"_s);
         },
         &failed);
 }
@@ -67,8 +86,7 @@ BookCopy CopyLocked(const BookRecord& book, const QString& to, const GoOn& step)
         lock.Close();
         if (!step(0)) return {BookCopy::stopped, {}};
         if (tries < kTries && FaultOf(failed.number) == DbFault::busy) continue;
-        const QString reason = LikelyReason(failed);
-        return Failed(reason.isEmpty() ? failed.description : reason);
+        return Failed(ReasonOf(failed));
     }
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return Failed(kUnreadable);
     auto copy = CopyBytes(from, to, step);
@@ -90,7 +108,7 @@ BookCopy CheckCopy(const QString& file, qint64 size, const GoOn& step) {
         },
         &failed);
     if (stopped) return {BookCopy::stopped, {}};
-    if (!read) return Failed(failed.description);
+    if (!read) return Failed(ReasonOf(failed));
     return found == u"ok" ? BookCopy{BookCopy::done, {}} : Failed(u"账本文件已损坏："_s + found);
 }
 
@@ -99,7 +117,7 @@ BookCopy CopyWhole(const BookRecord& book, const QString& part, const QString& t
     if (copy.result == BookCopy::done) copy = CheckCopy(part, QFileInfo(part).size(), step);
     if (copy.result != BookCopy::done) return copy;
     if (!QFile::rename(part, target)) return Failed(u"不能写入："_s + target);
-    if (!FlushFolder(QFileInfo(target).path())) return Failed(u"不能写入："_s + target);
+    FlushFolder(QFileInfo(target).path());  // some volumes cannot; the copy is whole all the same
     return copy;
 }
 
@@ -113,5 +131,7 @@ BookCopy CopyBook(const BookRecord& book, const QString& folder, const QString& 
     const QString target = folder + u'/' + name, part = target + u".part"_s;
     auto copy = CopyWhole(book, part, target, step);
     if (copy.result != BookCopy::done) QFile::remove(part);
+    for (const auto& left : FilesBeside(part))
+        QFile::remove(left);
     return copy;
 }

@@ -5,6 +5,7 @@
 #include "store/file_actions.h"
 #include "store/messages.h"
 #include "store/notices.h"
+#include "store/paths.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +33,9 @@ bool DeleteSelectedBook(int index) {
     if (ShowMsg(u"你确定要删除【选定的账本】?"_s, u"取消,确定"_s, kMsgAsk) != 1) return false;
     const BookRecord book = State().gBooks.at(static_cast<size_t>(index));
     if (book.Path.isEmpty()) return false;
-    if (index == State().gCurBook) return refuse(u"该账本是当前【正在使用】的账本不可删除!"_s);
+    // By whatever link it stands in the box.
+    if (index == State().gCurBook || IsSameFile(FileOf(book).path, FileOf(CurrentBook()).path))
+        return refuse(u"该账本是当前【正在使用】的账本不可删除!"_s);
     const auto file = FileOf(book);
     const bool there = file.exists || !file.rivals.isEmpty();
     if (there && !AskBookPassword(book, u"请输入选定的账本口令："_s))

@@ -4,6 +4,7 @@
 #include "store/outside.h"
 #include "store/paths.h"
 #include "store/state.h"
+#include "store/text.h"
 
 #include <algorithm>
 
@@ -43,7 +44,7 @@ bool IsNameAllowed(const QString& name) {
 }
 
 QString BookNameOf(const QString& typed) {
-    return typed.trimmed().toLower();
+    return OneLine(typed).replace(u'\t', u' ').trimmed().toLower();
 }
 
 QString BoxPath(const QString& fileName) {

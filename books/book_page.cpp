@@ -142,7 +142,7 @@ void BookPage::ShowFacts() {
         const auto& book = State().gBooks[static_cast<size_t>(index)];
         path = u"账本位置："_s + FileOf(book).path;
         size = u"账本大小 "_s + SizeText(BookFileSize(book));
-        Succeeds([&] { created = u"建于："_s + ReadBookFacts(book).created; });
+        Succeeds([&] { created = u"建于："_s + ReadBookFacts(book, 0).created; });
     }
     lblPath_->SetText(path);
     lblSize_->SetText(size);

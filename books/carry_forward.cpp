@@ -4,6 +4,7 @@
 #include "store/book_format.h"
 #include "store/dates.h"
 #include "store/money.h"
+#include "store/paths.h"
 #include "store/session.h"
 
 #include <algorithm>
@@ -207,7 +208,7 @@ void FillNewBook(const BookRecord& record, const BookForm& form) {
     const auto* reference = form.moreOptions ? BookOfBox(form.reference) : nullptr;
     if (!reference || !FileOf(*reference).exists) return;
     std::optional<ClosedBook> closed;
-    if (reference->Path == CurrentBook().Path) closed.emplace();
+    if (IsSameFile(FileOf(*reference).path, FileOf(CurrentBook()).path)) closed.emplace();
     const auto read = ReadReference(*reference);
     Transaction all(book);
     CarryKinds(book, read, form);

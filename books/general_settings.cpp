@@ -1,5 +1,6 @@
 #include "books/general_settings.h"
 
+#include "store/book_box.h"
 #include "store/messages.h"
 #include "store/notices.h"
 #include "store/paths.h"
@@ -38,13 +39,16 @@ bool IsSameBox(const QString& path, const QString& current) {
     return path == current || IsSameFile(RealPath(path).path, RealPath(current).path);
 }
 
-BoxChange ChangeOfBox(const QString& path) {
+// typed: the path as it is spelled, which lower case may lead elsewhere.
+BoxChange ChangeOfBox(const QString& path, const QString& typed) {
     if (path.isEmpty()) {
         const QString usual = State().gDefaultBox;
         return {u"设置保存成功!\r\n由于账本盒【存储路径】为【空】, 将使用【默认路径】：\r\n"_s + usual,
                 kMsgWarn, usual};
     }
     if (IsSameBox(path, State().settings.sDBPath)) return {u"保存成功！"_s, kMsgInfo, {}};
+    if (const auto rivals = SpelledPath(typed).rivals; !rivals.isEmpty())
+        return {RivalBoxText(rivals) + u"\n其它设置保存成功!"_s, kMsgWarn, {}};
     if (QDir::isAbsolutePath(path) && FolderExists(path)) return {{}, kMsgInfo, path};
     return {u"指定的账本盒【存储路径】不存在!\r\n其它设置保存成功!"_s, kMsgWarn, {}};
 }
@@ -72,7 +76,7 @@ GeneralSaved SaveGeneralSettings(const GeneralForm& form) {
     const auto& before = restore.Before();
     auto& settings = State().settings;
     const QString path = AsStored(form.path);
-    const auto change = ChangeOfBox(path);
+    const auto change = ChangeOfBox(path, form.path.trimmed());
     settings.nGroup = form.nGroup;
     settings.sWebName = form.webName;
     settings.sWebPass = form.webPass;

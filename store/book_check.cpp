@@ -28,7 +28,7 @@ BookRecord* RecordOf(int index) {
 bool CanOpen(const QString& file, QString& reason) {
     PendingError failed;
     if (Succeeds([&] { cConnection().Open(file); }, &failed)) return true;
-    reason = LikelyReason(failed);
+    reason = failed.hint.isEmpty() ? LikelyReason(failed) : failed.hint;
     return false;
 }
 

@@ -1,9 +1,9 @@
 #include "store/book_images.h"
 
+#include "store/disk.h"
 #include "store/paths.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +26,17 @@ bool WriteBookFile(const QString& path, const QByteArray& image, bool own) {
     // It would be played into the new book.
     for (const auto& left : FilesBeside(path))
         QFile::remove(left);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    if (own && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) return false;
-    return file.write(image) == image.size() && file.commit();
+    const QString part = path + u".part"_s;
+    QFile::remove(part);
+    QFile file(part);
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+                         (!own || file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) &&
+                         file.write(image) == image.size() && FlushToDisk(file);
+    file.close();
+    // What another program has put there meanwhile is not replaced.
+    const bool done = written && QFile::rename(part, path);
+    if (!done) QFile::remove(part);
+    return done;
 }
 
 bool WriteSampleBook(const QString& path) {
@@ -43,7 +50,7 @@ QStringList FilesBeside(const QString& path) {
 void RemoveBookFile(const QString& path) {
     const auto real = RealPath(path);
     if (!real.exists) return;
-    QFile::remove(real.path);
+    if (!QFile::remove(real.path)) return;  // a book that stays needs its journal
     for (const auto& left : FilesBeside(real.path))
         QFile::remove(left);
 }

@@ -39,6 +39,7 @@ WatchedReads& Watched() {
 
 int ReadAndAsk(sqlite3_file* file, void* to, int bytes, sqlite3_int64 at) {
     auto& watched = Watched();
+    if (!watched.real || !watched.core) return SQLITE_IOERR_READ;
     if (--watched.left <= 0 && !watched.core->asking) {
         watched.left = kReadsPerQuestion;
         if (AskGoOn(watched.core) != 0) sqlite3_interrupt(watched.core->db);

@@ -31,7 +31,7 @@ struct WebPage {
     std::vector<PageForm> forms;
 };
 
-constexpr qsizetype kLargestPage = qsizetype(16) << 20;  ///< bytes
+constexpr qsizetype kLargestPage = qsizetype{16} << 20;  ///< bytes
 
 /// Reads bytes as they came; charset is the code page that the header told, or empty.
 WebPage ReadPage(const QByteArray& bytes, const QString& charset);

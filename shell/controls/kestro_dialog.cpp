@@ -4,6 +4,8 @@
 #include "shell/controls/png_button.h"
 #include "shell/skin.h"
 #include "store/errors.h"
+#include "store/job.h"
+#include "store/state.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
@@ -34,7 +36,8 @@ KestroDialog::KestroDialog(DialogKind kind, const QString& caption, QWidget* par
       kind_(kind),
       close_(new PngButton({}, u"关闭"_s, this)),
       scroll_(new QScrollArea(this)),
-      body_(new QWidget) {
+      body_(new QWidget),
+      duringJob_(State().gBusy) {
     UseKestroScrollbars(scroll_);
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setFocusPolicy(Qt::NoFocus);
@@ -158,6 +161,8 @@ void KestroDialog::resizeEvent(QResizeEvent* event) {
 
 void KestroDialog::closeEvent(QCloseEvent* event) {
     event->ignore();
+    // A job of the window goes on unseen otherwise; a box that came up during one is closed as ever.
+    if (State().gBusy && !duringJob_) return Job::Stop();
     Leave(onClose);
 }
 

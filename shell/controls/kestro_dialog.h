@@ -71,6 +71,7 @@ class KestroDialog : public QDialog {
     QWidget* body_;
     QWidget* footer_ = nullptr;
     QAbstractButton* default_ = nullptr;
+    const bool duringJob_;  ///< it came up while one ran
     bool titleLine_ = false;
     int footerLineShorter_ = 0;
 };

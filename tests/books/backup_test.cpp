@@ -126,6 +126,45 @@ TEST_F(Backup, AWriterThatWasKilledInTheMiddleIsRolledBackFirst) {
     EXPECT_EQ(Copies(), (QStringList{u"one.jotdb"_s, u"two.jotdb"_s}));
 }
 
+TEST_F(Backup, WhatAnotherProgramHasLeftBesideABookComesAlong) {
+    const QString path = BookPath(u"two"_s);
+    const auto change = [&] {
+        const pid_t child = fork();
+        if (child == 0) {
+            sqlite3* db = nullptr;
+            sqlite3_open(path.toUtf8().constData(), &db);
+            sqlite3_exec(db, "pragma journal_mode=wal; update tKind set Money=77 where Sort1='0101'", nullptr,
+                         nullptr, nullptr);
+            kill(getpid(), SIGKILL);
+        }
+        return child;
+    };
+    int status = 0;
+    ASSERT_GT(waitpid(change(), &status, 0), 0);
+    ASSERT_GT(QFileInfo(path + u"-wal"_s).size(), 0);
+    EXPECT_EQ(Run().count, 2);
+    EXPECT_EQ(Copies(), (QStringList{u"one.jotdb"_s, u"two.jotdb"_s}));
+    {
+        cConnection copy;
+        copy.Open(Folder() + u"/two.jotdb"_s);
+        EXPECT_EQ(Rows(copy, u"select Money from tKind where Sort1='0101'"_s), QStringList{u"77"_s});
+    }
+}
+
+TEST_F(Backup, ABookThatIsGivenByItsPathIsThatVeryFile) {
+    QDir().mkpath(Path(u"out"_s));
+    for (const auto& [name, money] : {std::pair(u"out/foo.jotdb"_s, 1), std::pair(u"out/Foo.jotdb"_s, 2)}) {
+        ASSERT_TRUE(QFile::copy(BookPath(u"two"_s), Path(name)));
+        cConnection book;
+        book.Open(Path(name), {.exact = true});
+        book.Execute(u"update tKind set Money="_s + QString::number(money));
+    }
+    const auto result = Run(Path(u"out/Foo.jotdb"_s));
+    EXPECT_EQ(result.count, 0);
+    ASSERT_EQ(result.failed.size(), 1);
+    EXPECT_TRUE(result.failed.front().contains(u"只差大小写"_s)) << qPrintable(result.failed.front());
+}
+
 TEST_F(Backup, NobodyWritesWhileABookIsCopied) {
     QDir().mkpath(Folder());
     cConnection other;
@@ -190,6 +229,9 @@ TEST_F(Backup, AFolderThatCannotBeMadeOrVanishesIsTold) {
     Put(Path(u"file"_s), "x");
     Job job;
     EXPECT_FALSE(RunBackup(Path(u"file"_s) + u"/below"_s, {}, job).refused.isEmpty());
+    // A stick that is gone is not made anew as a folder.
+    EXPECT_TRUE(RunBackup(BackupFolder(Path(u"gone"_s)), {}, job).refused.startsWith(u"备份位置不存在"_s));
+    EXPECT_FALSE(QFileInfo::exists(Path(u"gone"_s)));
     QDir().mkpath(Path(u"place"_s));
     // The volume is pulled out while the first book is copied.
     const auto copy = CopyBook(State().gBooks[0], Folder(), u"x.jotdb"_s, [](qint64) { return true; });

@@ -203,6 +203,17 @@ TEST_F(BookChange, ADeletedBookTakesItsLeftoversAndTheOpenOneKeepsItsPlace) {
     EXPECT_EQ(QDir(Box()).entryList(QDir::Files).filter(u"aaa"_s), QStringList());
 }
 
+TEST_F(BookChange, TheOpenBookIsNotDeletedByAnotherNameOfIt) {
+    ASSERT_TRUE(QFile::link(BookPath(u"one"_s), BookPath(u"alias"_s)));
+    KnowBooks();
+    for (size_t i = 0; i < State().gBooks.size(); ++i) {
+        if (State().gBooks[i].Name == u"two") continue;
+        boxes.Expect(u"你确定要删除"_s);
+        boxes.Expect(u"该账本是当前【正在使用】的账本不可删除!"_s);
+        EXPECT_FALSE(DeleteSelectedBook(static_cast<int>(i)));
+    }
+}
+
 TEST_F(BookChange, ATrashThatFailsOrPretendsAsksOrSaysSo) {
     const int one = FindBook(BookPath(u"one"_s));
     OpenBook(u"two"_s);

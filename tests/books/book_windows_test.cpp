@@ -284,6 +284,9 @@ TEST_F(BookWindows, NothingReadsTheBookWhileItIsCopied) {
             Notices().entriesChanged.Emit();
             boxes.Expect(u"有别的进程在运行，不可退出!"_s);
             EXPECT_FALSE(frame_->FinishApp());
+            window_->close();  // a window manager's close asks the job to stop
+            EXPECT_TRUE(window_->isVisible());
+            EXPECT_TRUE(std::exchange(State().gStop, false));
             boxes.Expect(u"备份成功【2】本!"_s);
         }
         yield();

@@ -57,6 +57,11 @@ TEST_F(GeneralSettings, TheFourWaysOfTheBookBox) {
         EXPECT_EQ(State().settings.sDBPath, box);
         EXPECT_EQ(State().settings.sWebName, missing);
     }
+    QDir().mkpath(Path(u"rival"_s));
+    QDir().mkpath(Path(u"Rival"_s));
+    form.path = Path(u"Rival"_s);
+    EXPECT_TRUE(SaveGeneralSettings(form).message.startsWith(u"有只差大小写的同名文件夹"_s));
+    EXPECT_EQ(State().settings.sDBPath, box);
     form.path = other;
     auto saved = SaveGeneralSettings(form);
     EXPECT_EQ(saved.message, QString());

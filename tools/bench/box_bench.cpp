@@ -62,21 +62,23 @@ void MeasureNew(SpeedTable& table, const QString& folder, int runs) {
 
 // What a carry-forward writes, final, a statement for each table.
 std::vector<std::string> CarriedRows() {
-    std::string
-        kinds = "insert into tKind (Id1,Name1,Sort1,Note1,Note2,nHide,Money,nAdd,nReduce) values ",
-        entries =
-            "insert into tAccount (Id1,Title1,Type1,TypeName1,Value1,Mark1,Note1,Date1,Time1,nSign) values ",
-        accounts = "insert into tSubAcc (Id1,Name1,Sort1,nHide,Date1,Note1,Money,nAdd,nReduce) values ";
-    for (int i = 1; i <= kChartRows; ++i) {
-        const std::string n = std::to_string(i), code = std::to_string(1000 + i), comma = i > 1 ? "," : "",
-                          totals = "," + n + "," + n + ",0)";
-        kinds += comma + "(" + n + ",'分类" + n + "','" + code + "','2016-01-01','',0" + totals;
-        entries += comma + "(" + n + ",'新建账本结转余额','" + code + "','分类" + n + "'," + n +
-                   ",1,'参考账本:【ref】','2017-01-01','01:01',1)";
-        accounts += comma + "(" + n + ",'账户" + n + "','" + code + "',0,'2016-01-01','新建账本转余额：" + n +
-                    "'" + totals;
+    QStringList kinds, entries, accounts;
+    for (int n = 1; n <= kChartRows; ++n) {
+        const int code = 1000 + n;
+        kinds << u"(%1,'分类%1','%2','2016-01-01','',0,%1,%1,0)"_s.arg(n).arg(code);
+        entries << u"(%1,'新建账本结转余额','%2','分类%1',%1,1,'参考账本:【ref】','2017-01-01','01:01',1)"_s
+                       .arg(n)
+                       .arg(code);
+        accounts << u"(%1,'账户%1','%2',0,'2016-01-01','新建账本转余额：%1',%1,%1,0)"_s.arg(n).arg(code);
     }
-    return {kinds, entries, accounts};
+    const std::pair<QString, QStringList> tables[] = {
+        {u"tKind (Id1,Name1,Sort1,Note1,Note2,nHide,Money,nAdd,nReduce)"_s, kinds},
+        {u"tAccount (Id1,Title1,Type1,TypeName1,Value1,Mark1,Note1,Date1,Time1,nSign)"_s, entries},
+        {u"tSubAcc (Id1,Name1,Sort1,nHide,Date1,Note1,Money,nAdd,nReduce)"_s, accounts}};
+    std::vector<std::string> statements;
+    for (const auto& [table, rows] : tables)
+        statements.push_back((u"insert into "_s + table + u" values "_s + rows.join(u',')).toStdString());
+    return statements;
 }
 
 void MeasureCarryForward(SpeedTable& table, const QString& folder, int runs) {
@@ -92,8 +94,8 @@ void MeasureCarryForward(SpeedTable& table, const QString& folder, int runs) {
     auto form = FormOf(u"next"_s);
     form.moreOptions = true;
     form.reference = u"ref"_s;
-    form.carry = {true, true, std::vector<bool>(2 * kChartRows, true),
-                  std::vector<bool>(2 * kChartRows, true)};
+    const std::vector<bool> marked(kChartRows + 1, true);
+    form.carry = {true, true, marked, marked};
     const BookRecord record = State().gBooks.back();
     const auto fill = [&] {
         WriteFile(path, EmptyBookImage());

@@ -15,6 +15,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -67,11 +69,20 @@ std::optional<std::vector<bool>> MarksOf(const QJsonValue& field, size_t rows) {
 // As choosing it in the window does; null after its box.
 const BookRecord* ChosenReference(const QString& name, const QString& pass) {
     const auto* book = BookOfBox(name);
-    if (!book || !CheckBook(static_cast<int>(book - State().gBooks.data()))) return nullptr;
+    if (!book) {
+        ShowMsg(u"账本盒中没有账本【"_s + name + u"】!"_s);
+        return nullptr;
+    }
+    if (!CheckBook(static_cast<int>(book - State().gBooks.data()))) return nullptr;
     const TypedPassword typed(pass);
     if (AskBookPassword(*book)) return book;
     ShowMsg(u"口令不正确!"_s);
     return nullptr;
+}
+
+// The box of years takes no other text.
+bool IsYear(const QString& text) {
+    return text.size() == 4 && std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
 QJsonObject AnswerBookNew(const QJsonObject& r) {
@@ -84,9 +95,11 @@ QJsonObject AnswerBookNew(const QJsonObject& r) {
                   .moreOptions = r.contains(u"reference"_s),
                   .reference = r[u"reference"].toString(),
                   .carry = {r[u"kinds"].toBool(), r[u"accounts"].toBool(), {}, {}}};
+    if (!IsYear(form.year)) return Failure(u"bad field: year"_s);
     if (!form.reference.isEmpty()) {
         const auto* reference = ChosenReference(form.reference, r[u"referencePass"].toString());
         if (!reference) return Refusal({}, {});
+        form.reference = reference->Name;
         const auto lists = ReadCarryLists(*reference);
         const auto kinds = MarksOf(r[u"kindRows"], lists.kinds.size());
         const auto accounts = MarksOf(r[u"accountRows"], lists.accounts.size());
@@ -125,6 +138,7 @@ QJsonObject AnswerBookChange(const QJsonObject& r) {
     form.note = given(u"note"_s, facts.note);
     form.pass = given(u"pass"_s, facts.pass);
     form.passAgain = given(u"pass2"_s, facts.pass);
+    if (form.year != facts.year && !IsYear(form.year)) return Failure(u"bad field: year"_s);
     const TypedPassword typed(r[u"oldPass"].toString());
     return Saved(SaveBookChange(path, form));
 }
@@ -156,7 +170,19 @@ QJsonObject AnswerBooks(const QJsonObject&) {
     return {{u"ok"_s, true}, {u"lines"_s, lines}, {u"current"_s, State().gCurBook}};
 }
 
+// The first field whose value the page does not offer.
+QString WrongSetting(const QJsonObject& r) {
+    static const QStringList periods{u"week"_s,  u"today"_s,    u"yestoday"_s, u"rcently"_s,
+                                     u"month"_s, u"premonth"_s, u"year"_s,     u"all"_s};
+    const int split = r[u"split"].toInt(0), items = r[u"htmItems"].toInt(10);
+    if (split < 0 || split > 2) return u"split"_s;
+    if (items < 10 || items > 100 || items % 10 != 0) return u"htmItems"_s;
+    return periods.contains(r[u"load"].toString(u"all"_s)) ? QString() : u"load"_s;
+}
+
 QJsonObject AnswerSettings(const QJsonObject& r) {
+    if (!State().gSetDB.IsOpen()) return Failure(u"no settings file"_s);
+    if (const QString wrong = WrongSetting(r); !wrong.isEmpty()) return Failure(u"bad field: "_s + wrong);
     auto& settings = State().settings;
     if (r.contains(u"htmItems"_s)) settings.nHtmPageSize = r[u"htmItems"].toInt();
     if (r.contains(u"load"_s)) settings.LoadDate = r[u"load"].toString();
@@ -179,6 +205,7 @@ QJsonObject AnswerPlaces(const QJsonObject&) {
 }
 
 QJsonObject AnswerBackup(const QJsonObject& r) {
+    if (r[u"to"].toString().isEmpty()) return Failure(u"bad field: to"_s);
     Job job;
     const QString folder = BackupFolder(QFileInfo(r[u"to"].toString()).absoluteFilePath());
     const auto result = RunBackup(folder, r[u"path"].toString(), job);
