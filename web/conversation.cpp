@@ -85,7 +85,8 @@ void WebConversation::Handle(const std::vector<std::pair<QString, QString>>& fie
 }
 
 std::optional<WebRequest> WebConversation::After(const WebPage& page, const QUrl& from) {
-    if (fields_.delivered && !toldSite_) {
+    // The site forgets whatever waits there, so all of it has to stand here.
+    if (fields_.delivered && !fields_.dataRefused && !toldSite_) {
         toldSite_ = true;
         return Ask(WebScript::listDel);
     }

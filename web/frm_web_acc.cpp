@@ -50,6 +50,7 @@ void frmWebAcc::ReloadData() {
     Job job(KestroPGress2->Slots());
     if (job.Refused()) return;
     fresh_.Loading();
+    ids_.reset();
     ids_ = ReadChartIds(State().gDB);
     for (const auto which : {WebList::waiting, WebList::history})
         if (!job.Stopped()) Load(which, job);
@@ -82,7 +83,8 @@ void frmWebAcc::SetBusyBar(bool on) {
 }
 
 void frmWebAcc::PostAll() {
-    PostWebRowsAsked(State().gDB, ids_, KestroPGress2->Slots());
+    if (!ids_) ids_ = ReadChartIds(State().gDB);  // the load has failed
+    PostWebRowsAsked(State().gDB, *ids_, KestroPGress2->Slots());
 }
 
 void frmWebAcc::DeleteTicked() {

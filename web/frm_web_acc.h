@@ -7,6 +7,8 @@
 #include "web/waiting_rows.h"
 #include "web/web_posting.h"
 
+#include <optional>
+
 class KestroButton;
 class KestroList;
 class KestroPGress;
@@ -51,7 +53,7 @@ class frmWebAcc : public StripPage {
     std::array<KestroList*, 2> lists_{};  ///< KestroList1 and KestroList2, by WebList
 
     WebList list_ = WebList::waiting;
-    ChartIds ids_;  ///< nKindIds and nAccIds, as of the last load
+    std::optional<ChartIds> ids_;  ///< nKindIds and nAccIds, as of the last load
     FreshView fresh_;
     std::vector<NoticeToken> notices_;
 };

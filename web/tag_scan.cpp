@@ -11,6 +11,10 @@ using Names = QSet<QByteArray>;
 
 // What a parser does grows with tags times levels.
 constexpr qint64 kMostWork = 50'000'000;
+// A parser compares each attribute of a tag with all before it.
+constexpr int kMostAttributes = 500;
+// So many tags are safe at any depth.
+constexpr int kSafeTags = 5000;
 
 const Names kVoid{"area", "base",  "basefont", "bgsound", "br",   "col",   "embed",  "frame", "hr", "image",
                   "img",  "input", "keygen",   "link",    "meta", "param", "source", "track", "wbr"};
@@ -117,20 +121,40 @@ bool IsSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
-/// The place of the ">" that ends a tag's attributes, -1 when there is none.
-qsizetype EndOfTag(QByteArrayView html, qsizetype at) {
-    bool value = false;  // behind a "="
+struct TagEnd {
+    qsizetype at = -1;  ///< place of the ">" that ends the attributes, -1 when there is none
+    int attributes = 0;
+};
+
+/// Reads attributes as a parser does: a quote opens a value only as its first character, and a "=" in front
+/// of a name belongs to it.
+TagEnd EndOfTag(QByteArrayView html, qsizetype at) {
+    enum { beforeName, inName, beforeValue, inValue } state = beforeName;
+    TagEnd end;
     for (; at < html.size(); ++at) {
         const char c = html[at];
-        if (c == '>') return at;
-        if (IsSpace(c)) continue;
-        if (value && (c == '"' || c == '\'')) {
-            at = html.indexOf(c, at + 1);
-            if (at < 0) return -1;
+        if (c == '>') {
+            end.at = at;
+            return end;
         }
-        value = c == '=';
+        if (IsSpace(c) || (c == '/' && state != inValue && state != beforeValue)) {
+            if (state != beforeValue && !(state == inName && IsSpace(c))) state = beforeName;
+            continue;
+        }
+        if (state == beforeValue && (c == '"' || c == '\'')) {
+            at = html.indexOf(c, at + 1);
+            if (at < 0) return end;
+            state = beforeName;
+        } else if (state == beforeValue) {
+            state = inValue;
+        } else if (state == inName && c == '=') {
+            state = beforeValue;
+        } else if (state == beforeName || (state == inName && IsSpace(html[at - 1]))) {
+            ++end.attributes;
+            state = inName;
+        }
     }
-    return -1;
+    return end;
 }
 
 /// Behind the end tag of a raw text, -1 when there is none.
@@ -140,7 +164,7 @@ qsizetype EndOfRawText(QByteArrayView html, qsizetype at, const QByteArray& name
         if (end >= html.size()) return -1;
         const bool same = html.sliced(at + 2, name.size()).compare(name, Qt::CaseInsensitive) == 0;
         if (same && (IsSpace(html[end]) || html[end] == '>' || html[end] == '/')) {
-            const auto close = EndOfTag(html, end);
+            const auto close = EndOfTag(html, end).at;
             return close < 0 ? -1 : close + 1;
         }
     }
@@ -185,8 +209,9 @@ class Scan {
         qsizetype to = from;
         while (to < html_.size() && !IsSpace(html_[to]) && html_[to] != '>' && html_[to] != '/')
             ++to;
-        const auto end = EndOfTag(html_, to);
+        const auto [end, attributes] = EndOfTag(html_, to);
         if (end < 0) return -1;
+        if (attributes > kMostAttributes) found_.tooDeep = true;
         const QByteArray name = html_.sliced(from, to - from).toByteArray().toLower();
         if (name == "form") found_.forms.push_back({at, !closes});
         if (!closes && kRawText.contains(name)) return EndOfRawText(html_, end + 1, name);
@@ -201,7 +226,7 @@ class Scan {
     void Count() {
         found_.deepest = std::max(found_.deepest, levels_.Depth());
         work_ += levels_.Depth() + 1;
-        found_.tooDeep = found_.deepest > kDeepestTags || work_ > kMostWork;
+        found_.tooDeep = found_.tooDeep || found_.deepest > kDeepestTags || work_ > kMostWork;
     }
 
     QByteArrayView html_;
@@ -210,8 +235,26 @@ class Scan {
     qint64 work_ = 0;
 };
 
+// Where text that is no markup elsewhere holds tags after all, or a comment ends otherwise, the scan and a
+// parser may part ways.
+bool MayDiffer(const QByteArray& lower) {
+    for (const char* sign : {"<svg", "<math", "<select", "<frameset", "<plaintext", "--!>"})
+        if (lower.contains(sign)) return true;
+    const auto script = lower.indexOf("<script");
+    return script >= 0 && lower.indexOf("<!--", script) >= 0;
+}
+
+qsizetype TagsAnywhere(QByteArrayView html) {
+    qsizetype tags = 0;
+    for (qsizetype at = html.indexOf('<'); at >= 0 && at + 1 < html.size(); at = html.indexOf('<', at + 1))
+        if (IsLetter(html[at + 1])) ++tags;
+    return tags;
+}
+
 }  // namespace
 
 TagScan ScanTags(QByteArrayView html) {
-    return Scan(html).Run();
+    auto found = Scan(html).Run();
+    if (TagsAnywhere(html) > kSafeTags && MayDiffer(html.toByteArray().toLower())) found.tooDeep = true;
+    return found;
 }

@@ -85,7 +85,8 @@ bool TakeRepeats(size_t count) {
 /// lost there.
 QString SqlField(const WebColumn& column, const QString& field) {
     const auto bytes = [&] { return u"x'"_s + QString::fromLatin1(field.toUtf8().toHex()) + u'\''; };
-    if (column.kind == WebColumn::Kind::amount && WouldBecomeANumber(field)) return bytes();
+    if (WouldBecomeAnother(column, field)) return bytes();
+    if (column.kind == WebColumn::Kind::amount && NumericValue(field)) return Quote(field.trimmed());
     return field.contains(QChar(0)) ? u"cast("_s + bytes() + u" as text)"_s : Quote(field);
 }
 
@@ -210,7 +211,7 @@ class CellMaker {
             text_ = MoneyText(number);
             opposite_ = text_ == u"0" ? text_ : text_.startsWith(u'-') ? text_.mid(1) : u'-' + text_;
         }
-        return row.Int(sign) == 1 ? text_ : opposite_;
+        return row.Number(sign) == 1 ? text_ : opposite_;
     }
 
     std::array<std::pair<QByteArray, QString>, kColumns> kept_;

@@ -73,9 +73,11 @@ void WebFields::HandleInfo(const QString& value) {
 
 void WebFields::HandleData(const QString& value) {
     const auto& settings = State().settings;
-    if (settings.bWebOk != 1) return Tell(u"无效用户!"_s, kMsgFail);
     const QString open = CurrentBook().Name;
-    if (settings.sWebBook.compare(open, Qt::CaseInsensitive) != 0)
+    const bool otherBook = settings.sWebBook.compare(open, Qt::CaseInsensitive) != 0;
+    dataRefused = dataRefused || settings.bWebOk != 1 || otherBook;
+    if (settings.bWebOk != 1) return Tell(u"无效用户!"_s, kMsgFail);
+    if (otherBook)
         return Tell(u"网账需要的账本是："_s + settings.sWebBook + u"，而您当前的账本是："_s + open, kMsgWarn);
     answered = true;
     if (StoreWebLines(State().gDB, value)) delivered = true;

@@ -20,11 +20,12 @@ class WebFields {
     void Handle(const QString& name, const QString& value);
 
     // What the fields have said so far.
-    bool refused = false;    ///< the user is not valid
-    bool hasInfo = false;    ///< the user's information came, and the user has been taken over
-    bool delivered = false;  ///< entries were stored, the site may be told
-    bool formMet = false;    ///< the upload form
-    bool answered = false;   ///< a box has told the user what became of the request
+    bool refused = false;      ///< the user is not valid
+    bool hasInfo = false;      ///< the user's information came, and the user has been taken over
+    bool dataRefused = false;  ///< entries came that were not stored
+    bool delivered = false;    ///< entries were stored, the site may be told
+    bool formMet = false;      ///< the upload form
+    bool answered = false;     ///< a box has told the user what became of the request
 
  private:
     void HandleRet(const QString& value);

@@ -100,11 +100,15 @@ WebDelivery ReadDelivery(const QString& text) {
 QString StoredText(const WebColumn& column, const QString& field) {
     using enum WebColumn::Kind;
     const bool asNumber = column.kind == amount  ? NumericValue(field).has_value()
-                          : column.kind == whole ? ReadsAsNumber(field)
+                          : column.kind == whole ? ReadsAsNumber(field) && !WouldBecomeAnother(column, field)
                                                  : false;
     return asNumber ? PlainNumber(Val(field.trimmed())) : field;
 }
 
-bool WouldBecomeANumber(const QString& text) {
-    return ReadsAsNumber(text) && !NumericValue(text);
+bool WouldBecomeAnother(const WebColumn& column, const QString& field) {
+    if (column.kind == WebColumn::Kind::text || !ReadsAsNumber(field)) return false;
+    if (column.kind == WebColumn::Kind::amount) return !NumericValue(field);
+    bool fits = false;
+    field.trimmed().toDouble(&fits);
+    return !fits;
 }

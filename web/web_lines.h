@@ -48,6 +48,6 @@ WebDelivery ReadDelivery(const QString& text);
 
 /// What a field becomes in its column, as a text: two fields are stored alike when these are equal.
 QString StoredText(const WebColumn& column, const QString& field);
-/// True for a text that SQLite makes a number of when it comes into a column of numbers, though it is none by
-/// our rules.
-bool WouldBecomeANumber(const QString& text);
+/// True for a text that SQLite makes a number of when it comes into the column, though it is none by our
+/// rules, or none that it could hold.
+bool WouldBecomeAnother(const WebColumn& column, const QString& field);

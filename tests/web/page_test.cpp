@@ -121,6 +121,24 @@ TEST_F(PageTest, LargeAndDeepPagesAreReadUpToALimit) {
     EXPECT_FALSE(ReadPage(head + QByteArray(filled + 1, 'x') + foot, {}).fault.isEmpty());
 }
 
+// Texts that a parser takes for tags where a glance at the page does not.
+TEST_F(PageTest, PagesMadeToStandInTheWayAreRefusedAtOnce) {
+    const QString many = Repeated(u"<g>"_s, 6000), attributes = u"<input name=a "_s;
+    for (const QString& page :
+         {u"<svg><title>"_s + many + u"</title></svg>"_s, u"<math><style>"_s + many + u"</style>"_s,
+          u"<!-- --!>"_s + many + u"-->"_s, u"<a =\">"_s + many + u"\">"_s, u"<a b==\">"_s + many + u"\">"_s,
+          u"<table><tr><td><select><xmp><td>"_s + many + u"</xmp>"_s,
+          u"<script><!--<script></script><style></script>"_s + many + u"</style>"_s})
+        EXPECT_FALSE(Read(page).fault.isEmpty()) << qPrintable(page.left(30));
+    QString row = attributes;
+    for (int i = 0; i < 600; ++i)
+        row += u"a%1=\"x > y\" "_s.arg(i);
+    EXPECT_FALSE(Read(row + u'>').fault.isEmpty());
+    EXPECT_EQ(
+        Read(u"<svg></svg><select name=s><option>1</select>"_s + Repeated(u"<input name=a>"_s, 300)).fault,
+        QString());
+}
+
 TEST_F(PageTest, APageThatStopsInTheMiddleIsKnown) {
     const QString whole = u"<form><!-- c --><input name=a value='<x>'><textarea name=t>1</textarea></form>"_s;
     EXPECT_FALSE(Read(whole).cut);

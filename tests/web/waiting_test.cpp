@@ -75,6 +75,30 @@ TEST_F(WaitingTest, RepeatsAreCountedAgainstWaitingAndHistory) {
     EXPECT_EQ(Waiting().size(), 6);
 }
 
+TEST_F(WaitingTest, AnAmountAmongBlanksIsThatAmountAndComesOnce) {
+    const QStringList lines{SiteLine(u"a"_s, {{5, u"　5"_s}}), SiteLine(u"b"_s, {{5, u"5\u00a0"_s}}),
+                            SiteLine(u"c"_s, {{5, u" 5.50 "_s}}), SiteLine(u"d"_s, {{2, u"1e999"_s}})};
+    Store(lines, {Received(4)});
+    EXPECT_EQ(Dump(u"select Value1 from tAccountWeb order by ID1 limit 3"_s),
+              (QStringList{u"5"_s, u"5"_s, u"5.5"_s}));
+    Store(lines, {u"有【4】条"_s, Received(0)}, 0);
+    EXPECT_EQ(Waiting().size(), 4);
+}
+
+// What one part of an answer brings is not forgotten by the site when another part was refused.
+TEST_F(WaitingTest, ADeliveryThatIsRefusedInPartIsNotForgotten) {
+    WebConversation talk(WebTalk::fetch);
+    const QString book = CurrentBook().Name;
+    boxes.Expect(Received(1));
+    boxes.Expect(u"网账需要的账本是：other"_s);
+    EXPECT_FALSE(talk.TakeFields({{u"txtRet"_s, u"2"_s},
+                                  {u"txtDataRet"_s, book},
+                                  {u"txtData"_s, SiteLine(u"a"_s)},
+                                  {u"txtDataRet"_s, u"other"_s},
+                                  {u"txtData"_s, SiteLine(u"b"_s)}}));
+    EXPECT_EQ(Waiting().size(), 1);
+}
+
 TEST_F(WaitingTest, SkippedLinesAreCountedAndTheDeliveryIsKept) {
     const QString bad = SiteLine(u"siebzehn"_s).section(u'∴', 0, 16),
                   more = SiteLine(u"neunzehn"_s) + u"∴x"_s;
