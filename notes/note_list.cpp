@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,17 +25,32 @@ QString Moment(const QString& date, const QString& time) {
     return date + u' ' + time;
 }
 
+// Moved into their place: a list in braces would copy them.
+template <class... Texts>
+std::vector<QString> CellsOf(Texts&&... texts) {
+    std::vector<QString> cells;
+    cells.reserve(sizeof...(texts));
+    (cells.push_back(std::forward<Texts>(texts)), ...);
+    return cells;
+}
+
+QString MomentOf(const cReader& row, int date, int time) {
+    QByteArray moment = row.Bytes(date).toByteArray();
+    moment += ' ';
+    moment += row.Bytes(time);
+    return QString::fromUtf8(moment);
+}
+
 NoteLine WakeLine(const cReader& row, int number) {
     return {{row.Int(0), kTagWake},
-            {QString::number(number), Moment(row.Text(3), row.Text(4)), row.Text(8), row.Text(1),
-             Flag(row.Int(2) != 0)}};
+            CellsOf(QString::number(number), MomentOf(row, 3, 4), row.Text(8), row.Text(1),
+                    Flag(row.Int(2) != 0))};
 }
 
 NoteLine PlainLine(const cReader& row, int number) {
-    const bool wake = row.Int(5) != 0;
     return {{row.Int(0), kTagNote},
-            {QString::number(number), Moment(row.Text(1), row.Text(4)), wake ? u"提醒"_s : u"记事"_s,
-             row.Text(2), Flag(row.Int(3) != 0)}};
+            CellsOf(QString::number(number), MomentOf(row, 1, 4), row.Int(5) != 0 ? u"提醒"_s : u"记事"_s,
+                    row.Text(2), Flag(row.Int(3) != 0))};
 }
 
 NoteLine LineOf(NoteList list, const cReader& row, int number) {
