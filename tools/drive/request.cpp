@@ -22,8 +22,9 @@ const Field kWorldFields[] = {{u"answer", FieldType::text},
                               {u"stopAfter", FieldType::number}};
 
 const Request* FindRequest(const QString& name) {
-    for (const auto& group : {EntryRequests(), BookRequests(), ChartRequests(), NoteRequests(),
-                              OutputRequests(), PictureRequests(), PrintRequests(), TextRequests(), WebRequests()})
+    for (const auto& group :
+         {EntryRequests(), BookRequests(), ChartRequests(), NoteRequests(), OutputRequests(),
+          PictureRequests(), PrintRequests(), TextRequests(), WebRequests()})
         for (const auto& request : group)
             if (name == request.name) return &request;
     return nullptr;
