@@ -38,7 +38,7 @@ void KestroList::GrowColumns(int firstRow) {
         const FigureMeter& usual = state.IsDate() ? FigureMeter::Of(Type::small) : body;
         for (int row = firstRow; row < RowCount(); ++row) {
             const bool bold = model_->Row(row).look.bold && !state.IsDate();
-            GrowBy(state, model_->Cell(row, column), bold ? FigureMeter::Of(Type::bodyBold) : usual);
+            GrowBy(state, model_->Bytes(row, column), bold ? FigureMeter::Of(Type::bodyBold) : usual);
         }
     }
 }

@@ -332,7 +332,7 @@ TEST_F(NotesTest, AnyTextComesBackAsItWasTyped) {
         QStringList found;
         Job job;
         ReadNotes(book, NoteList::note, NoteCondition({text.left(40)}), job,
-                  [&](NoteLine&& line) { found << line.cells[kNoteTitle]; });
+                  [&](NoteLine&& line) { found << line.cells.Text(kNoteTitle); });
         EXPECT_TRUE(found.contains(text)) << qUtf8Printable(text.left(20));
         EXPECT_TRUE(NoteTipText(book, {saved.id, kTagWake}).endsWith(text));
     }

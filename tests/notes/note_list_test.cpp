@@ -10,7 +10,7 @@ QStringList Lines(NoteList list, const QString& condition = {}) {
     QStringList lines;
     Job job;
     ReadNotes(State().gDB, list, condition, job, [&](NoteLine&& line) {
-        QStringList cells(line.cells.begin(), line.cells.end());
+        const QStringList cells = line.cells.All();
         lines << line.key.tag + QString::number(line.key.id) + u' ' + cells.join(u'|');
     });
     return lines;
@@ -54,7 +54,7 @@ TEST_F(NotesTest, ASearchFindsNotesAloneByTheTextAsItIsTyped) {
         QStringList titles;
         Job job;
         ReadNotes(State().gDB, NoteList::note, c.condition, job,
-                  [&](NoteLine&& line) { titles << line.cells[kNoteTitle]; });
+                  [&](NoteLine&& line) { titles << line.cells.Text(kNoteTitle); });
         EXPECT_EQ(titles, c.titles) << qUtf8Printable(c.condition);
     }
     EXPECT_EQ(NoteCondition({u"　 "_s}), QString());
@@ -63,7 +63,7 @@ TEST_F(NotesTest, ASearchFindsNotesAloneByTheTextAsItIsTyped) {
 TEST_F(NotesTest, ALineIsReadAgainWhileItBelongsToItsList) {
     PutNotes();
     auto& book = State().gDB;
-    EXPECT_EQ(ReadNote(book, NoteList::wake, 2, 7)->cells[kNoteNumber], u"7"_s);
+    EXPECT_EQ(ReadNote(book, NoteList::wake, 2, 7)->cells.Text(kNoteNumber), u"7"_s);
     EXPECT_FALSE(ReadNote(book, NoteList::wake, 4, 1));  // done
     EXPECT_FALSE(ReadNote(book, NoteList::wake, 1, 1));  // no reminder
     EXPECT_TRUE(ReadNote(book, NoteList::note, 4, 1));

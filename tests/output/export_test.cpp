@@ -64,13 +64,13 @@ class ExportTest : public Fixture {
         boxes.Expect(u"文件已导出到【"_s, answer);
         return Export(table, format, {});
     }
-    static ExportTable Entries(std::vector<std::vector<QString>> rows) {
+    static ExportTable Entries(std::vector<RowTexts> rows) {
         return LinesExport(LineKind::entries, std::move(rows));
     }
     QStringList opened_;
 };
 
-std::vector<std::vector<QString>> TwoRows() {
+std::vector<RowTexts> TwoRows() {
     return {
         {u"1"_s,
          u"2016-01-01  14:08"_s,
@@ -158,7 +158,7 @@ TEST_F(ExportTest, TextsStandInColumns) {
 TEST_F(ExportTest, ASpreadsheetIsReadByOthers) {
     const QString longText = QString(5000, u'长');
     auto rows = TwoRows();
-    rows[0][6] = u"=购买\t办公桌"_s;
+    rows[0].Set(6, u"=购买\t办公桌");
     for (int i = 0; i < 20; ++i)
         rows.push_back(
             {QString::number(i + 3), {}, longText, u"0.5"_s, {}, u"1E+20"_s, longText + QString::number(i)});
