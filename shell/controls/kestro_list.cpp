@@ -217,7 +217,7 @@ void KestroList::SetCell(int row, int column, const QString& text) {
     model_->Row(row).cells.Set(column, text);
     if (model_->IsFilling()) return;
     ListColumnState& state = model_->Column(column);
-    const FigureMeter& meter = FigureMeter::Of(state.IsDate() ? Type::small : Type::body);
+    const FigureMeter& meter = FigureMeter::Of(TypeOf(state, model_->Row(row).look));
     if (!state.IsText() && !state.IsIcons()) GrowBy(state, model_->Bytes(row, column), meter);
     model_->MeasureBars();
     model_->TellRow(row);

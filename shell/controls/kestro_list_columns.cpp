@@ -87,6 +87,11 @@ int FigureMeter::Width(QByteArrayView text, qsizetype separators) const {
     return static_cast<int>(std::ceil(sum));
 }
 
+Type TypeOf(const ListColumnState& column, const RowLook& look) {
+    if (column.IsDate()) return look.danger ? Type::smallBold : Type::small;
+    return look.bold ? Type::bodyBold : Type::body;
+}
+
 CellPadding PaddingOf(const ListColumnState& column) {
     if (column.IsMoney()) return {6, 6};
     if (column.IsDate()) return {6, 4};

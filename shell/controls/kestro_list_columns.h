@@ -43,6 +43,9 @@ class FigureMeter {
     double wide_;
 };
 
+/// The type in which a cell is painted; dates are smaller, a day gone by stands out.
+Type TypeOf(const ListColumnState& column, const RowLook& look);
+
 /// Left and right room round a cell's text.
 struct CellPadding {
     int left;

@@ -66,8 +66,7 @@ void KestroListPainter::PaintBar(QPainter& p, const QRect& rect, const RowState&
 }
 
 QFont KestroListPainter::FontOf(int row, int column) const {
-    if (model_.Column(column).IsDate()) return Skin::Font(Type::small);
-    return Skin::Font(model_.Row(row).look.bold ? Type::bodyBold : Type::body);
+    return Skin::Font(TypeOf(model_.Column(column), model_.Row(row).look));
 }
 
 Tok KestroListPainter::ColorOf(int row, int column, const RowState& state) const {
