@@ -88,6 +88,15 @@ bool UiFixture::Wait(const std::function<bool()>& done) {
     return true;
 }
 
+void Press(QWidget* window, const char* name, QPoint at) {
+    QTest::mouseClick(Find<QWidget>(window, name), Qt::LeftButton, {}, at);
+}
+
+void Present(QWidget* window) {
+    window->show();
+    QApplication::setActiveWindow(window);
+}
+
 void OnNextModal(std::function<void(QWidget*)> body) {
     QTimer::singleShot(0, [body = std::move(body)] {
         QWidget* window = QApplication::activeModalWidget();

@@ -43,6 +43,16 @@ class UiFixture : public Fixture {
     InputSeen inputShown_;
 };
 
+/// Settings, the sample book and everything registered, where most windows open.
+class SampleStage : public UiFixture {
+ protected:
+    SampleStage() {
+        OpenSettingsStore();
+        OpenSample();
+        RegisterAll();
+    }
+};
+
 /// The control of this name and type below a window.
 template <typename T>
 T* Find(QWidget* window, const char* name) {
@@ -50,6 +60,11 @@ T* Find(QWidget* window, const char* name) {
     EXPECT_NE(found, nullptr) << name;
     return dynamic_cast<T*>(found);
 }
+
+/// Clicks the control of this name; in its middle when no place is given.
+void Press(QWidget* window, const char* name, QPoint at = {});
+/// Shows a window as the one that has the keyboard.
+void Present(QWidget* window);
 
 /// Runs body on the modal window that opens next; closes it if body leaves it open.
 void OnNextModal(std::function<void(QWidget*)> body);

@@ -1,0 +1,64 @@
+#pragma once
+// The sample book, a folder of picture files to choose from, and the picture window of an entry.
+
+#include "pictures/frm_import.h"
+#include "pictures/picture_box.h"
+#include "shell/controls/kestro_label.h"
+#include "shell/controls/kestro_list.h"
+#include "shell/controls/kestro_tiles.h"
+#include "store/outside.h"
+#include "tests/support/ui_fixture.h"
+
+#include <QDir>
+#include <QImage>
+
+class PictureStage : public SampleStage {
+ protected:
+    PictureStage() {
+        for (const auto* folder : {"temp", "files"})
+            QDir().mkpath(Path(QString::fromLatin1(folder)));
+        qputenv("TEMP", Path(QStringLiteral("temp")).toLocal8Bit());
+        Outside().places = [this] {
+            const auto place = [this](const char* key, const QString& name, const char* folder) {
+                const QString text = QString::fromLatin1(key);
+                return BrowsePlace{text, name, text, Path(QString::fromLatin1(folder))};
+            };
+            return std::vector{place("desktop", QStringLiteral("桌面"), "files"),
+                               place("doc", QStringLiteral("我的文档"), "none")};
+        };
+        SetOwner(3);
+    }
+    ~PictureStage() override { qunsetenv("TEMP"); }
+
+    /// An entry, or -1 for one that is not saved yet.
+    static void SetOwner(int id) {
+        ResetDlg(kDlgPictures);
+        PictureDialog owner;
+        owner.table = QStringLiteral("tAccount");
+        owner.id = id;
+        owner.single = id < 0 ? 1 : 0;
+    }
+    QString PutPicture(const QString& name, const QByteArray& bytes) const {
+        return PutFile(QStringLiteral("files/") + name, bytes);
+    }
+    QString PutPicture(const QString& name, const QImage& image) const {
+        const QString path = PutPicture(name, QByteArray());
+        EXPECT_TRUE(image.save(path, "jpg", 95));
+        return path;
+    }
+};
+
+struct Opened {
+    Opened() { Present(&window); }
+    frmImport window;
+    KestroList* files = Find<KestroList>(&window, "KestroList1");
+    KestroListView* added = Find<KestroListView>(&window, "KestroListView1");
+    PictureBox* box = Find<PictureBox>(&window, "Picture1");
+    KestroLabel* arrow = Find<KestroLabel>(&window, "lblArrow");
+    void Press(const char* button) { ::Press(&window, button); }
+    /// Adds the file in this row.
+    void Add(int row) {
+        files->SetCurrentRow(row);
+        QTest::keyClick(files, Qt::Key_Return);
+    }
+};
