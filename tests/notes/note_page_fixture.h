@@ -32,7 +32,7 @@ class NotePage : public UiFixture {
             titles << list->Cell(row, kNoteTitle);
         return titles;
     }
-    void Press(const char* name) { QTest::mouseClick(Find<QWidget>(page_, name), Qt::LeftButton); }
+    void Press(const char* name) { ::Press(page_, name); }
 
     std::unique_ptr<frmMain> frame_;
     frmNote* page_ = nullptr;
