@@ -91,7 +91,10 @@ TEST_F(NoteWindow, AChangeOfTypeTakesTheReminderAway) {
 TEST_F(NoteWindow, AMessageIsReadAndCannotBeSaved) {
     State().gSetDB.Execute(
         u"insert into tAd (Id1,Title1,Note1,Date1,Time1,bWakeOk) values (1,'消息','内容','2016-09-01','08:00',0)"_s);
+    RegisterDialog(kDlgPictures, [](QPoint) {});
     Open(1, u"web"_s, true);
+    EXPECT_FALSE(At<QWidget>("btnCamera")->isEnabled());
+    QTest::keyClick(At<QWidget>("editNote"), Qt::Key_X);
     EXPECT_EQ(window_->windowTitle(), u"平台信息查看"_s);
     EXPECT_EQ(At<KestroEditBox>("editNote")->Text(), u"内容"_s);
     EXPECT_FALSE(At<QWidget>("btnEnter")->isVisible());

@@ -48,6 +48,14 @@ class PictureStage : public SampleStage {
     }
 };
 
+/// A JPEG that says of itself that it is to be shown turned clockwise by a quarter.
+inline QByteArray Turned(const QByteArray& jpeg) {
+    return jpeg.left(2) +
+           QByteArray::fromHex(
+               "ffe1 0022 457869660000 4d4d002a00000008 0001 0112 0003 00000001 00060000 00000000") +
+           jpeg.mid(2);
+}
+
 struct Opened {
     Opened() { Present(&window); }
     frmImport window;

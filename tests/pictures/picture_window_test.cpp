@@ -8,7 +8,6 @@
 #include "shell/skin.h"
 #include "tests/pictures/picture_fixture.h"
 
-#include <QImageWriter>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -310,11 +309,9 @@ TEST_F(PictureWindow, ARepaintedPartEqualsTheWhole) {
 }
 
 TEST_F(PictureWindow, WhatCannotBeShownSaysSoAndWhatIsTurnedStandsUpright) {
-    QImageWriter turned(Path(u"files/turned.jpg"_s), "jpg");
-    turned.setTransformation(QImageIOHandler::TransformationRotate90);
-    ASSERT_TRUE(turned.write(FourCorners(100, 60)));
+    const QString corners = PutPicture(u"corners.jpg"_s, FourCorners(100, 60));
     cGdiImage image;
-    ASSERT_TRUE(image.Load(Path(u"files/turned.jpg"_s)));
+    ASSERT_TRUE(image.Load(PutPicture(u"turned.jpg"_s, Turned(BytesOf(corners)))));
     EXPECT_EQ(QSizeF(image.ImageWidth(), image.ImageHeight()), QSizeF(60, 100));
     EXPECT_EQ(Corners(image.Picture(), image.Picture().rect()), u"brgw"_s);
 
