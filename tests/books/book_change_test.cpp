@@ -10,6 +10,8 @@
 #include "store/picture_index.h"
 #include "tests/books/books_fixture.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -174,6 +176,7 @@ TEST_F(BookChange, ADeletionIsRefusedInItsOrder) {
 
 TEST_F(BookChange, ADeletedBookTakesItsLeftoversAndTheOpenOneKeepsItsPlace) {
     PutBook(u"aaa"_s);
+    std::ranges::sort(State().gBooks, {}, &BookRecord::Name);
     OpenBook(u"two"_s);
     GiveTrash();
     for (const auto& beside : {u"-journal"_s, u"-wal"_s})

@@ -126,6 +126,9 @@ TEST_F(NewBook, AFileOfTheNameAndAMissingReferenceRefuseInTheirOrder) {
     ASSERT_TRUE(QFile::rename(BookPath(u"next"_s), Box() + u"/NEXT.JotDB"_s));
     boxes.Expect(u"该账本文件已【存在】!"_s);
     EXPECT_FALSE(CreateBook(form).done);
+    PutFile(u"box/Next.jotdb"_s);  // now two of them
+    boxes.Expect(u"该账本文件已【存在】!"_s);
+    EXPECT_FALSE(CreateBook(form).done);
     EXPECT_EQ(Names(), QStringList{QString()});
 }
 
