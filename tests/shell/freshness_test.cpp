@@ -21,18 +21,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Freshness : public UiFixture {
+class Freshness : public SampleStage {
  protected:
     Freshness() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
-        Build();
-    }
-    void Build() {
         frame_ = std::make_unique<frmMain>();
-        frame_->show();
-        QApplication::setActiveWindow(frame_.get());
+        Present(frame_.get());
         EXPECT_TRUE(Wait([this] { return Entries()->RowCount() >= 3; }));
     }
     KestroList* Entries() { return Find<KestroList>(Host().page(kTabAccount), "KestroList1"); }
