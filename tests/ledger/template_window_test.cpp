@@ -12,19 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class TemplateWindow : public UiFixture {
+class TemplateWindow : public SampleStage {
  protected:
     TemplateWindow() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         State().gDB.Execute(
             u"insert into tAccountTemplate values (4,'房租'), (5,'O''Neil 的账'), (7,'水电')"_s);
     }
     QStringList Kept() { return Rows(State().gDB, u"select ID1 from tAccountTemplate"_s); }
-    static void Press(QWidget* window, const char* button) {
-        QTest::mouseClick(Find<QWidget>(window, button), Qt::LeftButton);
-    }
 };
 
 }  // namespace

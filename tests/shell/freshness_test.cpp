@@ -135,26 +135,6 @@ TEST_F(Freshness, WhileAJobRunsPagesOnlyTakeNote) {
     EXPECT_TRUE(Wait([this] { return Entries()->RowCount() == 4; }));
 }
 
-TEST_F(Freshness, APageTurnAsksForNoCountAgain) {
-    State().gDB.Execute(
-        u"with recursive n(i) as (select 100 union all select i+1 from n where i<10200) insert into tAccount"
-        u" (Id1,Title1,Type1,Value1,Date1,Time1,nSign,bIsMain) select i,'x','0101',1,'2017-01-01','08:00',1,1 from n"_s);
-    auto* page = Host().page(kTabAccount);
-    page->Do(Act::reload);
-    auto* pages = Find<KestroCombox>(page, "comPage");
-    ASSERT_EQ(pages->Count(), 2);
-    int counts = 0;
-    cConnection::Seams().beforeStatement = [&](const QString& sql) {
-        counts += sql.contains(u"SumCount"_s) ? 1 : 0;
-    };
-    pages->onChoose({}, u"1"_s);
-    EXPECT_EQ(counts, 0);
-    EXPECT_EQ(Find<KestroLabel>(page, "lblCount")->Text(), u"笔数:10,104"_s);
-    page->Do(Act::reload);
-    EXPECT_EQ(counts, 1);
-    cConnection::Seams().beforeStatement = {};
-}
-
 TEST_F(Freshness, KeysGoRoundTheTabsAndTheFocusStandsOnALine) {
     EXPECT_TRUE(Wait([this] { return Entries()->hasFocus(); }));
     EXPECT_EQ(Entries()->CurrentRow(), 0);
