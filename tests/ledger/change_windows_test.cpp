@@ -27,9 +27,7 @@ class ChangeWindows : public SampleStage {
  protected:
     template <typename P>
     std::unique_ptr<P> Open(int rows) {
-        auto page = std::make_unique<P>(nullptr);
-        page->resize(1096, 618);
-        page->show();
+        auto page = NewPage<P>();
         list_ = Find<KestroList>(page.get(), "KestroList1");
         EXPECT_TRUE(Wait([&] { return list_->RowCount() == rows; }));
         return page;

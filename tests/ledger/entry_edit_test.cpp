@@ -20,8 +20,6 @@ class EntryEditTest : public Fixture {
         Book().Execute(u"pragma synchronous=off"_s);
         boxes.AnswerAll(1);
     }
-    cConnection& Book() { return State().gDB; }
-
     PostedIds Post(int shape) {
         auto e = SampleEntry(u"旧"_s, u"10"_s);
         SetShape(e, shape);

@@ -22,9 +22,7 @@ class EntryPage : public SampleStage {
  protected:
     EntryPage() {
         State().gPage = kPageAccount;
-        page_ = std::make_unique<frmAccount>(nullptr);
-        page_->resize(1096, 618);
-        page_->show();
+        page_ = NewPage<frmAccount>();
         list_ = At<KestroList>("KestroList1");
         EXPECT_TRUE(Wait([this] { return !Count().isEmpty(); }));
     }
@@ -33,12 +31,7 @@ class EntryPage : public SampleStage {
         return Find<T>(page_.get(), name);
     }
     QString Count() { return At<KestroLabel>("lblCount")->Text(); }
-    QStringList Column(int column) {
-        QStringList cells;
-        for (int row = 0; row < list_->RowCount(); ++row)
-            cells << list_->Cell(row, column);
-        return cells;
-    }
+    QStringList Column(int column) { return ::Column(list_, column); }
     void ChooseKind(const QString& code) {
         At<KestroScrollMenu>("KestroScrollMenu1")->onClick(u"title3"_s, code);
     }

@@ -70,8 +70,6 @@ class InvariantTest : public RandomEntries {
         QStringList lost(lost_.begin(), lost_.end());
         ASSERT_EQ(ties, lost);
     }
-    cConnection& Book() { return State().gDB; }
-
     std::map<QString, BalanceGap> gaps_;
     std::set<QString> lost_;   ///< records that outlived their entry
     std::set<QString> cells_;  ///< of the tables of an edit, as "what: was-becomes"

@@ -26,12 +26,7 @@ class NotePage : public UiFixture {
     }
     KestroList* Wake() { return page_->Lists()[0]; }
     KestroList* All() { return page_->Lists()[1]; }
-    static QStringList Titles(const KestroList* list) {
-        QStringList titles;
-        for (int row = 0; row < list->RowCount(); ++row)
-            titles << list->Cell(row, kNoteTitle);
-        return titles;
-    }
+    static QStringList Titles(const KestroList* list) { return Column(list, kNoteTitle); }
     void Press(const char* name) { ::Press(page_, name); }
 
     std::unique_ptr<frmMain> frame_;

@@ -378,11 +378,17 @@ TEST_F(ExportTest, ThePagesFilesAreThereWithThePages) {
     QDir().mkpath(Path(u"program/Skin"_s));
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_EQ(Export(Entries(TwoRows()), ExportFormat::web, {}), QStringList());
-    EXPECT_FALSE(State().gBusy);
     PutFile(u"program/Skin/Html/css.css"_s);
     for (int time = 0; time < 2; ++time) {
         Run(Entries(TwoRows()), ExportFormat::web);
         EXPECT_TRUE(QFile::exists(css));
         QDir(State().gDataDir + u"/Export/Html"_s).removeRecursively();
     }
+}
+
+TEST_F(ExportTest, AFileInThePlaceOfTheFolderIsTold) {
+    PutFile(u"data/Export"_s);
+    boxes.Expect(u"创建临时文件夹错误!"_s);
+    EXPECT_EQ(Export(Entries(TwoRows()), ExportFormat::web, {}), QStringList());
+    EXPECT_FALSE(State().gBusy);
 }

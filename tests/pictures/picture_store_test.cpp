@@ -34,7 +34,6 @@ class PictureStore : public Fixture {
     }
     ~PictureStore() override { qunsetenv("TEMP"); }
 
-    cConnection& Book() { return State().gDB; }
     QStringList Stored() { return Rows(Book(), kRows); }
     OwnerPicture Picture(const QString& name, const QByteArray& bytes) {
         return NewPicture(PutFile(name, bytes));

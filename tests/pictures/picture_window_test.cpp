@@ -366,12 +366,10 @@ TEST_F(PictureWindow, AnEntryOpensItsPictures) {
         EXPECT_EQ(Find<KestroButton>(&entry, "btnCamera")->text(), shown);
     }
 
-    frmAccount page(nullptr);
-    page.resize(1096, 618);
-    page.show();
-    auto* list = Find<KestroList>(&page, "KestroList1");
+    const auto page = NewPage<frmAccount>();
+    auto* list = Find<KestroList>(page.get(), "KestroList1");
     ASSERT_TRUE(Wait([&] { return list->RowCount() == 3; }));
-    auto* detail = Find<KestroList>(&page, "KestroList2");
+    auto* detail = Find<KestroList>(page.get(), "KestroList2");
     list->SetCurrentRow(list->FindRow(u"7"_s));
     list->onCurrent(list->CurrentRow());
     EXPECT_EQ(detail->Cell(4, 1), u"1  张"_s);

@@ -38,12 +38,6 @@ class Freshness : public SampleStage {
         Choose(e, kKind1, code, u"某类"_s, true);
         PostEntry(State().gDB, e);
     }
-    static QStringList Column(const KestroList* list, int column) {
-        QStringList cells;
-        for (int row = 0; row < list->RowCount(); ++row)
-            cells << list->Cell(row, column);
-        return cells;
-    }
 
     std::unique_ptr<frmMain> frame_;
 };

@@ -88,7 +88,6 @@ Schema SchemaOf(cConnection& book) {
 
 class BookImagesTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
     QStringList Read(const QString& sql) { return Rows(Book(), sql); }
 };
 

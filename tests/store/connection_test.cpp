@@ -16,7 +16,6 @@ namespace {
 
 class ConnectionTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
     QString One(const QString& expression) { return Rows(Book(), u"select "_s + expression).value(0); }
 
     PendingError Failure(const std::function<void()>& body) {

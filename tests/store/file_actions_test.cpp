@@ -28,6 +28,12 @@ TEST_F(FileActions, DeletingAsksOnlyWhereThereIsNoTrash) {
     boxes.Expect(u"没有可用的回收站"_s);
     EXPECT_TRUE(DeleteToBin(book));
     EXPECT_FALSE(QFile::exists(book) || QFile::exists(journal));
+    // A file that stays in spite of it is not told as deleted.
+    const QString kept = PutFile(u"kept/Buch.jotdb"_s);
+    QFile::setPermissions(Path(u"kept"_s), QFile::ReadOwner | QFile::ExeOwner);
+    const WithoutRights rights;
+    boxes.Expect(u"没有可用的回收站"_s);
+    EXPECT_FALSE(DeleteToBin(kept));
 }
 
 TEST_F(FileActions, OnlyABooksOwnFileGoes) {

@@ -62,6 +62,7 @@ class Fixture : public ::testing::Test {
     QString OpenSample(const QString& name = QStringLiteral("book.jotdb"));
     QString OpenEmpty(const QString& name = QStringLiteral("book.jotdb"));
     void SetClock(const QString& moment);
+    static cConnection& Book() { return State().gDB; }
 
     Script boxes;
 

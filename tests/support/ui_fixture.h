@@ -10,7 +10,10 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
+
+class KestroList;
 
 /// The form of a kind or an account as it opened.
 struct InputSeen {
@@ -60,6 +63,17 @@ T* Find(QWidget* window, const char* name) {
     EXPECT_NE(found, nullptr) << name;
     return dynamic_cast<T*>(found);
 }
+
+/// A list page of the ledger, as large as the frame of its start shows it.
+template <typename P>
+std::unique_ptr<P> NewPage() {
+    auto page = std::make_unique<P>(nullptr);
+    page->resize(1096, 618);
+    page->show();
+    return page;
+}
+/// The cells of a column from above.
+QStringList Column(const KestroList* list, int column);
 
 /// Clicks the control of this name; in its middle when no place is given.
 void Press(QWidget* window, const char* name, QPoint at = {});
