@@ -256,11 +256,15 @@ TEST_F(ChangeWindows, AfterAStopOnlyWhatIsGoneLeavesTheList) {
 }
 
 TEST_F(ChangeWindows, CheckedRecordsGoWithTheirOwnEntries) {
-    auto page = Open<frmSubAcc>(2);
-    list_->SetChecked(1, true);  // record 3 of entry 5; entry 3 has none
+    PostEntry(State().gDB, RichEntry());
+    auto page = Open<frmSubAcc>(4);
+    // Record 3 of entry 5, while entry 3 has none, and both of entry 8.
+    for (const int row : {1, 2, 3})
+        list_->SetChecked(row, true);
     boxes.Expect(u"您确定要【删除】选定的记录?"_s);
-    boxes.Expect(u"成功删除2条记账!"_s);
+    boxes.Expect(u"成功删除4条记账!"_s);
     page->Do(Act::deleteChecked);
+    EXPECT_EQ(boxes.Last().text, u"成功删除4条记账!"_s);
     EXPECT_EQ(list_->RowCount(), 1);
     EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s), (QStringList{u"3"_s, u"4"_s, u"7"_s}));
     EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:8,500"_s);

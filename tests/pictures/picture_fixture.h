@@ -15,16 +15,13 @@
 class PictureStage : public SampleStage {
  protected:
     PictureStage() {
-        for (const auto* folder : {"temp", "files"})
-            QDir().mkpath(Path(QString::fromLatin1(folder)));
-        qputenv("TEMP", Path(QStringLiteral("temp")).toLocal8Bit());
+        using namespace Qt::StringLiterals;
+        for (const auto& folder : {u"temp"_s, u"files"_s})
+            QDir().mkpath(Path(folder));
+        qputenv("TEMP", Path(u"temp"_s).toLocal8Bit());
         Outside().places = [this] {
-            const auto place = [this](const char* key, const QString& name, const char* folder) {
-                const QString text = QString::fromLatin1(key);
-                return BrowsePlace{text, name, text, Path(QString::fromLatin1(folder))};
-            };
-            return std::vector{place("desktop", QStringLiteral("桌面"), "files"),
-                               place("doc", QStringLiteral("我的文档"), "none")};
+            return std::vector<BrowsePlace>{{u"desktop"_s, u"桌面"_s, u"desktop"_s, Path(u"files"_s)},
+                                            {u"doc"_s, u"我的文档"_s, u"doc"_s, Path(u"none"_s)}};
         };
         SetOwner(3);
     }

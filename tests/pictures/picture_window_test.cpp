@@ -15,18 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QRgb kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
-
 // Red and green above, blue and white below.
 QImage FourCorners(int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
-    QPainter p(&image);
-    const int w = width / 2, h = height / 2;
-    p.fillRect(0, 0, w, h, QColor::fromRgb(kRed));
-    p.fillRect(w, 0, w, h, QColor::fromRgb(kGreen));
-    p.fillRect(0, h, w, h, QColor::fromRgb(kBlue));
-    p.fillRect(w, h, w, h, QColor::fromRgb(kWhite));
-    return image;
+    QImage four(2, 2, QImage::Format_RGB32);
+    four.setPixel(0, 0, 0xFFFF0000);
+    four.setPixel(1, 0, 0xFF00FF00);
+    four.setPixel(0, 1, 0xFF0000FF);
+    four.setPixel(1, 1, 0xFFFFFFFF);
+    return four.scaled(width, height);
 }
 
 // The pure colour that a pixel is nearest to, as a letter.
