@@ -14,8 +14,6 @@ namespace {
 
 class EntryQueryTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
-
     // The lines of a page as "cell|cell|…"; the job may be stopped after some lines.
     QStringList Lines(const EntryFilter& filter, int page = 0, bool* whole = nullptr) {
         QStringList lines;

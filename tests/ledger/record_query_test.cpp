@@ -26,8 +26,6 @@ class RecordQueryTest : public Fixture {
         entry.accountValue = {u"200"_s, u"100"_s};
         PostEntry(Book(), entry);
     }
-    cConnection& Book() { return State().gDB; }
-
     QStringList Lines(const EntryFilter& filter, int page = 0) {
         QStringList lines;
         Job job;

@@ -71,21 +71,15 @@ TEST_F(NotesTest, ALineIsReadAgainWhileItBelongsToItsList) {
 }
 
 TEST_F(NotesTest, WhatIsPrintedLeavesMessagesOut) {
-    const std::vector<NoteKey> mixed{{2, kTagNote}, {2, kTagWeb}, {4, kTagNote}};
-    const std::vector<NoteKey> messages{{1, kTagWeb}};
     const QString head = u"tNoteBook/1/记事列表/"_s;
-    const struct {
-        PrintInfo info;
-        QString text;
-    } cases[] = {
-        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s, mixed), head + u" and id1 in(2,4)/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, messages), head + u" and id1=-1/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, std::vector<NoteKey>{}), head + u" and id1=-1/1"_s},
-        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s, {}), head + u" and Mark1=1/1"_s},
+    const std::pair<PrintInfo, QString> cases[] = {
+        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s,
+                       std::vector<NoteKey>{{2, kTagNote}, {2, kTagWeb}, {4, kTagNote}}),
+         head + u" and id1 in(2,4)/1"_s},
+        {NotePrintInfo(NoteList::wake, {}, std::vector<NoteKey>{{1, kTagWeb}}), head + u" and id1=-1/1"_s},
         {NotePrintInfo(NoteList::note, {}, {}), head + u"/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, {}), head + u" and bWake=1 and bWakeOk=0/1"_s},
         {NoteRecordInfo(3), u"tNoteBook/0/记事（提醒）/ and id1=3/1"_s},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(PrintInfoText({c.info}), c.text);
+    for (const auto& [info, text] : cases)
+        EXPECT_EQ(PrintInfoText({info}), text);
 }
