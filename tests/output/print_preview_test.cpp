@@ -304,6 +304,13 @@ TEST_F(PrintPreview, APdfHoldsEveryTextInItsPlace) {
     const Word number = pdf.words.find(u"页码:1"_s)->second;
     EXPECT_NEAR(number.left, 104, 8);
 
+    // A stop ends the layout; what is laid out by then is printed.
+    Job::StopAfter(1);
+    RunPrint({{Entries(u"03"_s)}});
+    Job::StopAfter(-1);
+    const ReadPdf stopped(path);
+    EXPECT_TRUE(stopped.words.contains(u"购买办公桌"_s) && !stopped.words.contains(u"软件定制收入"_s));
+
     RunPrint({{{.table = u"tNoteBook"_s, .title = u"记事列表"_s}}});
     EXPECT_NEAR(ReadPdf(path).width, 297, 0.5);
 }

@@ -103,11 +103,12 @@ TEST_F(PictureWindow, FilesAreAddedDescribedRemovedAndSaved) {
     SetOwner(7);
     Opened again;
     ASSERT_EQ(again.added->Count(), 1);
-    again.Press("btnDel");
+    QTest::keyClick(again.added, Qt::Key_Delete);
     EXPECT_EQ(again.window.windowTitle(), u"图片管理"_s);
     EXPECT_EQ(again.arrow->Text(), QString());
     EXPECT_FALSE(again.box->HasPicture());
     again.Press("btnCancel");
+    EXPECT_FALSE(again.window.isVisible());
     EXPECT_EQ(PictureDialog().done, 0);
     EXPECT_EQ(Notes(), QStringList{u"发票"_s});
 }

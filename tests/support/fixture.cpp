@@ -7,7 +7,6 @@
 #include "store/outside.h"
 #include "store/paths.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <cmath>

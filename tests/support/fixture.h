@@ -6,6 +6,7 @@
 #include "store/state.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -68,7 +69,8 @@ class Fixture : public ::testing::Test {
 
  private:
     QString OpenCopy(const QByteArray& image, const QString& name);
-    QTemporaryDir folder_;
+    // Never in lower case, where books that differ by case alone would be told apart.
+    QTemporaryDir folder_{QDir::tempPath() + QStringLiteral("/Jot-XXXXXX")};
 };
 
 /// The bytes of a file; none where it cannot be read.
