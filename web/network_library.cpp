@@ -86,8 +86,7 @@ class Exchange : public QObject {
         wire.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
         wire.setRawHeader("Connection", "close");
         wire.setHeader(QNetworkRequest::ContentLengthHeader, request.body.size());
-        if (request.post)
-            wire.setHeader(QNetworkRequest::ContentTypeHeader, u"application/x-www-form-urlencoded"_s);
+        if (request.post) wire.setRawHeader("Content-Type", request.contentType);
         auto* body = new OneTimeBody(request.body, &manager);
         reply_ = manager.sendCustomRequest(wire, request.post ? "POST" : "GET", body);
         body->setParent(reply_);

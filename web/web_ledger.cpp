@@ -100,6 +100,7 @@ void WebLedger::Forward(const WebReply& reply) {
     if (!reply.keepsMethod) {
         request.post = false;
         request.body.clear();
+        request.contentType.clear();
     }
     SendNow(request);
 }

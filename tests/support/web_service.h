@@ -43,6 +43,8 @@ class WebService {
     QByteArray charset = "utf-8";
     bool crlf = true;
     QByteArray method = "post";  ///< of the upload form
+    QByteArray enctype = "application/x-www-form-urlencoded";
+    QString sid = QStringLiteral("青 1");  ///< value of its hidden field
     QString action = QStringLiteral("saveKindAcc.asp");
     QString uploadResult = QStringLiteral("2");
     QString count;              ///< told instead of the number of entries, when not empty
@@ -51,6 +53,7 @@ class WebService {
     QStringList seen;             ///< what was asked, in order: "GET getListData.asp"
     QMap<QString, QString> last;  ///< fields of the last request
     std::vector<QMap<QString, QString>> uploads;
+    QByteArray boundary;  ///< between the parts of the last upload
 
  private:
     struct Asked {
@@ -64,6 +67,8 @@ class WebService {
     QString UploadForm() const;
     QByteArray Encoded(const QString& page) const;
     QMap<QString, QString> FieldsOf(const QByteArray& encoded, bool inCharset) const;
+    QMap<QString, QString> PartsOf(const QByteArray& body) const;
+    QMap<QString, QString> FormFields(const QByteArray& type, const QByteArray& body);
     static void Trickle(QTcpSocket* socket, const QByteArray& bytes, int everyMs, bool again);
 
     QTcpServer server_;

@@ -128,15 +128,23 @@ TEST_F(ConversationTest, TheServiceReadsWhatTheUserTyped) {
 }
 
 TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
-    for (const auto& [charset, method] : {std::pair{"gb2312", "POST"}, {"utf-8", "get"}}) {
+    struct Form {
+        const char *charset, *method, *enctype;
+    };
+    for (const auto& [charset, method, enctype] :
+         {Form{"gb2312", "POST", "application/x-www-form-urlencoded"},
+          {"utf-8", "get", "multipart/form-data"},
+          {"gb2312", "post", "multipart/form-data"}}) {
         service_.charset = charset;
         service_.method = method;
+        service_.enctype = enctype;
         Talk(WebTalk::upload, {u"已成功【上传】事情分类到网站上您的账户【lin】!"_s});
         EXPECT_EQ(service_.seen.last(), QString::fromLatin1(method).toUpper() + u" saveKindAcc.asp"_s);
         EXPECT_EQ(service_.seen.size(), 2);
     }
-    ASSERT_EQ(service_.uploads.size(), 2U);
+    ASSERT_EQ(service_.uploads.size(), 3U);
     EXPECT_EQ(service_.uploads[0], service_.uploads[1]);
+    EXPECT_EQ(service_.uploads[0], service_.uploads[2]);
     const auto& sent = service_.uploads[0];
     EXPECT_EQ(sent.keys(), (QStringList{u"go"_s, u"sid"_s, u"txtAcc"_s, u"txtBookName"_s, u"txtKind"_s,
                                         u"txtPass"_s, u"txtUser"_s}));
@@ -144,6 +152,10 @@ TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
     EXPECT_TRUE(sent[u"txtKind"_s].startsWith(u"9999∴00∴↑↓余额调整\r\n1∴01∴收入\r\n"_s));
     EXPECT_EQ((QStringList{sent[u"sid"_s], sent[u"txtBookName"_s], sent[u"txtPass"_s], sent[u"go"_s]}),
               (QStringList{u"青 1"_s, u"book"_s, u"geheim"_s, u"提交"_s}));
+    // A field that holds what parted the fields before.
+    service_.sid = u"x\n--"_s + QString::fromLatin1(service_.boundary) + u"--\n"_s;
+    Talk(WebTalk::upload, {u"已成功【上传】"_s});
+    EXPECT_EQ(service_.uploads.back()[u"sid"_s], QString(service_.sid).replace(u'\n', u"\r\n"_s));
     service_.uploadResult = u"1"_s;
     Talk(WebTalk::upload, {u"还有记录不能上传 或 账本名为空!"_s});
     service_.action = u"http://127.0.0.2/saveKindAcc.asp"_s;
