@@ -20,6 +20,7 @@
 
 #include <QApplication>
 #include <QMetaObject>
+#include <QShortcut>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,9 @@ frmMain::frmMain() {
     BuildHeader();
     BuildStatusBar();
     BindShortcuts(*this);
+    stopKey_ = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    stopKey_->setEnabled(false);
+    connect(stopKey_, &QShortcut::activated, this, [] { RunEvent(Commands().webStop); });
     FillHost();
     RefreshBook();
     SetFormTab(kTabAccount);
@@ -151,6 +155,7 @@ Page* frmMain::LoadPage(int index) {
     if (!page) {
         page = MakePage(index, Body());
         page->SetDisplayMode(DisplayMode());
+        page->SetLocked(locked_);
         TakeUpColumns(index);
     }
     return page;

@@ -105,7 +105,7 @@ void frmWebAcc::LayOut() {
     bars_ = new QWidget(this);
     KestroPGress1 = new KestroPGress(bars_);
     KestroPGress1->setObjectName(u"KestroPGress1"_s);
-    KestroPGress1->setToolTip({});
+    KestroPGress1->onClick = [] { Web().Stop(); };
     KestroPGress2 = new PageJobBar(bars_);
     KestroPGress2->setObjectName(u"KestroPGress2"_s);
     auto* bars = new QGridLayout(bars_);

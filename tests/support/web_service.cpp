@@ -113,6 +113,7 @@ void WebService::Trickle(QTcpSocket* socket, const QByteArray& bytes, int everyM
     auto* timer = new QTimer(socket);
     auto rest = std::make_shared<QByteArray>(bytes);
     QObject::connect(timer, &QTimer::timeout, socket, [=] {
+        if (socket->bytesToWrite() > 0) return;
         socket->write(again ? *rest : rest->left(1));
         if (!again) rest->remove(0, 1);
         if (rest->isEmpty()) timer->stop();

@@ -200,10 +200,10 @@ TEST_F(ConversationTest, EveryMisbehaviourEndsWithAWordAndNothingStored) {
             const auto& [talk, script] = talks[i];
             service_.moods = {{script, mood}};
             if (mood == Mood::cut && (i == 0 || i == 2 || i == 5)) continue;  // no text to cut
-            const bool needsLimit = mood == Mood::trickle || mood == Mood::never || mood == Mood::endless;
+            const bool needsLimit = mood == Mood::trickle || mood == Mood::never;
             Web().limitMs = needsLimit ? 150 : 10000;
             QStringList told;
-            if (!words[i].isEmpty()) told << words[i];
+            if (!words[i].isEmpty()) told << words[i] + (mood == Mood::endless ? u"网页太大"_s : QString());
             if (talk == WebTalk::count && mood == Mood::reset) told << kCannotReach;
             Talk(talk, told);
             EXPECT_EQ(told_[0], u"无法访问"_s);
@@ -270,6 +270,55 @@ TEST_F(ConversationTest, ACheckCountsRemindsAndTellsAnOutageOnce) {
     service_.moods = {{u"getListCount.asp"_s, Mood::reset}};
     boxes.Expect(kCannotReach);
     check();
+}
+
+TEST_F(ConversationTest, WhatTheUserStopsEndsWithoutAFailure) {
+    struct Case {
+        WebTalk talk;
+        QString script, told;
+    };
+    const QString mayComeAgain = u"下次收取时，可能会再次收到这些记账。"_s;
+    const auto wait = [](const std::function<bool()>& done) {
+        QElapsedTimer clock;
+        for (clock.start(); !done() && clock.elapsed() < 5000;)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    };
+    for (const auto& [talk, script, told] :
+         {Case{WebTalk::fetch, u"getListData.asp"_s, u"收取已停止!"_s},
+          {WebTalk::fetch, u"getListDel.asp"_s,
+           u"收取已停止!\n记账已收到，但网站可能没有得到通知。"_s + mayComeAgain},
+          {WebTalk::upload, u"upKindAcc.asp"_s, u"上传已停止!"_s},
+          {WebTalk::upload, u"saveKindAcc.asp"_s, u"上传已停止!\n网站可能已收到这次上传。"_s},
+          {WebTalk::validate, u"getRegInfo.asp"_s, u"验证已停止!"_s}}) {
+        SCOPED_TRACE(qPrintable(script));
+        told_.clear();
+        service_.entries = {SiteLine(script)};
+        service_.moods = {{script, Mood::late}};
+        if (script == u"getListDel.asp") boxes.Expect(u"收到【1】"_s);
+        boxes.Expect(told);
+        Web().Begin(talk);
+        wait([&] { return !service_.seen.isEmpty() && service_.seen.last().endsWith(script); });
+        Web().Stop();
+        EXPECT_EQ(boxes.Last().text, told);
+        EXPECT_FALSE(Web().IsRunning());
+        EXPECT_EQ(bar_.last(), u"off"_s);
+        EXPECT_NE(told_[0], u"无法访问"_s);
+    }
+    const auto stored = Waiting();
+    EXPECT_EQ(stored.size(), 1);
+    // The check goes on, and what waited behind it does not come.
+    service_.seen.clear();
+    service_.moods = {{u"getListCount.asp"_s, Mood::late}};
+    Web().Check();
+    Web().Begin(WebTalk::fetch);
+    boxes.Expect(u"收取已停止!"_s);
+    Web().Stop();
+    Web().Stop();
+    EXPECT_TRUE(Web().IsRunning());
+    Finish();
+    EXPECT_EQ(service_.seen, QStringList{u"GET getListCount.asp"_s});
+    EXPECT_EQ(told_[1], u"1"_s);
+    EXPECT_EQ(Waiting(), stored);
 }
 
 TEST_F(ConversationTest, OneRequestRunsAtATimeAndAnAnswerIsJudgedByTheOpenBook) {

@@ -191,6 +191,43 @@ TEST_F(WebPageTest, ARequestLocksAllButTheCloseButtonAndABookSwitchIsSafe) {
     EXPECT_FALSE(frame_->isVisible());
 }
 
+TEST_F(WebPageTest, AClickOnTheBarOrEscapeEndsWhatTheUserWaitsFor) {
+    service_.entries = {SiteLine(u"a"_s)};
+    service_.moods = {{u"getListData.asp"_s, Mood::never}, {u"getRegInfo.asp"_s, Mood::never}};
+    const auto stopped = [&](int asked, const QString& told, const std::function<void()>& stop) {
+        ASSERT_TRUE(Wait([&] { return service_.seen.size() == asked; }));
+        ASSERT_TRUE(frame_->IsLocked());
+        boxes.Expect(told);
+        stop();
+        EXPECT_FALSE(Web().IsRunning());
+        EXPECT_FALSE(frame_->IsLocked());
+        EXPECT_EQ(Panel(1), u"网账：未连接"_s);
+    };
+    auto* bar = Find<KestroPGress>(page_, "KestroPGress1");
+    Press("btnCheck");
+    stopped(1, u"收取已停止!"_s, [&] { QTest::mouseClick(bar, Qt::LeftButton); });
+    EXPECT_FALSE(bar->isVisible());
+    Press("btnCheck");
+    stopped(2, u"收取已停止!"_s, [&] { QTest::keyClick(frame_.get(), Qt::Key_Escape); });
+
+    frame_->SetFormTab(kTabSetting);
+    auto* foot = Find<KestroPGress>(Find<KestroStatusBar>(frame_.get(), "barTip"), "KestroPGress1");
+    EXPECT_FALSE(foot->isVisible());
+    Commands().webValidate(u"lin"_s, u"geheim"_s);
+    EXPECT_TRUE(foot->isVisible());
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabSetting)->isEnabled());
+    stopped(3, u"验证已停止!"_s, [&] { QTest::mouseClick(foot, Qt::LeftButton); });
+    EXPECT_FALSE(foot->isVisible());
+    EXPECT_TRUE(frame_->GetWinhWnd(kTabSetting)->isEnabled());
+
+    frame_->SetFormTab(kTabWeb);
+    service_.moods.clear();
+    boxes.Expect(u"收到【1】"_s);
+    Press("btnCheck");
+    ASSERT_TRUE(WaitDone());
+    EXPECT_EQ(Titles(List()), QStringList{u"a"_s});
+}
+
 TEST_F(WebPageTest, AnAnswerThatComesDuringAJobWaitsForItsEnd) {
     service_.entries = {SiteLine(u"a"_s)};
     Press("btnCheck");
