@@ -16,10 +16,12 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int kRoomForAll = 1040;                  // all columns of the history beside the whole strip
 constexpr int kNameLeast = 70, kAmountLeast = 60;  // four characters, five digits
-}
+}  // namespace
 
-frmWebAcc::frmWebAcc(QWidget* parent) : StripPage(parent), fresh_(this, [this] { ReloadData(); }) {
+frmWebAcc::frmWebAcc(QWidget* parent)
+    : StripPage(parent, kRoomForAll), fresh_(this, [this] { ReloadData(); }) {
     BuildStrip();
     BuildToolbar();
     BuildLists();

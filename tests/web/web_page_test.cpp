@@ -17,6 +17,8 @@
 #include "web/frm_web_acc.h"
 #include "web/network.h"
 
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -98,6 +100,10 @@ TEST_F(WebPageTest, EntriesComeGoIntoTheBookAndStayInTheHistory) {
     for (int row = 0; row < List(1)->RowCount(); ++row)
         fates << List(1)->Cell(row, 1) + List(1)->Cell(row, 9);
     EXPECT_EQ(fates, (QStringList{u"voll已入账"_s, u"ohne未入账"_s, u"weg未入账"_s}));
+    // All its columns are there on a small screen with large letters.
+    frame_->resize(910, 500);
+    EXPECT_EQ(List(1)->horizontalScrollBar()->maximum(), 0);
+    EXPECT_GE(List(1)->columnWidth(3), 118);
     // The entry list has it.
     frame_->SetFormTab(kTabAccount);
     const auto* entries = frame_->GetWinhWnd(kTabAccount)->Lists()[0];
