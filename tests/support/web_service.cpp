@@ -37,7 +37,11 @@ WebService::WebService(quint16 port) {
     QObject::connect(&server_, &QTcpServer::newConnection, [this] {
         while (auto* socket = server_.nextPendingConnection()) {
             QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Take(socket); });
-            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            ++open;
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, socket] {
+                --open;
+                socket->deleteLater();
+            });
         }
     });
 }
@@ -157,6 +161,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
         case Mood::endless:
             socket->write(Head(200, type));
             return Trickle(socket, QByteArray(1 << 20, ' '), 1, true);
+        case Mood::endlessHead:
+            socket->write("HTTP/1.1 200 OK\r\nX: ");
+            return Trickle(socket, QByteArray(1 << 20, 'x'), 1, true);
         case Mood::notFound:
             return send(Head(404, type) + Encoded(PageFor(asked)));
         case Mood::broken:

@@ -14,19 +14,20 @@ class QTcpSocket;
 
 enum class Mood {
     good,
-    reset,       ///< closes without an answer
-    half,        ///< closes in the middle of an answer
-    trickle,     ///< sends a byte now and then
-    late,        ///< answers after a while
-    never,       ///< does not answer
-    endless,     ///< does not end
-    notFound,    ///< 404
-    broken,      ///< 500
-    leadsAway,   ///< redirects to another host
-    leadsOn,     ///< redirects to the same answer at another address
-    leadsRound,  ///< redirects to itself
-    cut,         ///< a whole answer that ends within a text of its page
-    silent       ///< a page without a field
+    reset,        ///< closes without an answer
+    half,         ///< closes in the middle of an answer
+    trickle,      ///< sends a byte now and then
+    late,         ///< answers after a while
+    never,        ///< does not answer
+    endless,      ///< does not end
+    endlessHead,  ///< does not come to the page
+    notFound,     ///< 404
+    broken,       ///< 500
+    leadsAway,    ///< redirects to another host
+    leadsOn,      ///< redirects to the same answer at another address
+    leadsRound,   ///< redirects to itself
+    cut,          ///< a whole answer that ends within a text of its page
+    silent        ///< a page without a field
 };
 
 class WebService {
@@ -53,6 +54,7 @@ class WebService {
     QStringList seen;             ///< what was asked, in order: "GET getListData.asp"
     QMap<QString, QString> last;  ///< fields of the last request
     std::vector<QMap<QString, QString>> uploads;
+    int open = 0;         ///< connections
     QByteArray boundary;  ///< between the parts of the last upload
 
  private:
