@@ -1,5 +1,5 @@
-// Storing, posting and moving on a failing disk or with a failing statement: every row waits or is in the
-// history, posted once, and the site forgets only what is stored.
+// Storing, posting and moving on a failing disk, with a failing statement, or in a program that is killed:
+// every row waits or is in the history, posted once, and the site forgets only what is stored.
 
 #include "store/errors.h"
 #include "store/notices.h"
@@ -15,6 +15,9 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString kEntries = u"tAccount where Id1>7 and bIsMain=1"_s,
+              kPosted = u"tAccountWebDel where bPassIdChk=1"_s;
 
 class WebFaultsTest : public WebFixture {
  protected:
@@ -35,27 +38,34 @@ class WebFaultsTest : public WebFixture {
         DeleteWebRowsAsked(Book(), WebList::waiting, {1, 2});
     }
 
+    static void Copy(const QString& from, const QString& to) {
+        for (const auto& end : {u""_s, u"-journal"_s}) {
+            QFile::remove(to + end);
+            QFile::copy(from + end, to + end);
+        }
+    }
     // The book as an action finds it.
     void Begin(const QString& from, const QByteArray& disk) {
         const QString path = Book().Path();
         Book().Close();
-        QFile::remove(path);
-        QFile::remove(path + u"-journal"_s);
-        ASSERT_TRUE(QFile::copy(from, path));
+        Copy(from, path);
         cConnection::Seams().vfs = disk;
         Book().Open(path);
         Disk() = {};
         told_ = false;
         notified_ = 0;
     }
-    void Heal(bool disk) {
+    // The book on a disk that works again; of a killed program as it stood then.
+    void Heal(bool disk, const QString& killed) {
         Disk() = {};
         cConnection::Seams() = {};
         EXPECT_FALSE(Book().InTransaction());
         if (!disk) return;
         const QString path = Book().Path();
         Book().Close();
+        if (!killed.isEmpty()) Copy(killed, path);
         Book().Open(path);
+        if (!killed.isEmpty()) told_ = false;
     }
 
     static QStringList Titles(const QString& from) {
@@ -67,9 +77,7 @@ class WebFaultsTest : public WebFixture {
         return here;
     }
     void ExpectWhole(bool fetched) {
-        const auto posted = Titles(u"tAccountWebDel where bPassIdChk=1"_s);
-        EXPECT_EQ(Titles(u"tAccount where Id1>7 and bIsMain=1"_s), posted);
-        EXPECT_EQ(notified_, posted.isEmpty() ? 0 : 1);
+        EXPECT_EQ(Titles(kEntries), Titles(kPosted));
         EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
         EXPECT_EQ(Dump(u"pragma integrity_check"_s), QStringList{u"ok"_s});
         if (fetched || told_) EXPECT_EQ(Here(), titles_);
@@ -88,7 +96,8 @@ class WebFaultsTest : public WebFixture {
 }  // namespace
 
 TEST_F(WebFaultsTest, EveryRowWaitsOrIsPostedOnceAndTheNextTryTakesTheRest) {
-    const QString empty = Path(u"empty.jotdb"_s), fetched = Path(u"fetched.jotdb"_s);
+    const QString empty = Path(u"empty.jotdb"_s), fetched = Path(u"fetched.jotdb"_s),
+                  killed = Path(u"killed.jotdb"_s);
     ASSERT_TRUE(QFile::copy(Book().Path(), empty));
     Fetch();
     ASSERT_TRUE(QFile::copy(Book().Path(), fetched));
@@ -104,12 +113,14 @@ TEST_F(WebFaultsTest, EveryRowWaitsOrIsPostedOnceAndTheNextTryTakesTheRest) {
         DiskFaults::Operation operation;  // kOperations stands for statements
         bool stays, full;
         int least;
+        bool kills = false;
     };
     const Fault faults[] = {{"write", DiskFaults::kWrite, false, false, 14},
                             {"full disk", DiskFaults::kWrite, true, true, 14},
                             {"sync", DiskFaults::kSync, false, false, 3},
                             {"open", DiskFaults::kOpen, false, false, 1},
                             {"delete", DiskFaults::kDelete, false, false, 1},
+                            {"kill", DiskFaults::kWrite, false, false, 14, true},
                             {"statement", DiskFaults::kOperations, false, false, 4}};
     for (const auto& action : {Action{"store", empty, [this] { Fetch(); }, u"tAccountWeb"_s, 0},
                                {"post", fetched, [this] { Post(); }, u"tAccountWebDel"_s, 2},
@@ -121,7 +132,7 @@ TEST_F(WebFaultsTest, EveryRowWaitsOrIsPostedOnceAndTheNextTryTakesTheRest) {
             for (int n = 1; reached; ++n) {
                 SCOPED_TRACE(std::string(action.name) + ", " + fault.name + " " + std::to_string(n));
                 Begin(action.from, disk ? TestDisk() : QByteArray());
-                Disk().failing = fault.operation;
+                if (!fault.kills) Disk().failing = fault.operation;
                 Disk().failAt = n;
                 Disk().stays = fault.stays;
                 Disk().full = fault.full;
@@ -130,15 +141,20 @@ TEST_F(WebFaultsTest, EveryRowWaitsOrIsPostedOnceAndTheNextTryTakesTheRest) {
                     cConnection::Seams().beforeStatement = [&](const QString& sql) {
                         if (++seen == n) FailStatement(u"刺探"_s, sql);
                     };
-                const bool done = Succeeds(action.act);
-                reached = (disk ? Disk().count[fault.operation] : seen) >= n;
+                if (fault.kills)
+                    Disk().beforeChange = [&] {
+                        if (++seen == n) Copy(Book().Path(), killed);
+                    };
+                const bool ended = Succeeds(action.act);
+                reached = (disk && !fault.kills ? Disk().count[fault.operation] : seen) >= n;
+                const bool done = ended && !(fault.kills && reached);
                 failures += !done;
-                Heal(disk);
+                Heal(disk, done || !fault.kills ? QString() : killed);
                 ExpectWhole(action.from == fetched);
-                notified_ = 0;
+                if (!fault.kills) EXPECT_EQ(notified_, Titles(kPosted).isEmpty() ? 0 : 1);
                 if (!done) action.act();
                 EXPECT_EQ(Titles(action.goesTo), titles_);
-                EXPECT_EQ(Titles(u"tAccount where Id1>7 and bIsMain=1"_s).size(), action.posted);
+                EXPECT_EQ(Titles(kEntries).size(), action.posted);
                 EXPECT_EQ(told_, action.from == empty);
                 EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
                 ASSERT_FALSE(HasFailure());

@@ -1,10 +1,7 @@
 // What waits of the web ledger becomes entries: row for row, never twice, never lost.
 
 #include "store/notices.h"
-#include "tests/support/fault_vfs.h"
 #include "tests/support/web_fixture.h"
-
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -158,36 +155,4 @@ TEST_F(WebPostingTest, AStoppedPostingSaysItsCountAndLeavesTheRest) {
     EXPECT_EQ(Fates(), (QStringList{u"a|1"_s, u"b|0"_s}));
     EXPECT_EQ(Post(), u"1/0"_s);
     EXPECT_EQ(NewEntries().size(), 2);
-}
-
-TEST_F(WebPostingTest, AProgramKilledAtAnyWriteHasPostedARowOrKeepsItWaiting) {
-    Fetch({SiteLine(u"a"_s, FullFields()), SiteLine(u"b"_s), SiteLine(u"c"_s, {{2, u"99"_s}})});
-    const QString path = Book().Path();
-    Book().Close();
-    Disk() = {};
-    cConnection::Seams().vfs = TestDisk();
-    Book().Open(path);
-    int copies = 0;
-    const auto name = [&](int n) { return Path(u"killed%1.jotdb"_s.arg(n)); };
-    Disk().beforeChange = [&] {
-        ++copies;
-        QFile::copy(path, name(copies));
-        QFile::copy(path + u"-journal"_s, name(copies) + u"-journal"_s);
-    };
-    EXPECT_EQ(Post(), u"2/1"_s);
-    Disk() = {};
-    cConnection::Seams() = {};
-    Book().Close();
-    ASSERT_GT(copies, 15);
-    for (int n = 1; n <= copies; ++n) {
-        Book().Open(name(n));
-        const auto waiting = Dump(u"select Title1 from tAccountWeb"_s);
-        const auto history = Dump(u"select Title1 from tAccountWebDel"_s);
-        EXPECT_EQ(history + waiting, (QStringList{u"a"_s, u"b"_s, u"c"_s})) << n;
-        EXPECT_EQ(Dump(u"select distinct Title1 from tAccount where Id1>7"_s), history.mid(0, 2)) << n;
-        Post();
-        EXPECT_EQ(NewEntries().size(), 3) << n;
-        EXPECT_EQ(Fates(), (QStringList{u"a|1"_s, u"b|1"_s, u"c|0"_s})) << n;
-        Book().Close();
-    }
 }
