@@ -146,6 +146,7 @@ void frmMain::SetFormTab(int index) {
     if (tab_ >= 0) ShowPage(tab_, false);
     tab_ = index;
     SelectTab(index);
+    if (locked_) ShowWaiting(tab_ != kTabWeb);
     GetWinhWnd(index)->TakeFocus();
     GetWinhWnd(index)->Shown();
 }

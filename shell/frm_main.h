@@ -71,6 +71,7 @@ class frmMain : public KestroForm {
     /// Size, place and display mode of the last run, where they fit the screen; held to it otherwise.
     void TakeUpPlace();
     void SetWebTip(int kind, const QString& text);
+    /// The status bar shows that the web ledger is waited for; its own page has a bar for that.
     void ShowWaiting(bool waiting);
     void KeepPlace();
     void TakeUpColumns(int tab);

@@ -86,7 +86,6 @@ void frmMain::SetLocked(bool locked) {
     if (!locked && focusBeforeLock_ && focusBeforeLock_->isVisible()) focusBeforeLock_->setFocus();
 }
 
-// The page of the web ledger has a bar of its own.
 void frmMain::ShowWaiting(bool waiting) {
     KestroPGress1->SetWaiting(waiting ? u"正在连接网站…"_s : QString());
     KestroPGress1->setVisible(waiting);

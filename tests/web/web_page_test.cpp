@@ -49,6 +49,9 @@ class WebPageTest : public UiFixture {
     static bool WaitDone() {
         return Wait([] { return !Web().IsRunning(); });
     }
+    KestroPGress* Foot() {
+        return Find<KestroPGress>(Find<KestroStatusBar>(frame_.get(), "barTip"), "KestroPGress1");
+    }
     QString Panel(int panel) { return Find<KestroStatusBar>(frame_.get(), "barTip")->PanelText(panel); }
     static QStringList Titles(const KestroList* list) {
         QStringList titles;
@@ -179,7 +182,10 @@ TEST_F(WebPageTest, ARequestLocksAllButTheCloseButtonAndABookSwitchIsSafe) {
     State().gBooks.push_back({second.fileName().toLower(), u"second"_s, 2016, u"10.0"_s});
     ASSERT_TRUE(ReloadPages(1));
     EXPECT_EQ(frame_->GetWinhWnd(kTabWeb), nullptr);
+    EXPECT_TRUE(Foot()->isVisible());
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabAccount)->isEnabled());
     frame_->SetFormTab(kTabWeb);
+    EXPECT_FALSE(Foot()->isVisible());
     Look();
     EXPECT_TRUE(Find<KestroPGress>(page_, "KestroPGress1")->isVisible());
     boxes.Expect(u"网账需要的账本是：book，而您当前的账本是：second"_s);
@@ -217,7 +223,7 @@ TEST_F(WebPageTest, AClickOnTheBarOrEscapeEndsWhatTheUserWaitsFor) {
     stopped(2, u"收取已停止!"_s, [&] { QTest::keyClick(frame_.get(), Qt::Key_Escape); });
 
     frame_->SetFormTab(kTabSetting);
-    auto* foot = Find<KestroPGress>(Find<KestroStatusBar>(frame_.get(), "barTip"), "KestroPGress1");
+    auto* foot = Foot();
     EXPECT_FALSE(foot->isVisible());
     Commands().webValidate(u"lin"_s, u"geheim"_s);
     EXPECT_TRUE(foot->isVisible());
