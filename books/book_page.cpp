@@ -34,9 +34,10 @@ void BookPage::BuildToolbar() {
         {Act::edit, u"btnEdit"_s, u"修改/查看　选中的列表记录"_s},
         {Act::remove, u"btnDel"_s, u"删除当前列表记录"_s}};
     for (const auto& [act, name, tip] : acts)
-        toolbar_->Add(act, name, [this, act = act] { Do(act); })->setToolTip(tip);
-    toolbar_->Insert(3, u"备份"_s, u"BackUp"_s, u"btnBackUp"_s, [this] { BackUp(); })
-        ->setToolTip(u"账本备份"_s);
+        toolbar_->Add(
+            act, name, [this, act = act] { Do(act); }, tip);
+    toolbar_->Add(
+        u"备份"_s, u"BackUp"_s, u"btnBackUp"_s, [this] { BackUp(); }, u"账本备份"_s);
 }
 
 void BookPage::BuildList() {

@@ -173,11 +173,12 @@ void frmBookNew::Zip() {
     if (job.Refused()) return;
     const auto book = BookAt(path_);
     const qint64 before = ShowBookSize();
-    running_->Run(true);
-    const auto stop = qScopeGuard([this] { running_->Run(false); });
-    const auto end = CompressBook(book, job);
+    const auto end = [&] {
+        running_->Run(true);
+        const auto stop = qScopeGuard([this] { running_->Run(false); });
+        return CompressBook(book, job);
+    }();
     const qint64 after = ShowBookSize();
-    running_->Run(false);
     if (end == Compression::done) ShowMsg(CompressedText(before, after), u"确定"_s, kMsgNone);
     if (end == Compression::stopped) ShowMsg(u"已停止压缩, 账本没有改变!"_s);
 }

@@ -112,8 +112,8 @@ void ChartPanel::BuildToolbar(QVBoxLayout* room) {
         {Act::exportHtml, u"btnExport"_s, u"导出记账分类记录"_s},
         {Act::reload, u"btnReload"_s, {}}};
     for (const auto& [act, name, tip] : acts) {
-        auto* button = toolbar->Add(act, name, [this, act = act] { Do(act); });
-        button->setToolTip(tip);
+        auto* button = toolbar->Add(
+            act, name, [this, act = act] { Do(act); }, tip);
         if (act == Act::exportHtml) Toolbar::GiveMenu(button, u"export"_s);
     }
     lblTip_ = new KestroLabel(u"当前账本的"_s + TableOf(chart_).word + u"列表（单击左侧导航条会刷新）"_s,

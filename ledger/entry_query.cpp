@@ -7,8 +7,6 @@
 #include "store/picture_index.h"
 #include "store/state.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 #include <iterator>
 
@@ -22,7 +20,6 @@ const QString kDash = u"－"_s;
 
 // Columns of kColumns by number.
 enum Column { kId, kTitle, kMark, kDate, kTime, kType, kSign, kTypeName, kValue, kIid, kIiid, kPic };
-constexpr size_t kCells = 8;
 
 QString IconGroup(const cReader& row) {
     const auto digit = [](bool on) { return on ? u'1' : u'0'; };
@@ -37,15 +34,10 @@ EntryLine LineOf(const cReader& row, qint64 number, const QString& money, const 
     EntryLine line;
     line.key = QString::number(row.Int(kId));
     line.subKey = row.Text(kType);
-    line.cells.reserve(kCells);
-    line.cells.push_back(QString::number(number));
-    line.cells.push_back(Joined({row.Bytes(kDate), "  ", row.Bytes(kTime)}));
-    line.cells.push_back(Joined({row.Bytes(kType), row.Bytes(kTypeName)}));
-    line.cells.push_back(add ? money : QString());
-    line.cells.push_back(add ? QString() : money);
-    line.cells.push_back(rmb);
-    line.cells.push_back(row.Text(kTitle));
-    line.cells.push_back(IconGroup(row));
+    line.cells.AddNumber(number).AddUtf8({row.Bytes(kDate), "  ", row.Bytes(kTime)});
+    line.cells.AddUtf8({row.Bytes(kType), row.Bytes(kTypeName)});
+    line.cells.Add(add ? money : QString()).Add(add ? QString() : money).Add(rmb);
+    line.cells.AddUtf8(row.Bytes(kTitle)).Add(IconGroup(row));
     return line;
 }
 
@@ -66,13 +58,6 @@ void FillRecord(cConnection& book, QStringList& line, qint64 id) {
 }
 
 }  // namespace
-
-QString Joined(std::initializer_list<QByteArrayView> pieces) {
-    QVarLengthArray<char, 160> bytes;
-    for (const auto piece : pieces)
-        bytes.append(piece.data(), piece.size());
-    return QString::fromUtf8(bytes.data(), bytes.size());
-}
 
 QString MatterCondition(const QString& text) {
     return text.trimmed().isEmpty() ? QString() : u" and Title1 like "_s + Quote(u'%' + text + u'%');

@@ -4,13 +4,12 @@
 #include "store/connection.h"
 #include "store/job.h"
 #include "store/period.h"
+#include "store/row_texts.h"
 
-#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
-#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -42,7 +41,7 @@ EntryQuery BuildEntryQuery(const EntryFilter& filter);
 
 /// One line: cells of the columns NO, date, kind, add, reduce, rmb, thing, mark.
 struct EntryLine {
-    std::vector<QString> cells;
+    RowTexts cells;
     QString key;           ///< Id1
     QString subKey;        ///< Type1
     QString signedAmount;  ///< Value1 times nSign, of a single line alone
@@ -50,9 +49,6 @@ struct EntryLine {
 
 /// Matter texts that contain text, which goes into the pattern as typed; blanks alone are no condition.
 QString MatterCondition(const QString& text);
-
-/// Stored texts one behind the other, decoded together.
-QString Joined(std::initializer_list<QByteArrayView> pieces);
 
 /// Hands the lines of a page (from 0) to take, in order. Ends early when the job was stopped; true when all
 /// of the page was read.

@@ -41,8 +41,9 @@ ListPageWords Words() {
 frmSubAcc::frmSubAcc(QWidget* parent) : ListPage(parent, Words()) {
     query_ = BuildRecordQuery({});
     KestroList1->setAccessibleName(u"账户记录列表"_s);
-    btnNoNew = toolbar_->Insert(0, u"禁增"_s, u"nonew"_s, u"btnNoNew"_s, {});
-    btnNoNew->setToolTip(u"『禁增』账户记录，在【记账时】选择账户，将会【自动记入】账户！"_s);
+    btnNoNew = toolbar_->Add(u"禁增"_s, u"nonew"_s, u"btnNoNew"_s, {},
+                             u"『禁增』账户记录，在【记账时】选择账户，将会【自动记入】账户！"_s);
+    toolbar_->PutFirst(btnNoNew);
     chartPanel_ = new ChartPanel(Chart::accounts, false, this);
     chartPanel_->setObjectName(u"accounts"_s);
     chartPanel_->hide();

@@ -6,7 +6,7 @@ namespace {
 constexpr int kMoneyWidth = 60;  // pixels on a web page
 }
 
-ExportTable LinesExport(LineKind lines, std::vector<std::vector<QString>> rows) {
+ExportTable LinesExport(LineKind lines, std::vector<RowTexts> rows) {
     const bool entries = lines == LineKind::entries;
     ExportTable table;
     table.webStem = table.fileStem = entries ? u"记账"_s : u"账户记录"_s;

@@ -5,4 +5,4 @@
 #include "output/export_table.h"
 
 /// rows: the cells of each line, in the order on show; those beyond the seventh are left out.
-ExportTable LinesExport(LineKind lines, std::vector<std::vector<QString>> rows);
+ExportTable LinesExport(LineKind lines, std::vector<RowTexts> rows);

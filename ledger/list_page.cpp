@@ -153,9 +153,9 @@ void ListPage::EditCurrent() {
 }
 
 void ListPage::RewriteLine(int row, EntryLine line) {
-    line.cells[kColRmb] = line.signedAmount;
+    line.cells.Set(kColRmb, line.signedAmount);
     for (int column = 0; column < KestroList1->ColumnCount(); ++column)
-        KestroList1->SetCell(row, column, line.cells[static_cast<size_t>(column)]);
+        KestroList1->SetCell(row, column, line.cells.Text(column));
     KestroList1->SetRowKey(row, line.key, line.subKey);
     ShowDetail();
 }

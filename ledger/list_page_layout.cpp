@@ -63,21 +63,19 @@ ListPage::ListPage(QWidget* parent, const ListPageWords& words)
 
 void ListPage::BuildToolbar(const ListPageWords& words) {
     toolbar_ = new Toolbar(this);
-    btnNew = toolbar_->Add(Act::add, u"btnNew"_s, [this] { Do(Act::add); });
-    btnEdit = toolbar_->Add(Act::edit, u"btnEdit"_s, [this] { Do(Act::edit); });
-    btnDel = toolbar_->Add(Act::remove, u"btnDel"_s, [this] { Do(Act::remove); });
-    btnPrint = toolbar_->Add(Act::print, u"btnPrint"_s, [this] { Do(Act::print); });
-    btnExport = toolbar_->Add(Act::exportHtml, u"btnExport"_s, [this] { Do(Act::exportHtml); });
+    const auto add = [this](Act act, const QString& name, const QString& tip) {
+        return toolbar_->Add(
+            act, name, [this, act] { Do(act); }, tip);
+    };
+    btnNew = add(Act::add, u"btnNew"_s, words.newTip);
+    btnEdit = add(Act::edit, u"btnEdit"_s, words.editTip);
+    btnDel = add(Act::remove, u"btnDel"_s, words.delTip);
+    toolbar_->AddLine();
+    btnPrint = add(Act::print, u"btnPrint"_s, words.printTip);
+    btnExport = add(Act::exportHtml, u"btnExport"_s, words.exportTip);
     Toolbar::GiveMenu(btnDel, u"delete"_s);
     Toolbar::GiveMenu(btnPrint, u"print"_s);
     Toolbar::GiveMenu(btnExport, u"export"_s);
-    const std::pair<KestroButton*, QString> tips[] = {{btnNew, words.newTip},
-                                                      {btnEdit, words.editTip},
-                                                      {btnDel, words.delTip},
-                                                      {btnPrint, words.printTip},
-                                                      {btnExport, words.exportTip}};
-    for (const auto& [button, tip] : tips)
-        button->setToolTip(tip);
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->setObjectName(u"txtSearch"_s);
     txtSearch->SetPrompt(words.searchPrompt);

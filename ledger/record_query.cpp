@@ -31,13 +31,10 @@ EntryLine LineOf(const cReader& row, const Places& at, qint64 number, QByteArray
     EntryLine line;
     line.key = row.Text(at.id);
     line.subKey = row.Text(at.entry);
-    line.cells = {QString::number(number),
-                  Joined({row.Bytes(at.date), blanks, row.Bytes(at.time)}),
-                  Joined({row.Bytes(at.code), row.Bytes(at.name)}),
-                  add ? money : QString(),
-                  add ? QString() : money,
-                  rmb,
-                  row.Text(at.title)};
+    line.cells.AddNumber(number).AddUtf8({row.Bytes(at.date), blanks, row.Bytes(at.time)});
+    line.cells.AddUtf8({row.Bytes(at.code), row.Bytes(at.name)});
+    line.cells.Add(add ? money : QString()).Add(add ? QString() : money).Add(rmb);
+    line.cells.AddUtf8(row.Bytes(at.title));
     return line;
 }
 

@@ -116,16 +116,18 @@ void frmNote::ReloadData() {
 void frmNote::Load(NoteList which, Job& job) {
     auto& list = *ListOf(which);
     const KeptPlace place(list, KeptPlace::Line::keyAndSubKey);
-    const QString today = TodayText(u"-"_s);
+    const QByteArray today = TodayText(u"-"_s).toUtf8();
     const bool wake = which == NoteList::wake;
     {
         const ListFill fill(list);
         list.Clear();
         ReadNotes(State().gDB, which, wake ? QString() : condition_, job, [&](NoteLine&& line) {
-            const QString& until = line.cells[kNoteDeadline];
             RowLook look;
-            look.danger = wake && !until.isEmpty() && until <= today;
-            if (!line.cells[kNoteFlag].isEmpty()) line.cells[kNoteFlag] = u"1"_s;
+            if (wake) {
+                const QByteArrayView until = line.cells.Utf8(kNoteDeadline);
+                look.danger = !until.isEmpty() && until <= today;
+            }
+            if (!line.cells.Utf8(kNoteFlag).isEmpty()) line.cells.Set(kNoteFlag, u"1");
             list.AddRow(std::move(line.cells), QString::number(line.key.id), line.key.tag, look);
         });
     }

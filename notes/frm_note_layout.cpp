@@ -48,23 +48,23 @@ void frmNote::BuildStrip() {
 
 void frmNote::BuildToolbar() {
     toolbar_ = new Toolbar(this);
-    btnNew = toolbar_->Add(Act::add, u"btnNew"_s, [this] { Do(Act::add); });
-    btnEdit = toolbar_->Add(Act::edit, u"btnEdit"_s, [this] { EditCurrent(); });
-    btnDel = toolbar_->Add(Act::remove, u"btnDel"_s, [this] { Do(Act::remove); });
-    btnFinish = toolbar_->Insert(3, u"完成"_s, u"check"_s, u"btnFinish"_s,
-                                 [this] { FinishNote(State().gDB, Chosen()); });
-    btnAllFinish = toolbar_->Insert(4, u"完成勾选"_s, u"items"_s, u"btnAllFinish"_s,
-                                    [this] { FinishTicked(State().gDB, Ticked()); });
-    btnPrint = toolbar_->Add(Act::print, u"btnPrint"_s, [this] { Do(Act::print); });
+    btnNew = toolbar_->Add(
+        Act::add, u"btnNew"_s, [this] { Do(Act::add); }, u"新增记事或提醒"_s);
+    btnEdit = toolbar_->Add(
+        Act::edit, u"btnEdit"_s, [this] { EditCurrent(); }, u"修改/查看　记事或提醒"_s);
+    btnDel = toolbar_->Add(
+        Act::remove, u"btnDel"_s, [this] { Do(Act::remove); },
+        u"删除记事或提醒, 但『未读』的【平台信息】不可删除!"_s);
+    toolbar_->AddLine();
+    btnFinish =
+        toolbar_->Add(u"完成"_s, u"check"_s, u"btnFinish"_s, [this] { FinishNote(State().gDB, Chosen()); });
+    btnAllFinish = toolbar_->Add(u"完成勾选"_s, u"items"_s, u"btnAllFinish"_s,
+                                 [this] { FinishTicked(State().gDB, Ticked()); });
+    toolbar_->AddLine();
+    btnPrint = toolbar_->Add(
+        Act::print, u"btnPrint"_s, [this] { Do(Act::print); }, u"打印列表所有记录, 但平台信息不被打印"_s);
     Toolbar::GiveMenu(btnDel, u"delete"_s);
     Toolbar::GiveMenu(btnPrint, u"print"_s);
-    const std::pair<KestroButton*, QString> tips[] = {
-        {btnNew, u"新增记事或提醒"_s},
-        {btnEdit, u"修改/查看　记事或提醒"_s},
-        {btnDel, u"删除记事或提醒, 但『未读』的【平台信息】不可删除!"_s},
-        {btnPrint, u"打印列表所有记录, 但平台信息不被打印"_s}};
-    for (const auto& [button, tip] : tips)
-        button->setToolTip(tip);
     txtSearch = new KestroText(TextMode::search, this);
     txtSearch->setObjectName(u"txtSearch"_s);
     txtSearch->SetPrompt(u"搜索标题"_s);

@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,40 +15,28 @@ const QString kNoteColumns = u"select Id1,Date1,Title1,Mark1,Time1,bWake from tN
 const QString kOpen = u" and bWake=1 and bWakeOk=0"_s;
 const QString kOrder = u" order by date1,time1,id1"_s;
 
-QString Flag(bool on) {
-    return on ? u"flag"_s : QString();
+QByteArrayView Flag(bool on) {
+    return on ? "flag" : QByteArrayView();
 }
 
 QString Moment(const QString& date, const QString& time) {
     return date + u' ' + time;
 }
 
-// Moved into their place: a list in braces would copy them.
-template <class... Texts>
-std::vector<QString> CellsOf(Texts&&... texts) {
-    std::vector<QString> cells;
-    cells.reserve(sizeof...(texts));
-    (cells.push_back(std::forward<Texts>(texts)), ...);
-    return cells;
-}
-
-QString MomentOf(const cReader& row, int date, int time) {
-    QByteArray moment = row.Bytes(date).toByteArray();
-    moment += ' ';
-    moment += row.Bytes(time);
-    return QString::fromUtf8(moment);
-}
-
 NoteLine WakeLine(const cReader& row, int number) {
-    return {{row.Int(0), kTagWake},
-            CellsOf(QString::number(number), MomentOf(row, 3, 4), row.Text(8), row.Text(1),
-                    Flag(row.Int(2) != 0))};
+    NoteLine line{{row.Int(0), kTagWake}, {}};
+    line.cells.AddNumber(number).AddUtf8({row.Bytes(3), " ", row.Bytes(4)}).AddUtf8(row.Bytes(8));
+    line.cells.AddUtf8(row.Bytes(1)).AddUtf8(Flag(row.Int(2) != 0));
+    return line;
 }
 
 NoteLine PlainLine(const cReader& row, int number) {
-    return {{row.Int(0), kTagNote},
-            CellsOf(QString::number(number), MomentOf(row, 1, 4), row.Int(5) != 0 ? u"提醒"_s : u"记事"_s,
-                    row.Text(2), Flag(row.Int(3) != 0))};
+    NoteLine line{{row.Int(0), kTagNote}, {}};
+    line.cells.AddNumber(number).AddUtf8({row.Bytes(1), " ", row.Bytes(4)});
+    line.cells.AddUtf8(row.Int(5) != 0 ? "提醒" : "记事")
+        .AddUtf8(row.Bytes(2))
+        .AddUtf8(Flag(row.Int(3) != 0));
+    return line;
 }
 
 NoteLine LineOf(NoteList list, const cReader& row, int number) {
@@ -59,11 +45,8 @@ NoteLine LineOf(NoteList list, const cReader& row, int number) {
 
 NoteLine WebLine(NoteList list, const PlatformMessage& message, int number) {
     return {{message.id, kTagWeb},
-            {QString::number(number),
-             Moment(message.date, message.time),
-             list == NoteList::wake ? QString() : u"平台"_s,
-             message.title,
-             {}}};
+            {QString::number(number), Moment(message.date, message.time),
+             list == NoteList::wake ? QString() : u"平台"_s, message.title, QString()}};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "store/connection.h"
 #include "store/job.h"
 #include "store/period.h"
+#include "store/row_texts.h"
 
 #include <QString>
 
@@ -33,7 +34,7 @@ constexpr int kNoteType = kNoteDeadline;  ///< of the list note
 
 struct NoteLine {
     NoteKey key;
-    std::vector<QString> cells;  ///< by NoteColumn; kNoteFlag is "flag" or empty
+    RowTexts cells;  ///< by NoteColumn; kNoteFlag is "flag" or empty
 };
 
 struct NoteFilter {

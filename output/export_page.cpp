@@ -3,13 +3,11 @@
 #include "output/export.h"
 #include "shell/controls/kestro_list.h"
 
-std::vector<std::vector<QString>> RowsOnShow(const KestroList& list) {
-    std::vector<std::vector<QString>> rows;
+std::vector<RowTexts> RowsOnShow(const KestroList& list) {
+    std::vector<RowTexts> rows;
     rows.reserve(static_cast<size_t>(list.RowCount()));
-    for (int row = 0; row < list.RowCount(); ++row) {
-        const auto cells = list.RowCells(row);
-        rows.emplace_back(cells.begin(), cells.end());
-    }
+    for (int row = 0; row < list.RowCount(); ++row)
+        rows.push_back(list.TextsOf(row));
     return rows;
 }
 

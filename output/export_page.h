@@ -8,7 +8,7 @@
 class KestroList;
 
 /// The cells of a list in the order on show.
-std::vector<std::vector<QString>> RowsOnShow(const KestroList& list);
+std::vector<RowTexts> RowsOnShow(const KestroList& list);
 
 bool IsExport(Act act);
 /// Exports in the format that the act asks for.

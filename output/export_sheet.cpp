@@ -67,7 +67,7 @@ QStringList WriteSheetFile(const ExportTable& table, Job& job) {
     for (const auto& cells : table.rows) {
         ++done;
         for (size_t c = 0; c < table.columns.size(); ++c)
-            AddCellOf(sheet, table, c, done, cells[c]);
+            AddCellOf(sheet, table, c, done, cells.Text(static_cast<int>(c)));
         job.Step(done);
         if (job.Stopped()) break;
     }

@@ -2,6 +2,8 @@
 // A list as it leaves the program: columns, rows and the words around them, as plain values. Who exports a
 // list fills one; the writers know no list.
 
+#include "store/row_texts.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -45,7 +47,7 @@ struct ExportTable {
     bool groupsInSheet = false;  ///< amounts stand in groups of digits in a spreadsheet too
     QString sheetHint;           ///< why a spreadsheet could not be written, as far as one can tell
     std::vector<ExportColumn> columns;
-    std::vector<std::vector<QString>> rows;  ///< texts as the list holds them, ungrouped
+    std::vector<RowTexts> rows;  ///< texts as the list holds them, ungrouped
 };
 
 inline const QString kAskWhatToOpen =

@@ -37,7 +37,8 @@ QStringList WriteTextFile(const ExportTable& table, Job& job) {
     int done = 0;
     for (const auto& row : table.rows) {
         for (size_t c = 0; c < table.columns.size(); ++c)
-            text += PadByWidth(table.columns[c].textWidth, OneLine(ShownCell(table.columns[c], row[c])));
+            text += PadByWidth(table.columns[c].textWidth,
+                               OneLine(ShownCell(table.columns[c], row.Text(static_cast<int>(c)))));
         text += kBreak;
         job.Step(++done);
         if (job.Stopped()) break;

@@ -63,7 +63,7 @@ QStringList WriteWebPages(const ExportTable& table, Job& job) {
         row += "<tr>";
         for (size_t c = 0; c < table.columns.size(); ++c) {
             row += starts[i % 2][c];
-            row += PageBytes(PageCell(table.columns[c], cells[c]));
+            row += PageBytes(PageCell(table.columns[c], cells.Text(static_cast<int>(c))));
             row += "</td>";
         }
         row += "</tr>";

@@ -49,13 +49,13 @@ const QStringList& FootLines() {
 QByteArray PageBytes(const QString& text) {
     static const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
     if (std::ranges::all_of(text, isAscii)) return text.toLatin1();
-    QStringEncoder encoder("GB18030");
+    // Opening a converter takes longer than most texts.
+    static QStringEncoder encoder("GB18030", QStringEncoder::Flag::Stateless);
     return encoder.encode(text);
 }
 
 QString PageText(const QString& text) {
-    static const QString special = u"&<>\""_s;
-    const auto isPlain = [](QChar c) { return !special.contains(c); };
+    const auto isPlain = [](QChar c) { return c != u'&' && c != u'<' && c != u'>' && c != u'"'; };
     return std::ranges::all_of(text, isPlain) ? text : text.toHtmlEscaped();
 }
 

@@ -164,7 +164,7 @@ void frmTJ::ShowReport(const Report& report) {
         const ListFill fill(*list);
         list->Clear();
         for (const auto& line : report.lines)
-            list->AddRow(std::vector(line), line.front());
+            list->AddRow(line, line.front());
     }
     ShowTitle();
 }

@@ -113,12 +113,12 @@ void frmTJ::BuildChoosers() {
     btnEnter->setObjectName(u"btnEnter"_s);
     btnEnter->onClick = [this] { Run(); };
     toolbar_ = new Toolbar(this);
-    btnPrint = toolbar_->Add(Act::print, u"btnPrint"_s, [this] { Do(Act::print); });
-    btnExport = toolbar_->Add(Act::exportHtml, u"btnExport"_s, [this] { Do(Act::exportHtml); });
+    btnPrint = toolbar_->Add(
+        Act::print, u"btnPrint"_s, [this] { Do(Act::print); }, u"打印所有记录"_s);
+    btnExport = toolbar_->Add(
+        Act::exportHtml, u"btnExport"_s, [this] { Do(Act::exportHtml); }, u"导出列表所有记录"_s);
     btnPrint->SetLook(ButtonLook::toolbar);
     toolbar_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    btnPrint->setToolTip(u"打印所有记录"_s);
-    btnExport->setToolTip(u"导出列表所有记录"_s);
     Toolbar::GiveMenu(btnPrint, u"print"_s);
     Toolbar::GiveMenu(btnExport, u"export"_s);
 }

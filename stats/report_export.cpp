@@ -19,7 +19,7 @@ ExportColumn NameColumn(const ReportModeRow& mode) {
 
 }  // namespace
 
-ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<std::vector<QString>> rows) {
+ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<RowTexts> rows) {
     const auto& row = ModeRow(mode);
     const QString word = TableOf(row.chart).word;
     ExportTable table;

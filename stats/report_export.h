@@ -5,4 +5,4 @@
 #include "stats/report_mode.h"
 
 /// rows: the five cells of each line, in the order on show. caption heads the file.
-ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<std::vector<QString>> rows);
+ExportTable ReportExport(ReportMode mode, const QString& caption, std::vector<RowTexts> rows);

@@ -69,9 +69,7 @@ void frmWebAcc::Load(WebList which, Job& job) {
     const KeptPlace place(list);
     {
         const ListFill fill(list);
-        const int before = list.RowCount();
         list.Clear();
-        list.Reserve(before);
         ReadWebRows(State().gDB, which, job, [&](WebRow&& row) {
             RowLook look;
             look.danger = which == WebList::history && !row.posted;

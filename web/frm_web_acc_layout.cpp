@@ -46,16 +46,18 @@ void frmWebAcc::BuildStrip() {
 
 void frmWebAcc::BuildToolbar() {
     toolbar_ = new Toolbar(this);
-    btnCheck =
-        toolbar_->Insert(0, u"检查"_s, u"import"_s, u"btnCheck"_s, [] { Web().Begin(WebTalk::fetch); });
+    btnCheck = toolbar_->Add(
+        u"检查"_s, u"import"_s, u"btnCheck"_s, [] { Web().Begin(WebTalk::fetch); },
+        u"检查网站账户中有无新的记录需要下载!"_s);
     btnCheck->SetLook(ButtonLook::primary);
-    btnToBill = toolbar_->Insert(1, u"入账"_s, u"income"_s, u"btnToBill"_s, [this] { PostAll(); });
-    btnSet = toolbar_->Insert(2, u"上传"_s, u"export"_s, u"btnSet"_s, [] { UploadAsked(); });
-    btnDel = toolbar_->Add(Act::remove, u"btnDel"_s, [this] { DeleteTicked(); });
-    btnCheck->setToolTip(u"检查网站账户中有无新的记录需要下载!"_s);
-    btnToBill->setToolTip(u"把从网站下载的账务记录导入到账本!"_s);
-    btnSet->setToolTip(u"将账本中的分类上传到网站您的账户中!"_s);
-    btnDel->setToolTip(u"删除选中的在线网账或历史网账!"_s);
+    btnToBill = toolbar_->Add(
+        u"入账"_s, u"income"_s, u"btnToBill"_s, [this] { PostAll(); },
+        u"把从网站下载的账务记录导入到账本!"_s);
+    btnSet = toolbar_->Add(
+        u"上传"_s, u"export"_s, u"btnSet"_s, [] { UploadAsked(); }, u"将账本中的分类上传到网站您的账户中!"_s);
+    toolbar_->AddLine();
+    btnDel = toolbar_->Add(
+        Act::remove, u"btnDel"_s, [this] { DeleteTicked(); }, u"删除选中的在线网账或历史网账!"_s);
 }
 
 KestroList* frmWebAcc::MakeList(WebList which) {

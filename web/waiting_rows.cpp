@@ -12,7 +12,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <utility>
 
@@ -156,53 +155,27 @@ enum {
     kAccName,
     kAccValue,
     kAccSign,
-    kPassed,
-    kColumns
+    kPassed
 };
 
-/// Makes the cells of row after row. Names, moments and amounts that repeat are made once.
+/// Makes the cells of row after row. Amounts that repeat are made once.
 class CellMaker {
  public:
-    std::vector<QString> Cells(const cReader& row, WebList list, int number) {
+    RowTexts Cells(const cReader& row, WebList list, int number) {
         const bool related = row.Int(kType2) > 0, account = row.Int(kAcc) > 0;
-        std::vector<QString> cells;
-        cells.reserve(kColumns);
-        cells.push_back(QString::number(number));
-        cells.push_back(row.Text(kTitle));
-        cells.push_back(Moment(row));
-        cells.push_back(Kept(row, kKind));
-        cells.push_back(Signed(row, kValue, kSign1));
-        cells.push_back(related ? Kept(row, kKind2) : QString());
-        cells.push_back(related ? Signed(row, kValue, kSign2) : QString());
-        cells.push_back(account ? Kept(row, kAccName) : QString());
-        cells.push_back(account ? Signed(row, kAccValue, kAccSign) : QString());
-        if (list == WebList::history) cells.push_back(row.Int(kPassed) != 0 ? u"已入账"_s : u"未入账"_s);
+        RowTexts cells;
+        cells.AddNumber(number).AddUtf8(row.Bytes(kTitle));
+        cells.AddUtf8({row.Bytes(kDate), " ", row.Bytes(kTime)});
+        cells.AddUtf8(row.Bytes(kKind)).Add(Signed(row, kValue, kSign1));
+        cells.AddUtf8(related ? row.Bytes(kKind2) : QByteArrayView());
+        cells.Add(related ? Signed(row, kValue, kSign2) : QString());
+        cells.AddUtf8(account ? row.Bytes(kAccName) : QByteArrayView());
+        cells.Add(account ? Signed(row, kAccValue, kAccSign) : QString());
+        if (list == WebList::history) cells.Add(row.Int(kPassed) != 0 ? u"已入账" : u"未入账");
         return cells;
     }
 
  private:
-    // True when the column holds what it held in the row before.
-    bool Same(const cReader& row, int column) {
-        auto& bytes = kept_[static_cast<size_t>(column)].first;
-        const auto now = row.Bytes(column);
-        if (now == bytes) return true;
-        bytes = now.toByteArray();
-        return false;
-    }
-
-    const QString& Kept(const cReader& row, int column) {
-        auto& [bytes, text] = kept_[static_cast<size_t>(column)];
-        if (!Same(row, column)) text = QString::fromUtf8(bytes);
-        return text;
-    }
-
-    const QString& Moment(const cReader& row) {
-        const bool sameDate = Same(row, kDate), sameTime = Same(row, kTime);
-        if (!sameDate || !sameTime || moment_.isEmpty())
-            moment_ = QString::fromUtf8(kept_[kDate].first + ' ' + kept_[kTime].first);
-        return moment_;
-    }
-
     QString Signed(const cReader& row, int value, int sign) {
         if (!row.IsNumber(value)) return row.Text(value);
         const double number = row.Number(value);
@@ -214,9 +187,8 @@ class CellMaker {
         return row.Number(sign) == 1 ? text_ : opposite_;
     }
 
-    std::array<std::pair<QByteArray, QString>, kColumns> kept_;
     double last_ = 0;
-    QString text_ = MoneyText(0), opposite_ = text_, moment_;
+    QString text_ = MoneyText(0), opposite_ = text_;
 };
 
 }  // namespace

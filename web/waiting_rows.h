@@ -3,6 +3,7 @@
 
 #include "store/connection.h"
 #include "store/job.h"
+#include "store/row_texts.h"
 
 #include <QString>
 
@@ -19,7 +20,7 @@ bool StoreWebLines(cConnection& book, const QString& text);
 
 struct WebRow {
     qint64 id = -1;
-    std::vector<QString> cells;
+    RowTexts cells;
     bool posted = false;  ///< of the history
 };
 /// The lines of a list in the order in which they came; the history has one cell more.

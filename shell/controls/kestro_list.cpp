@@ -180,7 +180,7 @@ void KestroList::EndFill() {
     KeepCurrent([this] { model_->Publish(); });
 }
 
-KestroList::Handle KestroList::AddRow(std::vector<QString>&& cells, const QString& key, const QString& subKey,
+KestroList::Handle KestroList::AddRow(RowTexts cells, const QString& key, const QString& subKey,
                                       const RowLook& look) {
     const Handle handle = model_->Append({std::move(cells), key, subKey, look});
     if (model_->IsFilling()) return handle;
@@ -204,19 +204,21 @@ QStringList KestroList::RowCells(int row) const {
     return cells;
 }
 
+RowTexts KestroList::TextsOf(int row) const {
+    return model_->HasRow(row) ? model_->Row(row).cells : RowTexts();
+}
+
 QString KestroList::Cell(int row, int column) const {
     return model_->Cell(row, column);
 }
 
 void KestroList::SetCell(int row, int column, const QString& text) {
     if (!model_->HasRow(row) || !model_->HasColumn(column)) return;
-    std::vector<QString>& cells = model_->Row(row).cells;
-    if (cells.size() <= static_cast<size_t>(column)) cells.resize(static_cast<size_t>(column) + 1);
-    cells[static_cast<size_t>(column)] = text;
+    model_->Row(row).cells.Set(column, text);
     if (model_->IsFilling()) return;
     ListColumnState& state = model_->Column(column);
-    const FigureMeter& meter = FigureMeter::Of(state.IsDate() ? Type::small : Type::body);
-    if (!state.IsText() && !state.IsIcons()) GrowBy(state, text, meter);
+    const FigureMeter& meter = FigureMeter::Of(TypeOf(state, model_->Row(row).look));
+    if (!state.IsText() && !state.IsIcons()) GrowBy(state, model_->Bytes(row, column), meter);
     model_->MeasureBars();
     model_->TellRow(row);
     FitColumns();

@@ -4,6 +4,7 @@
 // column of check boxes has no index.
 
 #include "shell/controls/control_support.h"
+#include "store/row_texts.h"
 
 #include <QPersistentModelIndex>
 #include <QPoint>
@@ -12,7 +13,6 @@
 #include <QTableView>
 #include <QTimer>
 
-#include <concepts>
 #include <functional>
 #include <map>
 #include <vector>
@@ -83,15 +83,11 @@ class KestroList : public QTableView {
     // Rows.
     void Clear();
     void Reserve(int count);
-    Handle AddRow(std::vector<QString>&& cells, const QString& key = {}, const QString& subKey = {},
+    Handle AddRow(RowTexts cells, const QString& key = {}, const QString& subKey = {},
                   const RowLook& look = {});
-    template <std::same_as<QStringList> List>  // a list in braces is a vector
-    Handle AddRow(const List& cells, const QString& key = {}, const QString& subKey = {},
-                  const RowLook& look = {}) {
-        return AddRow(std::vector<QString>(cells.begin(), cells.end()), key, subKey, look);
-    }
     int RowCount() const;
     QStringList RowCells(int row) const;
+    RowTexts TextsOf(int row) const;
     QString Cell(int row, int column) const;  ///< empty for a place that does not exist
     void SetCell(int row, int column, const QString& text);
     void SetRowLook(int row, const RowLook& look);

@@ -77,11 +77,19 @@ const FigureMeter& FigureMeter::Of(Type type) {
     return known != meters.end() ? known->second : meters.emplace(type, Skin::Font(type)).first->second;
 }
 
-int FigureMeter::Width(QStringView text, qsizetype separators) const {
+int FigureMeter::Width(QByteArrayView text, qsizetype separators) const {
     double sum = static_cast<double>(separators) * narrow_[u','];
-    for (const QChar c : text)
-        sum += c.unicode() < narrow_.size() ? narrow_[c.unicode()] : wide_;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < narrow_.size()) sum += narrow_[byte];
+        if (byte >= 0xC0) sum += wide_;  // the first byte of a character; 0x80 to 0xBF go on with one
+    }
     return static_cast<int>(std::ceil(sum));
+}
+
+Type TypeOf(const ListColumnState& column, const RowLook& look) {
+    if (column.IsDate()) return look.danger ? Type::smallBold : Type::small;
+    return look.bold ? Type::bodyBold : Type::body;
 }
 
 CellPadding PaddingOf(const ListColumnState& column) {
@@ -90,17 +98,35 @@ CellPadding PaddingOf(const ListColumnState& column) {
     return {8, 8};
 }
 
-bool LooksLikeNumber(QStringView text) {
-    if (text.startsWith(u'-')) text = text.mid(1);
-    return !text.isEmpty() && text.front() >= u'0' && text.front() <= u'9';
+namespace {
+
+bool LooksLikeNumber(QByteArrayView text) {
+    if (text.startsWith('-')) text = text.sliced(1);
+    return !text.isEmpty() && text.front() >= '0' && text.front() <= '9';
 }
 
-QString PaintedText(const ListColumnState& column, const QString& cell) {
-    if (column.IsMoney() && LooksLikeNumber(cell)) return GroupText(cell, column.nGroup, u","_s, u"0"_s);
-    if (!cell.contains(u'\n') && !cell.contains(u'\r')) return cell;
-    QString flat = cell;
-    flat.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
-    return flat;
+qsizetype PointIn(QByteArrayView amount) {
+    const qsizetype point = amount.indexOf('.');
+    return point < 0 ? amount.size() : point;
+}
+
+// An amount is at most as wide as its own text with all its separators, so nearly every one is known to fit
+// without being grouped first.
+bool Fits(const ListColumnState& column, QByteArrayView amount, const FigureMeter& meter) {
+    if (!LooksLikeNumber(amount)) return false;
+    const qsizetype point = PointIn(amount);
+    const qsizetype separators = column.nGroup > 0 ? std::max<qsizetype>(0, point - 1) / column.nGroup : 0;
+    return meter.Width(amount.first(point), separators) <= column.wholeWidth &&
+           meter.Width(amount.sliced(point)) <= column.partWidth;
+}
+
+}  // namespace
+
+QString PaintedText(const ListColumnState& column, QByteArrayView cell) {
+    QString text = QString::fromUtf8(cell);
+    if (column.IsMoney() && LooksLikeNumber(cell)) return GroupText(text, column.nGroup, u","_s, u"0"_s);
+    if (!text.contains(u'\n') && !text.contains(u'\r')) return text;
+    return text.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
 }
 
 qsizetype PointOf(QStringView painted) {
@@ -108,29 +134,17 @@ qsizetype PointOf(QStringView painted) {
     return point < 0 ? painted.size() : point;
 }
 
-namespace {
-// An amount is at most as wide as its own text with all its separators, so nearly every one is known to fit
-// without being grouped first.
-bool Fits(const ListColumnState& column, const QString& amount, const FigureMeter& meter) {
-    if (!LooksLikeNumber(amount)) return false;
-    const qsizetype point = PointOf(amount);
-    const qsizetype separators = column.nGroup > 0 ? std::max<qsizetype>(0, point - 1) / column.nGroup : 0;
-    return meter.Width(QStringView(amount).left(point), separators) <= column.wholeWidth &&
-           meter.Width(QStringView(amount).mid(point)) <= column.partWidth;
-}
-}  // namespace
-
-void GrowBy(ListColumnState& column, const QString& cell, const FigureMeter& meter) {
+void GrowBy(ListColumnState& column, QByteArrayView cell, const FigureMeter& meter) {
     if (cell.isEmpty()) return;
     if (!column.IsMoney()) {
         column.wholeWidth = std::max(column.wholeWidth, meter.Width(cell));
         return;
     }
     if (Fits(column, cell, meter)) return;
-    const QString text = PaintedText(column, cell);
-    const qsizetype point = PointOf(text);
-    column.wholeWidth = std::max(column.wholeWidth, meter.Width(QStringView(text).left(point)));
-    column.partWidth = std::max(column.partWidth, meter.Width(QStringView(text).mid(point)));
+    const QByteArray text = PaintedText(column, cell).toUtf8();
+    const qsizetype point = PointIn(text);
+    column.wholeWidth = std::max(column.wholeWidth, meter.Width(QByteArrayView(text).first(point)));
+    column.partWidth = std::max(column.partWidth, meter.Width(QByteArrayView(text).sliced(point)));
 }
 
 std::vector<int> FitWidths(std::span<const ListColumnState> columns, int room) {

@@ -4,6 +4,7 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/skin.h"
 
+#include <QByteArrayView>
 #include <QFontMetrics>
 #include <QString>
 #include <QStringView>
@@ -34,13 +35,16 @@ class FigureMeter {
     explicit FigureMeter(const QFont& font);
     /// The meter of a kind of text, made once: asking a font for a hundred widths costs a millisecond.
     static const FigureMeter& Of(Type type);
-    /// Width of a text, with so many separators of groups still to come into it.
-    int Width(QStringView text, qsizetype separators = 0) const;
+    /// Width of a text in UTF-8, with so many separators of groups still to come into it.
+    int Width(QByteArrayView text, qsizetype separators = 0) const;
 
  private:
     std::array<double, 128> narrow_{};
     double wide_;
 };
+
+/// The type in which a cell is painted; dates are smaller, a day gone by stands out.
+Type TypeOf(const ListColumnState& column, const RowLook& look);
 
 /// Left and right room round a cell's text.
 struct CellPadding {
@@ -50,14 +54,12 @@ struct CellPadding {
 CellPadding PaddingOf(const ListColumnState& column);
 
 /// The text as painted: grouped for money, line breaks as blanks.
-QString PaintedText(const ListColumnState& column, const QString& cell);
+QString PaintedText(const ListColumnState& column, QByteArrayView cell);
 /// Where the point of a painted amount stands; the length when there is none.
 qsizetype PointOf(QStringView painted);
-/// True for a text that starts as a number does.
-bool LooksLikeNumber(QStringView text);
 
 /// Takes a cell's text into account for the width of its column.
-void GrowBy(ListColumnState& column, const QString& cell, const FigureMeter& meter);
+void GrowBy(ListColumnState& column, QByteArrayView cell, const FigureMeter& meter);
 
 /// Width of each column in room pixels; hidden ones get 0. Money and date columns are as wide as their widest
 /// text; the flexible column takes the rest and gives first, then the other texts give down to their smallest

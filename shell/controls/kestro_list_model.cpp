@@ -37,7 +37,7 @@ QVariant KestroListModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::AccessibleTextRole && HasColumn(column) && Column(column).IsIcons())
         return IconWords(Cell(index.row(), column));
     if (role != Qt::DisplayRole || !HasColumn(column)) return {};
-    return PaintedText(Column(column), Cell(index.row(), column));
+    return PaintedText(Column(column), Bytes(index.row(), column));
 }
 
 QVariant KestroListModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -53,11 +53,8 @@ Qt::ItemFlags KestroListModel::flags(const QModelIndex& index) const {
     return FromView(index.column()) < 0 ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
-const QString& KestroListModel::Cell(int row, int column) const {
-    static const QString empty;
-    if (!HasRow(row) || column < 0) return empty;
-    const std::vector<QString>& cells = Row(row).cells;
-    return static_cast<size_t>(column) < cells.size() ? cells[static_cast<size_t>(column)] : empty;
+QByteArrayView KestroListModel::Bytes(int row, int column) const {
+    return HasRow(row) && column >= 0 ? Row(row).cells.Utf8(column) : QByteArrayView();
 }
 
 KestroList::Handle KestroListModel::Append(ListRow&& row) {
@@ -99,15 +96,17 @@ void KestroListModel::Sort(int column, bool up) {
     ascending = up;
     const bool byValue = Column(column).IsMoney() || Column(column).IsNumber();
     std::vector<double> values;
-    if (byValue)
-        for (size_t i = 0; i < rows.size(); ++i)
-            values.push_back(Val(Cell(static_cast<int>(i), column)));
+    std::vector<QString> texts;
+    for (int i = 0; i < static_cast<int>(rows.size()); ++i) {
+        texts.push_back(Cell(i, column));
+        if (byValue) values.push_back(Val(texts.back()));
+    }
     std::vector<int> order(rows.size());
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, [&](int a, int b) {
         if (!up) std::swap(a, b);
         if (byValue) return values[static_cast<size_t>(a)] < values[static_cast<size_t>(b)];
-        return Cell(a, column) < Cell(b, column);
+        return texts[static_cast<size_t>(a)] < texts[static_cast<size_t>(b)];
     });
     std::vector<ListRow> sorted;
     sorted.reserve(std::max(rows.capacity(), rows.size()));

@@ -10,7 +10,7 @@
 #include <vector>
 
 struct ListRow {
-    std::vector<QString> cells;
+    RowTexts cells;
     QString key;
     QString subKey;
     RowLook look;
@@ -48,8 +48,9 @@ class KestroListModel : public QAbstractTableModel {
     ListRow& Row(int row) { return rows[static_cast<size_t>(row)]; }
     const ListColumnState& Column(int column) const { return columns[static_cast<size_t>(column)]; }
     ListColumnState& Column(int column) { return columns[static_cast<size_t>(column)]; }
-    /// Empty for a place that does not exist.
-    const QString& Cell(int row, int column) const;
+    // Empty for a place that does not exist.
+    QString Cell(int row, int column) const { return QString::fromUtf8(Bytes(row, column)); }
+    QByteArrayView Bytes(int row, int column) const;  ///< good until the row changes
 
     KestroList::Handle Append(ListRow&& row);
     int RowOf(KestroList::Handle handle) const;

@@ -66,8 +66,7 @@ void KestroListPainter::PaintBar(QPainter& p, const QRect& rect, const RowState&
 }
 
 QFont KestroListPainter::FontOf(int row, int column) const {
-    if (model_.Column(column).IsDate()) return Skin::Font(Type::small);
-    return Skin::Font(model_.Row(row).look.bold ? Type::bodyBold : Type::body);
+    return Skin::Font(TypeOf(model_.Column(column), model_.Row(row).look));
 }
 
 Tok KestroListPainter::ColorOf(int row, int column, const RowState& state) const {
@@ -104,7 +103,7 @@ void KestroListPainter::PaintCell(QPainter& p, const QRect& rect, int row, int c
         return;
     }
     if (column == model_.barColumn) PaintBars(p, rect, row);
-    const QString& cell = model_.Cell(row, column);
+    const QString cell = model_.Cell(row, column);
     if (cell.isEmpty()) return;
     const ListColumnState& what = model_.Column(column);
     if (what.IsIcons()) return PaintIcons(p, rect, cell);
@@ -116,7 +115,7 @@ void KestroListPainter::PaintCell(QPainter& p, const QRect& rect, int row, int c
 
 void KestroListPainter::PaintMoney(QPainter& p, const QRect& rect, int row, int column) const {
     const ListColumnState& what = model_.Column(column);
-    const QString text = PaintedText(what, model_.Cell(row, column));
+    const QString text = PaintedText(what, model_.Bytes(row, column));
     const qsizetype point = PointOf(text);
     const int x = rect.right() + 1 - PaddingOf(what).right - what.partWidth;
     const QRect whole(rect.left(), rect.top(), x - rect.left(), rect.height() - 1);
@@ -141,7 +140,7 @@ void KestroListPainter::PaintText(QPainter& p, const QRect& rect, int row, int c
         p.drawPixmap(at, Skin::Icon(icon->second, kIconSize, p.device()->devicePixelRatioF()));
         room.setLeft(room.left() + kIconPlace + 2);
     }
-    QString text = PaintedText(what, model_.Cell(row, column));
+    QString text = PaintedText(what, model_.Bytes(row, column));
     const QFontMetrics metrics = p.fontMetrics();
     if (!what.IsDate() && metrics.horizontalAdvance(text) > room.width())
         text = metrics.elidedText(text, Qt::ElideRight, room.width());
@@ -180,7 +179,7 @@ void KestroListPainter::PaintBars(QPainter& p, const QRect& rect, int row) const
 int KestroListPainter::NeededWidth(int row, int column) const {
     const ListColumnState& what = model_.Column(column);
     const CellPadding padding = PaddingOf(what);
-    const QString text = PaintedText(what, model_.Cell(row, column));
+    const QString text = PaintedText(what, model_.Bytes(row, column));
     return QFontMetrics(FontOf(row, column)).horizontalAdvance(text) + padding.left + padding.right +
            IndentOf(row, column);
 }

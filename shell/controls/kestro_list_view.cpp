@@ -31,14 +31,15 @@ int KestroList::FromView(int viewColumn) const {
 }
 
 void KestroList::GrowColumns(int firstRow) {
-    const FigureMeter& body = FigureMeter::Of(Type::body);
     for (int column = 0; column < ColumnCount() && firstRow < RowCount(); ++column) {
         ListColumnState& state = model_->Column(column);
         if (state.IsText() || state.IsIcons()) continue;
-        const FigureMeter& usual = state.IsDate() ? FigureMeter::Of(Type::small) : body;
+        Type type = TypeOf(state, {});
+        const FigureMeter* meter = &FigureMeter::Of(type);
         for (int row = firstRow; row < RowCount(); ++row) {
-            const bool bold = model_->Row(row).look.bold && !state.IsDate();
-            GrowBy(state, model_->Cell(row, column), bold ? FigureMeter::Of(Type::bodyBold) : usual);
+            if (const Type own = TypeOf(state, model_->Row(row).look); own != type)
+                meter = &FigureMeter::Of(type = own);
+            GrowBy(state, model_->Bytes(row, column), *meter);
         }
     }
 }

@@ -5,8 +5,24 @@
 #include "shell/skin.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
 
-using namespace Qt::StringLiterals;
+namespace {
+
+constexpr int kLineRoom = 9, kLineHeight = 20;
+
+class ToolbarLine : public QWidget {
+ public:
+    explicit ToolbarLine(QWidget* parent) : QWidget(parent) { setFixedSize(kLineRoom, kLineHeight); }
+
+ protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        Skin::VLine(p, width() / 2, 0, height(), Skin::Color(Tok::line2));
+    }
+};
+
+}  // namespace
 
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
     row_->setContentsMargins({});
@@ -16,24 +32,42 @@ Toolbar::Toolbar(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this))
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-KestroButton* Toolbar::Add(Act act, const QString& name, std::function<void()> onClick) {
+KestroButton* Toolbar::Add(Act act, const QString& name, std::function<void()> onClick, const QString& tip) {
     const auto& row = ActionOf(act);
-    const QString& caption = row.button.isEmpty() ? row.caption : row.button;
-    auto* button = Insert(static_cast<int>(buttons_.size()), caption, row.icon, name, std::move(onClick));
-    if (buttons_.size() == 1) button->SetLook(ButtonLook::primary);
+    const bool first = buttons_.empty();
+    auto* button =
+        Add(row.button.isEmpty() ? row.caption : row.button, row.icon, name, std::move(onClick), tip);
+    if (first) button->SetLook(ButtonLook::primary);
     return button;
 }
 
-KestroButton* Toolbar::Insert(int at, const QString& caption, const QString& icon, const QString& name,
-                              std::function<void()> onClick) {
+KestroButton* Toolbar::Add(const QString& caption, const QString& icon, const QString& name,
+                           std::function<void()> onClick, const QString& tip) {
     auto* button = new KestroButton(ButtonLook::toolbar, caption, icon, this);
     button->setObjectName(name);
+    button->setToolTip(tip);
     button->onClick = std::move(onClick);
-    row_->insertWidget(at, button);
-    buttons_.insert(buttons_.begin() + at, button);
+    row_->insertWidget(static_cast<int>(buttons_.size()) + lines_, button);
+    buttons_.push_back(button);
+    KeepOrder();
+    return button;
+}
+
+void Toolbar::PutFirst(KestroButton* button) {
+    std::erase(buttons_, button);
+    buttons_.insert(buttons_.begin(), button);
+    row_->removeWidget(button);
+    row_->insertWidget(0, button);
+    KeepOrder();
+}
+
+void Toolbar::AddLine() {
+    row_->insertWidget(static_cast<int>(buttons_.size()) + lines_++, new ToolbarLine(this));
+}
+
+void Toolbar::KeepOrder() {
     for (size_t i = 1; i < buttons_.size(); ++i)
         setTabOrder(buttons_[i - 1], buttons_[i]);
-    return button;
 }
 
 void Toolbar::GiveMenu(KestroButton* button, const QString& menu) {
@@ -52,7 +86,7 @@ void Toolbar::SetEnd(QWidget* box, int least, int wanted) {
 }
 
 int Toolbar::Needed() const {
-    int sum = 0;
+    int sum = lines_ * (kLineRoom + Skin::Space::kPartner);
     for (const auto* button : buttons_)
         if (!button->isHidden()) sum += button->sizeHint().width() + Skin::Space::kPartner;
     return sum;

@@ -17,10 +17,14 @@ class Toolbar : public QWidget {
     explicit Toolbar(QWidget* parent);
 
     /// A button with the words and the icon of the act's row. The first one is the page's main command.
-    KestroButton* Add(Act act, const QString& name, std::function<void()> onClick);
-    /// A button that no row of the table names, before the one at this place.
-    KestroButton* Insert(int at, const QString& caption, const QString& icon, const QString& name,
-                         std::function<void()> onClick);
+    KestroButton* Add(Act act, const QString& name, std::function<void()> onClick, const QString& tip = {});
+    /// A button that no row of the table names.
+    KestroButton* Add(const QString& caption, const QString& icon, const QString& name,
+                      std::function<void()> onClick, const QString& tip = {});
+    /// Moves a button to the left end.
+    void PutFirst(KestroButton* button);
+    /// A line between what was added and what comes.
+    void AddLine();
     /// The arrow of a button opens a menu below it.
     static void GiveMenu(KestroButton* button, const QString& menu);
     /// A box at the right end, between least and wanted pixels wide.
@@ -38,8 +42,11 @@ class Toolbar : public QWidget {
  private:
     int Needed() const;
 
+    void KeepOrder();
+
     QHBoxLayout* row_;
     std::vector<KestroButton*> buttons_;
+    int lines_ = 0;
     QWidget* end_ = nullptr;
     int whole_ = 0;  ///< width of the buttons with their captions
     int wanted_ = 0;

@@ -35,12 +35,7 @@ class Login : public UiFixture {
         RegisterAll();
     }
     QString PutBook(const QString& name, const QString& change = {}) {
-        const QString path = Path(name);
-        QDir().mkpath(Path(u"box"_s));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(SampleBookImage());
-        file.close();
+        const QString path = PutFile(name, SampleBookImage());
         if (change.isEmpty()) return path;
         cConnection book;
         book.Open(path);
@@ -56,8 +51,7 @@ class Login : public UiFixture {
         login_ = std::make_unique<frmLogin>();
         login_->onEntered = [this] { ++entered_; };
         login_->onLeft = [this] { ++left_; };
-        login_->show();
-        QApplication::setActiveWindow(login_.get());
+        Present(login_.get());
     }
     KestroCombox* Books() { return Find<KestroCombox>(login_.get(), "comBook"); }
     KestroText* Pass() { return Find<KestroText>(login_.get(), "txtPass"); }
@@ -115,10 +109,7 @@ TEST_F(Login, AWrongPasswordIsToldAndTheBookStaysChosen) {
 TEST_F(Login, BooksThatCannotBeOpenedAreToldOneByOne) {
     PutBook(u"box/old.jotdb"_s, u"update tSet set Note1='10.0 ' where Key1='dbversion'"_s);
     PutBook(u"box/nopass.jotdb"_s, u"delete from tSet where Key1='pass'"_s);
-    QFile junk(Path(u"box/junk.jotdb"_s));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(4096, 'x'));
-    junk.close();
+    PutFile(u"box/junk.jotdb"_s, QByteArray(4096, 'x'));
     State().settings.sPreOpenDBFile = Path(u"box/old.jotdb"_s).toLower();
     Show();
     EXPECT_EQ(Books()->Count(), 3);

@@ -24,11 +24,7 @@ namespace fs = std::filesystem;
 
 TEST_F(Processes, ASecondCopyHandsItsBookOverAndEnds) {
     BecomeFirstCopy();
-    const QString book = Path(u"Mein Buch.jotdb"_s);
-    QFile file(book);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(EmptyBookImage());
-    file.close();
+    const QString book = PutFile(u"Mein Buch.jotdb"_s, EmptyBookImage());
 
     // Without a book, or with one that is not there, the running window comes to the front.
     auto* silent = Start(Program(u"KestroJot"_s));

@@ -11,7 +11,6 @@
 
 #include <csignal>
 #include <sqlite3.h>
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -28,16 +27,22 @@ class Backup : public BooksFixture {
     BackupResult Run(const QString& path = {}) {
         QDir().mkpath(Path(u"place"_s));
         Job job;
-        auto result = RunBackup(Folder(), path, job);
-        return result;
+        return RunBackup(Folder(), path, job);
     }
     QStringList Copies() const { return QDir(Folder()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
 };
 
-void Put(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+/// Another program that is killed after these statements.
+void WriteAndDie(const QString& path, const char* sql) {
+    const pid_t child = fork();
+    if (child == 0) {
+        sqlite3* db = nullptr;
+        sqlite3_open(path.toUtf8().constData(), &db);
+        sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
+        kill(getpid(), SIGKILL);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
 }
 
 }  // namespace
@@ -103,22 +108,13 @@ TEST_F(Backup, BooksThatAreNotCopiedAreNamedWithTheReason) {
 }
 
 TEST_F(Backup, AWriterThatWasKilledInTheMiddleIsRolledBackFirst) {
-    // A child leaves a hot journal and half a change behind.
+    // It leaves a hot journal and half a change behind.
     const QString path = BookPath(u"two"_s);
     const auto before = DumpBook(path);
-    const pid_t child = fork();
-    if (child == 0) {
-        sqlite3* db = nullptr;
-        sqlite3_open(path.toUtf8().constData(), &db);
-        sqlite3_exec(db,
-                     "pragma cache_size=5; begin immediate; update tKind set Money=-1;"
-                     "with n(i) as (select 1 union all select i+1 from n where i<5000) insert into tAccount"
-                     " (Id1,Title1,Note1) select i+100,'half',hex(randomblob(100)) from n",
-                     nullptr, nullptr, nullptr);
-        kill(getpid(), SIGKILL);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
+    WriteAndDie(path,
+                "pragma cache_size=5; begin immediate; update tKind set Money=-1;"
+                "with n(i) as (select 1 union all select i+1 from n where i<5000) insert into tAccount"
+                " (Id1,Title1,Note1) select i+100,'half',hex(randomblob(100)) from n");
     ASSERT_TRUE(QFile::exists(path + u"-journal"_s));
     EXPECT_EQ(Run().count, 2);
     EXPECT_EQ(CheckBook(Folder() + u"/two.jotdb"_s), u"ok"_s);
@@ -128,27 +124,13 @@ TEST_F(Backup, AWriterThatWasKilledInTheMiddleIsRolledBackFirst) {
 
 TEST_F(Backup, WhatAnotherProgramHasLeftBesideABookComesAlong) {
     const QString path = BookPath(u"two"_s);
-    const auto change = [&] {
-        const pid_t child = fork();
-        if (child == 0) {
-            sqlite3* db = nullptr;
-            sqlite3_open(path.toUtf8().constData(), &db);
-            sqlite3_exec(db, "pragma journal_mode=wal; update tKind set Money=77 where Sort1='0101'", nullptr,
-                         nullptr, nullptr);
-            kill(getpid(), SIGKILL);
-        }
-        return child;
-    };
-    int status = 0;
-    ASSERT_GT(waitpid(change(), &status, 0), 0);
+    WriteAndDie(path, "pragma journal_mode=wal; update tKind set Money=77 where Sort1='0101'");
     ASSERT_GT(QFileInfo(path + u"-wal"_s).size(), 0);
     EXPECT_EQ(Run().count, 2);
     EXPECT_EQ(Copies(), (QStringList{u"one.jotdb"_s, u"two.jotdb"_s}));
-    {
-        cConnection copy;
-        copy.Open(Folder() + u"/two.jotdb"_s);
-        EXPECT_EQ(Rows(copy, u"select Money from tKind where Sort1='0101'"_s), QStringList{u"77"_s});
-    }
+    cConnection copy;
+    copy.Open(Folder() + u"/two.jotdb"_s);
+    EXPECT_EQ(Rows(copy, u"select Money from tKind where Sort1='0101'"_s), QStringList{u"77"_s});
 }
 
 TEST_F(Backup, ABookThatIsGivenByItsPathIsThatVeryFile) {
@@ -181,10 +163,6 @@ TEST_F(Backup, NobodyWritesWhileABookIsCopied) {
     EXPECT_EQ(copy.result, BookCopy::done);
     EXPECT_TRUE(tried);
     other.Execute(u"update tKind set Money=5"_s);
-    // A book that is being written to is waited for, and then named.
-    other.Begin();
-    other.Execute(u"pragma cache_size=1; update tKind set Money=6; update tAccount set Note1='x'"_s);
-    other.Commit();
 }
 
 TEST_F(Backup, AStopLeavesWholeCopiesAloneAndNoEmptyFolder) {
@@ -209,26 +187,19 @@ TEST_F(Backup, AStopLeavesWholeCopiesAloneAndNoEmptyFolder) {
 
 TEST_F(Backup, AFullDiskLeavesNoHalfCopy) {
     const qint64 size = QFileInfo(BookPath(u"two"_s)).size();
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
     for (const qint64 room : {qint64(0), size / 2, size - 1}) {
-        rlimit limit{static_cast<rlim_t>(room), before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
+        const FullDisk disk(room);
         const auto result = Run();
-        setrlimit(RLIMIT_FSIZE, &before);
         EXPECT_EQ(result.count, 0);
         EXPECT_EQ(result.failed.size(), 2);
         EXPECT_FALSE(QFileInfo::exists(Folder()));
     }
-    std::signal(SIGXFSZ, ignored);
     EXPECT_EQ(Run().count, 2);
 }
 
 TEST_F(Backup, AFolderThatCannotBeMadeOrVanishesIsTold) {
-    Put(Path(u"file"_s), "x");
     Job job;
-    EXPECT_FALSE(RunBackup(Path(u"file"_s) + u"/below"_s, {}, job).refused.isEmpty());
+    EXPECT_FALSE(RunBackup(PutFile(u"file"_s) + u"/below"_s, {}, job).refused.isEmpty());
     // A stick that is gone is not made anew as a folder.
     EXPECT_TRUE(RunBackup(BackupFolder(Path(u"gone"_s)), {}, job).refused.startsWith(u"备份位置不存在"_s));
     EXPECT_FALSE(QFileInfo::exists(Path(u"gone"_s)));

@@ -10,6 +10,8 @@
 #include "store/picture_index.h"
 #include "tests/books/books_fixture.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,21 +78,13 @@ TEST_F(BookChange, AChangeThatFailsAtAnyStatementLeavesFileAndRecord) {
     form.pass = form.passAgain = u"x"_s;
     const auto before = DumpBook(BookPath(u"two"_s));
     boxes.AnswerAll(1);
-    for (int n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        int count = 0;
-        cConnection::Seams().beforeStatement = [&](const QString& sql) {
-            if (++count == n) FailStatement(u"made to fail"_s, sql);
-        };
-        const bool done = Succeeds([&] { SaveBookChange(BookPath(u"two"_s), form); });
-        cConnection::Seams() = {};
-        if (done) {
-            EXPECT_GT(n, 5);
-            break;
-        }
+    const auto change = [&] { SaveBookChange(BookPath(u"two"_s), form); };
+    const auto check = [&](bool done) {
+        if (done) return;
         EXPECT_EQ(DumpBook(BookPath(u"two"_s)), before);
         EXPECT_EQ(State().gBooks[static_cast<size_t>(FindBook(BookPath(u"two"_s)))].Year, 2016);
-    }
+    };
+    EXPECT_GT(FailEachStatement({[] {}, change, check}), 4);
 }
 
 TEST_F(BookChange, CompressingKeepsRowsAndTheOpenBookFindsThem) {
@@ -147,24 +141,19 @@ TEST_F(BookChange, CompressingThatIsStoppedOrFailsLeavesTheFile) {
         large.Execute(u"drop table big"_s);
     }
     EXPECT_EQ(DumpBook(path), before);
-    for (int n = 1;; ++n) {
-        SCOPED_TRACE(n);
-        cConnection::Seams().vfs = TestDisk();
-        Disk() = {};
-        Disk().failing = DiskFaults::kWrite;
-        Disk().failAt = n;
-        Disk().full = true;
+    boxes.AnswerAll(1);
+    const auto compress = [&] {
         Job job;
-        boxes.AnswerAll(1);
         const auto end = CompressBook(two, job);
-        Disk() = {};
-        cConnection::Seams() = {};
+        if (end == Compression::done) return;
+        EXPECT_EQ(end, Compression::failed);
+        FailStatement(u"没有压缩"_s, {});
+    };
+    const auto check = [&](bool) {
         EXPECT_EQ(CheckBook(path), u"ok"_s);
         EXPECT_EQ(DumpBook(path), before);
-        if (end == Compression::done) break;
-        EXPECT_EQ(end, Compression::failed);
-        ASSERT_FALSE(HasFailure());
-    }
+    };
+    EXPECT_GT(FailEach({.failing = DiskFaults::kWrite, .full = true}, {[] {}, compress, check}), 1);
 }
 
 TEST_F(BookChange, ADeletionIsRefusedInItsOrder) {
@@ -187,12 +176,11 @@ TEST_F(BookChange, ADeletionIsRefusedInItsOrder) {
 
 TEST_F(BookChange, ADeletedBookTakesItsLeftoversAndTheOpenOneKeepsItsPlace) {
     PutBook(u"aaa"_s);
+    std::ranges::sort(State().gBooks, {}, &BookRecord::Name);
     OpenBook(u"two"_s);
     GiveTrash();
-    for (const auto& beside : {u"-journal"_s, u"-wal"_s}) {
-        QFile file(BookPath(u"aaa"_s) + beside);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
+    for (const auto& beside : {u"-journal"_s, u"-wal"_s})
+        PutFile(u"box/aaa.jotdb"_s + beside, {});
     State().gCmdBook = State().gCurBook;
     boxes.Expect(u"你确定要删除"_s);
     boxes.Expect(u"成功删除【"_s + BookPath(u"aaa"_s).toLower() + u"】!"_s);

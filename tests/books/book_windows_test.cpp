@@ -15,48 +15,27 @@
 #include "shell/controls/kestro_tiles.h"
 #include "shell/file_dialog.h"
 #include "shell/frm_main.h"
-#include "store/book_box.h"
-#include "store/book_format.h"
-#include "store/book_images.h"
 #include "store/notices.h"
 #include "store/outside.h"
-#include "store/session.h"
+#include "tests/books/books_fixture.h"
 #include "tests/support/ui_fixture.h"
 
 #include <QAbstractButton>
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class BookWindows : public UiFixture {
+class BookWindows : public BooksStage<UiFixture> {
  protected:
     BookWindows() {
         OpenSettingsStore();
-        QDir().mkpath(Path(u"box"_s));
-        State().settings.sDBPath = Path(u"box"_s);
-        for (const auto& name : {u"2016家用"_s, u"另一本"_s}) {
-            QFile file(BookPath(name));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(SampleBookImage());
-        }
-        ScanBookBox(Path(u"box"_s));
-        ReadBookInfo();
-        State().gCurBook = FindBook(BookPath(u"2016家用"_s));
-        ReopenDB();
         RegisterAll();
-        AnswerPassword({});
-    }
-    QString BookPath(const QString& name) const { return Path(u"box/"_s + name + u".jotdb"_s); }
-    void AnswerPassword(const QString& text) {
-        RegisterDialog(kDlgInput, [this, text](QPoint) {
-            InputDialog input;
-            asked_ << input.prompt;
-            input.done = text.isNull() ? 0 : 1;
-            input.text = text;
-        });
+        UseBox();
+        for (const auto& name : {u"2016家用"_s, u"另一本"_s})
+            PutBook(name);
+        OpenBook(u"2016家用"_s);
+        Type(QString());
     }
     void Open(bool isNew, const QString& path = {}) {
         ResetDlg(kDlgBook);
@@ -64,8 +43,18 @@ class BookWindows : public UiFixture {
         record.isNew = isNew ? 1 : 0;
         record.path = path;
         window_ = std::make_unique<frmBookNew>();
+        Present(window_.get());
+    }
+    /// The backup, which may go to a stick.
+    void OpenBackup() {
+        QDir().mkpath(Path(u"stick"_s));
+        Outside().places = [this] {
+            return std::vector<BrowsePlace>{{u"doc"_s, u"我的文档"_s, u"doc"_s, Path(u"gone"_s)},
+                                            {u"s"_s, u"stick 盘"_s, u"udisk"_s, Path(u"stick"_s)}};
+        };
+        ResetDlg(kDlgBackup);
+        window_ = std::make_unique<frmExport>();
         window_->show();
-        QApplication::setActiveWindow(window_.get());
     }
     template <typename T>
     T* At(const char* name) {
@@ -90,7 +79,6 @@ class BookWindows : public UiFixture {
 
     std::unique_ptr<KestroDialog> window_;
     std::unique_ptr<frmMain> frame_;
-    QStringList asked_;
 };
 
 }  // namespace
@@ -113,20 +101,20 @@ TEST_F(BookWindows, ANewBookIsTypedWithBalancesOfAnother) {
     EXPECT_FALSE(At<QWidget>("chkTransfer")->isEnabled());
     EXPECT_EQ(At<KestroCombox>("comBook")->Count(), 2);
 
-    AnswerPassword(u"wrong"_s);
+    Type(u"wrong"_s);
     boxes.Expect(u"口令不正确!"_s);
     ChooseReference(u"2016家用"_s);
     EXPECT_EQ(At<KestroCombox>("comBook")->text(), QString());
-    AnswerPassword(u""_s);
+    Type(u""_s);
     ChooseReference(u"2016家用"_s);
     auto* kinds = At<KestroList>("KestroList1");
     EXPECT_EQ(kinds->RowCount(), 15);
     EXPECT_EQ(kinds->RowCells(2), (QStringList{u"3"_s, u"产品收入"_s, u"5000"_s}));
-    AnswerPassword({});
+    Type(QString());
     boxes.Expect(u"口令不正确!"_s);
     ChooseReference(u"另一本"_s);
     EXPECT_EQ(At<KestroCombox>("comBook")->text(), u"2016家用"_s);
-    EXPECT_EQ(asked_.back(), u"请输入账本口令："_s);
+    EXPECT_EQ(Asked().back(), u"请输入账本口令："_s);
     Press("chkTransfer");
     // A mark means its row, wherever the list shows it.
     kinds->SortBy(2, false);
@@ -152,7 +140,7 @@ TEST_F(BookWindows, ANewBookIsTypedWithBalancesOfAnother) {
 TEST_F(BookWindows, MoreOptionsThatAreTakenBackForgetTheReference) {
     Open(true);
     Press("chkOther");
-    AnswerPassword(u""_s);
+    Type(u""_s);
     ChooseReference(u"另一本"_s);
     Press("chkSubAcc");
     Press("chkOther");
@@ -185,11 +173,11 @@ TEST_F(BookWindows, AStandingBookIsChangedAndCompressed) {
     Press("btnZip");
     EXPECT_EQ(boxes.Last().icon, kMsgNone);
     At<KestroEditBox>("editNote")->SetText(u"改过"_s);
-    AnswerPassword(u"wrong"_s);
+    Type(u"wrong"_s);
     boxes.Expect(u"口令不正确!"_s);
     Press("btnEnter");
     EXPECT_TRUE(window_->isVisible());
-    AnswerPassword(u"old"_s);
+    Type(u"old"_s);
     boxes.Expect(u"修改成功!"_s);
     Press("btnEnter");
     const auto facts = ReadBookFacts(BookAt(BookPath(u"另一本"_s)));
@@ -213,14 +201,7 @@ TEST_F(BookWindows, ABookFromOutsideTheBoxIsNotBackedUpFromItsWindow) {
 }
 
 TEST_F(BookWindows, TheBackupGoesThroughItsThreeSteps) {
-    QDir().mkpath(Path(u"stick"_s));
-    Outside().places = [this] {
-        return std::vector<BrowsePlace>{{u"doc"_s, u"我的文档"_s, u"doc"_s, Path(u"gone"_s)},
-                                        {u"s"_s, u"stick 盘"_s, u"udisk"_s, Path(u"stick"_s)}};
-    };
-    ResetDlg(kDlgBackup);
-    window_ = std::make_unique<frmExport>();
-    window_->show();
+    OpenBackup();
     auto* places = At<KestroListView>("KestroListView1");
     EXPECT_EQ(places->Count(), 1);
     EXPECT_TRUE(places->HasPicture(0));
@@ -245,8 +226,7 @@ TEST_F(BookWindows, TheBackupGoesThroughItsThreeSteps) {
     Press("btnNext");
     EXPECT_FALSE(window_->isVisible());
     // A second one on the day goes back to the choice of the place.
-    window_ = std::make_unique<frmExport>();
-    window_->show();
+    OpenBackup();
     At<KestroListView>("KestroListView1")->SetCurrent(0);
     Press("btnNext");
     boxes.Expect(Path(u"stick/墨鹊账本备份20160903"_s) + u"该文件夹已存在"_s);
@@ -257,10 +237,6 @@ TEST_F(BookWindows, TheBackupGoesThroughItsThreeSteps) {
 // A second copy, the clock and the agent may come while the open book is closed for its copy.
 TEST_F(BookWindows, NothingReadsTheBookWhileItIsCopied) {
     Settings(u"book"_s);
-    QDir().mkpath(Path(u"stick"_s));
-    Outside().places = [this] {
-        return std::vector<BrowsePlace>{{u"s"_s, u"stick 盘"_s, u"udisk"_s, Path(u"stick"_s)}};
-    };
     {
         cConnection large;
         large.Open(BookPath(u"2016家用"_s));
@@ -268,9 +244,7 @@ TEST_F(BookWindows, NothingReadsTheBookWhileItIsCopied) {
             u"with n(i) as (select 1 union all select i+1 from n where i<300) insert into tPic"
             u" (ID1,bitPic) select i+10,randomblob(100000) from n"_s);
     }
-    ResetDlg(kDlgBackup);
-    window_ = std::make_unique<frmExport>();
-    window_->show();
+    OpenBackup();
     At<KestroListView>("KestroListView1")->SetCurrent(0);
     Press("btnNext");
     int turns = 0;
@@ -315,7 +289,7 @@ TEST_F(BookWindows, TheBooksAreListedMadeAndDeleted) {
     EXPECT_EQ(list->RowCount(), 3);
     EXPECT_EQ(list->CurrentKey(), BookPath(u"第三本"_s).toLower());
     EXPECT_TRUE(page->Can(Act::remove));
-    AnswerPassword(u""_s);
+    Type(u""_s);
     Outside().trash = [](const QString& file) { return QFile::remove(file); };
     boxes.Expect(u"你确定要删除【选定的账本】?"_s);
     boxes.Expect(u"成功删除【"_s + BookPath(u"第三本"_s).toLower() + u"】!"_s);

@@ -12,14 +12,14 @@
 #include <QDir>
 #include <QFile>
 
-inline QByteArray BytesOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-class BooksFixture : public Fixture {
+/// Base is the fixture of the logic or of the windows.
+template <class Base>
+class BooksStage : public Base {
  protected:
-    BooksFixture() {
+    BooksStage() { UseBox(); }
+
+    /// Makes the box that of the settings, and answers the password questions.
+    void UseBox() {
         QDir().mkpath(Box());
         State().settings.sDBPath = Box();
         RegisterDialog(kDlgInput, [this](QPoint) {
@@ -29,16 +29,12 @@ class BooksFixture : public Fixture {
             input.text = typed_;
         });
     }
-
-    QString Box() const { return Path(QStringLiteral("box")); }
+    QString Box() const { return this->Path(QStringLiteral("box")); }
     QString BookPath(const QString& name) const { return Box() + u'/' + name + QStringLiteral(".jotdb"); }
 
     /// Puts a book file into the box and knows it.
     QString PutBook(const QString& name, const QByteArray& image = SampleBookImage()) {
-        QFile file(BookPath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(image);
-        file.close();
+        this->PutFile(QStringLiteral("box/") + name + QStringLiteral(".jotdb"), image);
         KnowBooks();
         return BookPath(name);
     }
@@ -75,3 +71,5 @@ class BooksFixture : public Fixture {
     QString typed_ = QStringLiteral("");
     QStringList asked_;
 };
+
+using BooksFixture = BooksStage<Fixture>;

@@ -100,36 +100,29 @@ TEST_F(GeneralSettings, AWriteThatFailsAtAnyPlaceRestoresWhatStandsInMemory) {
     QDir().mkpath(Path(u"other"_s));
     int told = 0;
     const auto heard = Notices().groupingChanged.Subscribe([&] { ++told; });
-    for (const auto operation : {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen}) {
-        SaveGeneralSettings(Same());
-        const QStringList before = Stored();
+    const GeneralForm form = Same();
+    QStringList before;
+    Settings memory;
+    const auto prepare = [&] {
+        State().gSetDB.Open(Path(u"Set.ini"_s));
+        SaveGeneralSettings(form);
+        before = Stored();
+        cConnection::Seams().vfs = TestDisk();
+        Disk() = {};
+        State().gSetDB.Open(Path(u"Set.ini"_s));
+        memory = State().settings;
         told = 0;
-        for (int n = 1;; ++n) {
-            SCOPED_TRACE(std::to_string(operation) + " " + std::to_string(n));
-            cConnection::Seams().vfs = TestDisk();
-            Disk() = {};
-            State().gSetDB.Open(Path(u"Set.ini"_s));
-            const auto memory = State().settings;
-            Disk() = {};
-            Disk().failing = operation;
-            Disk().failAt = n;
-            const bool done = Succeeds([&] { SaveGeneralSettings({4, Path(u"other"_s), u"n"_s, u"p"_s}); });
-            Disk() = {};
-            cConnection::Seams() = {};
-            if (done) {
-                EXPECT_GT(n, 1);
-                EXPECT_EQ(std::exchange(told, 0), 1);
-                SaveGeneralSettings({memory.nGroup, Box(), {}, {}});
-                told = 0;
-                break;
-            }
-            EXPECT_EQ(State().settings.nGroup, memory.nGroup);
-            EXPECT_EQ(State().settings.sDBPath, memory.sDBPath);
-            EXPECT_EQ(State().settings.sWebName + State().settings.sWebPass,
-                      memory.sWebName + memory.sWebPass);
-            EXPECT_EQ(Stored(), before);
-            EXPECT_EQ(told, 0);
-            ASSERT_FALSE(HasFailure());
-        }
-    }
+    };
+    const auto save = [&] { SaveGeneralSettings({4, Path(u"other"_s), u"n"_s, u"p"_s}); };
+    const auto check = [&](bool done) {
+        EXPECT_EQ(told, done ? 1 : 0);
+        if (done) return;
+        const auto& now = State().settings;
+        EXPECT_EQ(now.nGroup, memory.nGroup);
+        EXPECT_EQ(now.sDBPath, memory.sDBPath);
+        EXPECT_EQ(now.sWebName + now.sWebPass, memory.sWebName + memory.sWebPass);
+        EXPECT_EQ(Stored(), before);
+    };
+    for (const auto operation : {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen})
+        EXPECT_GT(FailEach({.failing = operation}, {prepare, save, check}), 0) << operation;
 }

@@ -12,12 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class SettingPage : public UiFixture {
+class SettingPage : public SampleStage {
  protected:
     SettingPage() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         frame_ = std::make_unique<frmMain>();
         frame_->show();
         entries_ = Host().page(kTabAccount);

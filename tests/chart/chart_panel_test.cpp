@@ -10,12 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ChartPanelTest : public UiFixture {
+class ChartPanelTest : public SampleStage {
  protected:
     ChartPanelTest() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         heard_ = Notices().chartChanged.Subscribe([this](Chart chart) { told_.push_back(chart); });
     }
     ChartPanel& Open(Chart chart) {

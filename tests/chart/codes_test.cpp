@@ -11,7 +11,6 @@ namespace {
 class CodesTest : public Fixture {
  protected:
     CodesTest() { OpenSample(); }
-    cConnection& Book() { return State().gDB; }
 
     QStringList Children(Chart chart, const QString& code) {
         QStringList children;

@@ -23,18 +23,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ChangeWindows : public UiFixture {
+class ChangeWindows : public SampleStage {
  protected:
-    ChangeWindows() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
-    }
     template <typename P>
     std::unique_ptr<P> Open(int rows) {
-        auto page = std::make_unique<P>(nullptr);
-        page->resize(1096, 618);
-        page->show();
+        auto page = NewPage<P>();
         list_ = Find<KestroList>(page.get(), "KestroList1");
         EXPECT_TRUE(Wait([&] { return list_->RowCount() == rows; }));
         return page;
@@ -46,7 +39,7 @@ class ChangeWindows : public UiFixture {
             if (!window.IsReady()) return;
             window.show();
             body(&window);
-            QTest::mouseClick(Find<QWidget>(&window, "btnEnter"), Qt::LeftButton);
+            Press(&window, "btnEnter");
         });
     }
     QStringList Line(int row) { return list_->RowCells(row); }
@@ -64,7 +57,7 @@ TEST_F(ChangeWindows, AnEditedEntryRewritesItsLineAndKeepsItsKey) {
         EXPECT_EQ(Find<KestroCombox>(window, "comKind1")->text(), u"030201农行"_s);
         EXPECT_TRUE(Find<KestroCheck>(window, "chkOther")->IsChecked());
         Find<KestroText>(window, "txtMoney")->setText(u"99.5"_s);
-        QTest::mouseClick(Find<QWidget>(window, "chkOther"), Qt::LeftButton, {}, {12, 12});
+        Press(window, "chkOther", {12, 12});
     });
     boxes.Expect(u"【事情】：购买办公桌"_s);
     page->Do(Act::edit);
@@ -136,7 +129,7 @@ TEST_F(ChangeWindows, TheWindowShowsAWholeEntryAndKeepsWhatIsLeftAlone) {
     RegisterDialog(kDlgEntry, [](QPoint) {
         frmAccountNew window;
         window.show();
-        QTest::mouseClick(Find<QWidget>(&window, "btnCancel"), Qt::LeftButton);
+        Press(&window, "btnCancel");
     });
     page->Do(Act::edit);
     EXPECT_EQ(rows(), before);
@@ -263,11 +256,15 @@ TEST_F(ChangeWindows, AfterAStopOnlyWhatIsGoneLeavesTheList) {
 }
 
 TEST_F(ChangeWindows, CheckedRecordsGoWithTheirOwnEntries) {
-    auto page = Open<frmSubAcc>(2);
-    list_->SetChecked(1, true);  // record 3 of entry 5; entry 3 has none
+    PostEntry(State().gDB, RichEntry());
+    auto page = Open<frmSubAcc>(4);
+    // Record 3 of entry 5, while entry 3 has none, and both of entry 8.
+    for (const int row : {1, 2, 3})
+        list_->SetChecked(row, true);
     boxes.Expect(u"您确定要【删除】选定的记录?"_s);
-    boxes.Expect(u"成功删除2条记账!"_s);
+    boxes.Expect(u"成功删除4条记账!"_s);
     page->Do(Act::deleteChecked);
+    EXPECT_EQ(boxes.Last().text, u"成功删除4条记账!"_s);
     EXPECT_EQ(list_->RowCount(), 1);
     EXPECT_EQ(Rows(State().gDB, u"select Id1 from tAccount"_s), (QStringList{u"3"_s, u"4"_s, u"7"_s}));
     EXPECT_EQ(Find<KestroLabel>(page.get(), "lblValue")->Text(), u"差额:8,500"_s);
@@ -278,9 +275,7 @@ TEST_F(ChangeWindows, ALineWhoseSecondRowWasTakenAwayGoes) {
     Find<KestroScrollMenu>(page.get(), "KestroScrollMenu1")->onClick(u"title3"_s, u"030201"_s);
     ASSERT_EQ(list_->RowKey(0), u"4"_s);
     list_->SetCurrentRow(0);
-    OnEntryWindow([](QWidget* window) {
-        QTest::mouseClick(Find<QWidget>(window, "chkOther"), Qt::LeftButton, {}, {12, 12});
-    });
+    OnEntryWindow([](QWidget* window) { Press(window, "chkOther", {12, 12}); });
     boxes.Expect(u"【事情】：购买办公桌"_s);
     page->Do(Act::edit);
     EXPECT_EQ(EntryDialog().id, -1);
@@ -291,7 +286,7 @@ TEST_F(ChangeWindows, DeletesTheCurrentLineAndTheCheckedOnes) {
     auto page = Open<frmAccount>(3);
     list_->SetCurrentRow(-1);
     boxes.Expect(u"【没有选定】需要删除的记录,你需要单击一条记录使其选定!"_s);
-    QTest::mouseClick(Find<QWidget>(page.get(), "btnDel"), Qt::LeftButton, {}, {10, 10});
+    Press(page.get(), "btnDel", {10, 10});
     list_->SetCurrentRow(1);
     boxes.Expect(u"确定要【删除】选定的一条记录?　该事情的【分类记录】和【账户记录】、【图片】都将删除!"_s,
                  0);
@@ -323,8 +318,7 @@ TEST_F(ChangeWindows, AccountRecordsLeadToTheirEntry) {
     boxes.Expect(u"【事情】：软件定制收入"_s);
     page->Do(Act::edit);
     EXPECT_EQ(Line(1)[1] + u'|' + Line(1)[3] + u'|' + Line(1)[5], u"2016-09-03  14:10|300|300"_s);
-    OnEntryWindow(
-        [](QWidget* window) { QTest::mouseClick(Find<QWidget>(window, "pngArrow"), Qt::LeftButton); });
+    OnEntryWindow([](QWidget* window) { Press(window, "pngArrow"); });
     boxes.Expect(u"【事情】：软件定制收入"_s);
     page->Do(Act::edit);
     EXPECT_EQ(list_->RowCount(), 1);  // its account was taken away
@@ -345,7 +339,7 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     EXPECT_EQ(list->RowCount(), 4);
     EXPECT_TRUE(Wait([&] { return list->mapTo(page.get(), QPoint()).y() < 60; }));  // right below the toolbar
     OnInputBox({u"04 ABC"_s, u"125.5"_s, {}, true});
-    QTest::mouseClick(Find<QWidget>(page.get(), "btnNew"), Qt::LeftButton);
+    Press(page.get(), "btnNew");
     EXPECT_EQ(list->RowCells(4), (QStringList{u"5"_s, u"04abc"_s, u"隐藏"_s, u"125.5"_s, u"125.50"_s, u"0"_s,
                                               u"125.50"_s, QString()}));
     EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 5);  // hidden accounts are not offered
@@ -360,7 +354,7 @@ TEST_F(ChangeWindows, TheAccountPageKeepsTheChartInItsOtherView) {
     chart->Select(u"0301"_s);
     boxes.Expect(u"你确定要【删除选定】的账户?"_s);
     boxes.Expect(u"已成功删除分类!"_s);
-    QTest::mouseClick(Find<QWidget>(page.get(), "btnDel"), Qt::LeftButton, {}, {10, 10});
+    Press(page.get(), "btnDel", {10, 10});
     EXPECT_EQ(list->RowCount(), 4);
     EXPECT_EQ(Find<KestroCombox>(page.get(), "comKind")->Count(), 4);
     EXPECT_EQ(Rows(State().gDB, u"select count(*) from tSubAccItem"_s), QStringList{u"3"_s});

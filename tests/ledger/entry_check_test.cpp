@@ -185,12 +185,3 @@ TEST_F(EntryCheckTest, OnlyLeavesArePicked) {
         EXPECT_EQ(e.code[c.slot].isEmpty(), c.name.isEmpty());
     }
 }
-
-TEST_F(EntryCheckTest, AbandonedPicturesAloneAreDropped) {
-    OpenSample();
-    State().gDB.Execute(
-        u"insert into tPic values (2,x'00','a','tAccount',-1,-1), (3,x'00','b','tNotebook',-1,-1),"
-        u" (4,x'00','c','tAccount',7,-1)"_s);
-    DropUnclaimedPictures(State().gDB);
-    EXPECT_EQ(Rows(State().gDB, u"select ID1 from tPic"_s), (QStringList{u"1"_s, u"3"_s, u"4"_s}));
-}

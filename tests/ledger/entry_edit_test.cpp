@@ -5,6 +5,7 @@
 #include "ledger/entry_delete.h"
 #include "ledger/posting.h"
 #include "store/errors.h"
+#include "store/notices.h"
 #include "store/picture_index.h"
 #include "tests/support/entries.h"
 #include "tests/support/fixture.h"
@@ -20,8 +21,6 @@ class EntryEditTest : public Fixture {
         Book().Execute(u"pragma synchronous=off"_s);
         boxes.AnswerAll(1);
     }
-    cConnection& Book() { return State().gDB; }
-
     PostedIds Post(int shape) {
         auto e = SampleEntry(u"旧"_s, u"10"_s);
         SetShape(e, shape);
@@ -107,8 +106,11 @@ TEST_F(EntryEditTest, TheOpenedRowIsHandedBackUnlessItIsGone) {
 
 TEST_F(EntryEditTest, AnEditRewritesEveryColumnThatWasTyped) {
     const auto ids = Post(5);
+    int told = 0;
+    const auto token = Notices().entriesChanged.Subscribe([&] { ++told; });
     auto e = RichEntry();
     EXPECT_TRUE(SaveEditedEntry(Book(), e, ids.main, ids.main).done);
+    EXPECT_EQ(told, 1);
     EXPECT_EQ(
         Whole(),
         (QStringList{u"8|9|5|6|O'Neil 的货款|0201|办公费用|20.5|-1|1|2016-12-31|23:05|第一行\n'第二行'|2|1"_s,

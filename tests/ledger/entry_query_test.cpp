@@ -14,15 +14,12 @@ namespace {
 
 class EntryQueryTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
-
     // The lines of a page as "cell|cell|…"; the job may be stopped after some lines.
     QStringList Lines(const EntryFilter& filter, int page = 0, bool* whole = nullptr) {
         QStringList lines;
         Job job;
-        const bool all = ReadLines(Book(), BuildEntryQuery(filter), page, job, [&](EntryLine&& line) {
-            lines << QStringList(line.cells.begin(), line.cells.end()).join(u'|');
-        });
+        const bool all = ReadLines(Book(), BuildEntryQuery(filter), page, job,
+                                   [&](EntryLine&& line) { lines << line.cells.All().join(u'|'); });
         if (whole) *whole = all;
         return lines;
     }
@@ -194,8 +191,7 @@ TEST_F(EntryQueryTest, OneLineIsReadWithoutABalance) {
     OpenSample();
     const auto line = ReadOneLine(Book(), 4, 12);
     ASSERT_TRUE(line.has_value());
-    EXPECT_EQ(QStringList(line->cells.begin(), line->cells.end()).join(u'|'),
-              u"12|2016-01-01  14:08|030201农行||2100||购买办公桌|"_s);
+    EXPECT_EQ(line->cells.All().join(u'|'), u"12|2016-01-01  14:08|030201农行||2100||购买办公桌|"_s);
     EXPECT_EQ(line->key + u'/' + line->subKey, u"4/030201"_s);
     for (const qint64 gone : {-1, 2, 99})
         EXPECT_FALSE(ReadOneLine(Book(), gone, 1).has_value()) << gone;

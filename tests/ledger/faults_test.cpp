@@ -37,22 +37,9 @@ class FaultsTest : public Fixture {
         path_ = OpenSample();
         State().gDB.Execute(
             u"pragma synchronous=off; insert into tPic values (2,x'ff','b.jpg','tAccount',-1,-1)"_s);
-        State().gDB.Close();
         before_ = DumpBook(path_);
+        MoveToTestDisk();
         Disk() = {};
-        cConnection::Seams().vfs = TestDisk();
-        State().gDB.Open(path_);
-        Disk() = {};
-    }
-
-    bool Succeeded(const std::function<void()>& action) {
-        PendingError error;
-        const bool done = Succeeds(action, &error);
-        if (!done) {
-            EXPECT_NE(error.number, 0);
-            EXPECT_FALSE(State().gDB.InTransaction());
-        }
-        return done;
     }
 
     // The user's actions on entries, each in the form that writes the most.
@@ -69,14 +56,12 @@ class FaultsTest : public Fixture {
 
     // After a failed action: nothing of it is there, the book is whole and takes the next one.
     void ExpectUntouched() {
-        Disk() = {};
         State().gDB.Close();
         EXPECT_EQ(DumpBook(path_), before_);
         EXPECT_EQ(CheckBook(path_), u"ok"_s);
         State().gDB.Open(path_);
         PostEntry(State().gDB, FullEntry());
-        EXPECT_EQ(BalanceBreaks(State().gDB), QStringList());
-        EXPECT_EQ(TieBreaks(State().gDB), QStringList());
+        EXPECT_EQ(BalanceBreaks(State().gDB) + TieBreaks(State().gDB), QStringList());
     }
 
     QString path_;
@@ -87,36 +72,26 @@ class FaultsTest : public Fixture {
 
 TEST_F(FaultsTest, EveryFailingDiskOperationLeavesTheBookAsItWas) {
     struct Case {
-        const char* name;
-        DiskFaults::Operation operation;
-        bool stays, full;
-        int least;  ///< operations of the kind that a save has at least
+        DiskFaults faults;
+        int least;  ///< operations of the kind that a save has
     };
     const Case cases[] = {
-        {"one write", DiskFaults::kWrite, false, false, 8},
-        {"all writes", DiskFaults::kWrite, true, false, 10},
-        {"disk full", DiskFaults::kWrite, true, true, 10},
-        {"one sync", DiskFaults::kSync, false, false, 2},
-        {"all syncs", DiskFaults::kSync, true, false, 2},
-        {"one open", DiskFaults::kOpen, false, false, 1},
-        {"all opens", DiskFaults::kOpen, true, false, 1},
-        {"one delete", DiskFaults::kDelete, false, false, 1},
+        {{.failing = DiskFaults::kWrite}, 8},
+        {{.failing = DiskFaults::kWrite, .stays = true}, 10},
+        {{.failing = DiskFaults::kWrite, .stays = true, .full = true}, 10},
+        {{.failing = DiskFaults::kSync}, 2},
+        {{.failing = DiskFaults::kSync, .stays = true}, 2},
+        {{.failing = DiskFaults::kOpen}, 1},
+        {{.failing = DiskFaults::kOpen, .stays = true}, 1},
+        {{.failing = DiskFaults::kDelete}, 1},
+    };
+    const auto check = [this](bool done) {
+        if (!done) ExpectUntouched();
     };
     for (const auto& [name, action] : Actions()) {
         for (const auto& c : cases) {
-            int n = 1;
-            for (;; ++n) {
-                SCOPED_TRACE(name + ", " + c.name + " " + std::to_string(n));
-                OpenOnTestDisk();
-                Disk().failing = c.operation;
-                Disk().failAt = n;
-                Disk().stays = c.stays;
-                Disk().full = c.full;
-                if (Succeeded(action)) break;
-                ExpectUntouched();
-                ASSERT_FALSE(HasFailure());
-            }
-            EXPECT_GT(n, c.least) << name << c.name;
+            SCOPED_TRACE(name + ", case " + std::to_string(&c - cases));
+            EXPECT_GE(FailEach(c.faults, {[this] { OpenOnTestDisk(); }, action, check}), c.least);
         }
     }
 }
@@ -124,26 +99,17 @@ TEST_F(FaultsTest, EveryFailingDiskOperationLeavesTheBookAsItWas) {
 // The connection stays open here, so nothing that it remembers of the failed action may come through.
 TEST_F(FaultsTest, AfterAnyFailingStatementTheSameActionSucceedsAsIfForTheFirstTime) {
     for (const auto& [name, action] : Actions()) {
+        SCOPED_TRACE(name);
         OpenOnTestDisk();
         action();
         const auto after = DumpBook(path_);
-        int n = 1;
-        for (;; ++n) {
-            SCOPED_TRACE(name + " " + std::to_string(n));
-            OpenOnTestDisk();
-            int seen = 0;
-            cConnection::Seams().beforeStatement = [&](const QString& sql) {
-                if (++seen == n) FailStatement(u"刺探"_s, sql);
-            };
-            const bool done = Succeeded(action);
-            cConnection::Seams() = {};
-            if (done) break;
+        const auto check = [&](bool done) {
+            if (done) return;
             EXPECT_EQ(DumpBook(path_), before_);
-            EXPECT_TRUE(Succeeded(action));
+            action();
             EXPECT_EQ(DumpBook(path_), after);
-            ASSERT_FALSE(HasFailure());
-        }
-        EXPECT_GT(n, 15) << name;
+        };
+        EXPECT_GE(FailEachStatement({[this] { OpenOnTestDisk(); }, action, check}), 15);
     }
 }
 

@@ -21,7 +21,6 @@ EntryValues Entry(const QString& title, const QString& money, const QString& dat
 
 class PostingTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
     QStringList Entries() {
         return Rows(Book(),
                     u"select Id1,Title1,Type1,TypeName1,Value1,Date1,Time1,nSign,IID,IIID,IIID1,bIsMain,"

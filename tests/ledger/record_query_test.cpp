@@ -26,14 +26,11 @@ class RecordQueryTest : public Fixture {
         entry.accountValue = {u"200"_s, u"100"_s};
         PostEntry(Book(), entry);
     }
-    cConnection& Book() { return State().gDB; }
-
     QStringList Lines(const EntryFilter& filter, int page = 0) {
         QStringList lines;
         Job job;
         ReadRecordLines(Book(), BuildRecordQuery(filter), page, job, [&](EntryLine&& line) {
-            lines << line.key + u'/' + line.subKey + u' ' +
-                         QStringList(line.cells.begin(), line.cells.end()).join(u'|');
+            lines << line.key + u'/' + line.subKey + u' ' + line.cells.All().join(u'|');
         });
         return lines;
     }
@@ -98,8 +95,7 @@ TEST_F(RecordQueryTest, PagesGoOnCountingAndStartTheBalanceAnew) {
 TEST_F(RecordQueryTest, OneRecordIsReadForARewrittenLine) {
     const auto line = ReadOneRecord(Book(), 6, 4);
     ASSERT_TRUE(line.has_value());
-    EXPECT_EQ(QStringList(line->cells.begin(), line->cells.end()).join(u'|'),
-              u"4|2016-09-05  09:30|01东华公司||200||还款"_s);
+    EXPECT_EQ(line->cells.All().join(u'|'), u"4|2016-09-05  09:30|01东华公司||200||还款"_s);
     EXPECT_EQ(line->signedAmount + line->key + line->subKey, u"-20068"_s);
     EXPECT_FALSE(ReadOneRecord(Book(), 99, 1).has_value());
     boxes.Expect(u"错误: 该记录可能已在【记账窗口】列表中删除记账时, 一起删除了! 请【刷新】此窗口列表!"_s);

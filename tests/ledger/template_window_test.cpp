@@ -12,43 +12,35 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class TemplateWindow : public UiFixture {
+class TemplateWindow : public SampleStage {
  protected:
     TemplateWindow() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         State().gDB.Execute(
             u"insert into tAccountTemplate values (4,'房租'), (5,'O''Neil 的账'), (7,'水电')"_s);
     }
     QStringList Kept() { return Rows(State().gDB, u"select ID1 from tAccountTemplate"_s); }
-    static void Press(QWidget* window, const char* button) {
-        QTest::mouseClick(Find<QWidget>(window, button), Qt::LeftButton);
-    }
 };
 
 }  // namespace
 
 TEST_F(TemplateWindow, AMatterIsRememberedOnce) {
-    frmAccount page(nullptr);
-    page.resize(1096, 618);
-    page.show();
-    auto* list = Find<KestroList>(&page, "KestroList1");
+    const auto page = NewPage<frmAccount>();
+    auto* list = Find<KestroList>(page.get(), "KestroList1");
     ASSERT_TRUE(Wait([&] { return list->RowCount() == 3; }));
     State().gDB.Execute(u"update tAccount set Title1='O''Neil 的账 ' where Id1=3"_s);
     list->SetCurrentRow(-1);
     boxes.Expect(u"未选定记录!"_s);
-    page.Do(Act::remember);
+    page->Do(Act::remember);
     list->SetCurrentRow(0);
     boxes.Expect(u"增加标题成功!"_s);  // other blanks make another template
-    page.Do(Act::remember);
+    page->Do(Act::remember);
     boxes.Expect(u"已经有相同的事情标题!"_s);
-    page.Do(Act::remember);
+    page->Do(Act::remember);
     EXPECT_EQ(Rows(State().gDB, u"select * from tAccountTemplate where ID1>7"_s),
               QStringList{u"8|O'Neil 的账 "_s});
     State().gDB.Execute(u"delete from tAccount where Id1=3"_s);
     boxes.Expect(u"意外错误!"_s);
-    page.Do(Act::remember);
+    page->Do(Act::remember);
 }
 
 TEST_F(TemplateWindow, AChosenOneBecomesTheMatterAndACancelledOneDoesNot) {

@@ -186,8 +186,8 @@ TEST_F(NotesTest, TickedLinesGoWithTheirPicturesAndTheMessagesThatAreRead) {
         {NoteList::note, 6, {}, u"没有【勾选】任何记事记录!"_s},
         {NoteList::wake,
          3,
-         {{2, kTagWeb}},
-         u"成功删除记录【0】条!\n但有【1】条平台信息, 因【未读】, 所以不可删除!"_s},
+         {{1, kTagWeb}, {2, kTagWeb}},
+         u"成功删除记录【0】条!\n但有【2】条平台信息, 因【未读】, 所以不可删除!"_s},
         {NoteList::wake,
          3,
          {{2, kTagWake}, {2, kTagWeb}},
@@ -211,77 +211,58 @@ TEST_F(NotesTest, TickedLinesGoWithTheirPicturesAndTheMessagesThatAreRead) {
 
 TEST_F(NotesTest, ADeletionThatFailsAtAnyWriteOrStatementLeavesTheBookAsItWas) {
     boxes.AnswerAll(1);
-    const std::vector<NoteKey> ticked{{1, kTagNote}, {2, kTagNote}, {3, kTagNote}, {1, kTagWeb}};
-    // kOperations stands for the statements themselves.
-    for (const auto operation :
-         {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen, DiskFaults::kOperations}) {
-        int n = 1;
-        for (;; ++n) {
-            SCOPED_TRACE(std::to_string(operation) + " " + std::to_string(n));
-            cConnection::Seams() = {};
-            const QString path = OpenEmpty();
-            PutNotes();
-            State().gDB.Close();
-            const auto before = DumpBook(path);
-            Disk() = {};
-            cConnection::Seams().vfs = TestDisk();
-            State().gDB.Open(path);
-            Disk() = {};
-            Disk().failing = operation;
-            Disk().failAt = n;
-            int seen = 0;
-            cConnection::Seams().beforeStatement = [&](const QString& sql) {
-                if (operation == DiskFaults::kOperations && ++seen == n) FailStatement(u"刺探"_s, sql);
-            };
-            PendingError error;
-            const bool done =
-                Succeeds([&] { DeleteTickedAsked(State().gDB, NoteList::note, 4, ticked); }, &error);
-            Disk() = {};
-            cConnection::Seams().beforeStatement = {};
-            EXPECT_FALSE(State().gDB.InTransaction());
-            State().gDB.Close();
-            EXPECT_EQ(CheckBook(path), u"ok"_s);
-            if (done) break;
-            EXPECT_EQ(DumpBook(path), before);
-            State().gDB.Open(path);
-            DeleteTickedAsked(State().gDB, NoteList::note, 4, ticked);
-            EXPECT_EQ(Notes(), QStringList{u"4|1|1"_s});
-            ASSERT_FALSE(HasFailure());
-            State().gDB.Close();
-        }
-        EXPECT_GT(n, 1);
-    }
+    QString path;
+    QStringList before;
+    const auto prepare = [&] {
+        path = OpenEmpty();
+        PutNotes();
+        before = DumpBook(path);
+        MoveToTestDisk();
+    };
+    const auto remove = [] {
+        DeleteTickedAsked(State().gDB, NoteList::note, 4,
+                          {{1, kTagNote}, {2, kTagNote}, {3, kTagNote}, {1, kTagWeb}});
+    };
+    const auto check = [&](bool done) {
+        EXPECT_EQ(CheckBook(path), u"ok"_s);
+        if (done) return;
+        EXPECT_EQ(DumpBook(path), before);
+        remove();
+        EXPECT_EQ(Notes(), QStringList{u"4|1|1"_s});
+    };
+    const FaultStory story{prepare, remove, check};
+    for (const auto operation : {DiskFaults::kWrite, DiskFaults::kSync, DiskFaults::kOpen})
+        EXPECT_GT(FailEach({.failing = operation}, story), 0) << operation;
+    EXPECT_GT(FailEachStatement(story), 0);
 }
 
 TEST_F(NotesTest, ASaveThatFailsAtAnyStatementLeavesTheBookAsItWas) {
+    boxes.AnswerAll(1);
+    int told = 0;
+    const auto token = Notices().remindersChanged.Subscribe([&] { ++told; });
     for (const qint64 id : {-1, 2}) {
-        int n = 1;
-        for (;; ++n) {
-            SCOPED_TRACE(std::to_string(id) + " " + std::to_string(n));
-            const QString path = OpenEmpty();
+        SCOPED_TRACE(id);
+        QString path;
+        QStringList before;
+        const auto prepare = [&] {
+            path = OpenEmpty();
             PutNotes();
-            auto& book = State().gDB;
-            book.Execute(u"insert into tPic values (8,x'00','p','tNoteBook',-1,-1)"_s);
+            State().gDB.Execute(u"insert into tPic values (8,x'00','p','tNoteBook',-1,-1)"_s);
             ForgetPictureOwners();
-            const auto before = DumpBook(path);
-            int seen = 0, told = 0;
-            const auto token = Notices().remindersChanged.Subscribe([&] { ++told; });
-            cConnection::Seams().beforeStatement = [&](const QString& sql) {
-                if (++seen == n) FailStatement(u"刺探"_s, sql);
-            };
-            if (n == 1) boxes.AnswerAll(1);
-            const NoteValues values{.title = u"新"_s, .wake = true, .pictures = u"1"_s};
-            const bool done = Succeeds([&] { SaveNote(book, id, values); });
-            cConnection::Seams().beforeStatement = {};
+            before = DumpBook(path);
+            told = 0;
+        };
+        const auto save = [&] {
+            return SaveNote(State().gDB, id, {.title = u"新"_s, .wake = true, .pictures = u"1"_s}).id;
+        };
+        const auto check = [&](bool done) {
             EXPECT_EQ(told, done ? 1 : 0);
-            if (done) break;
-            EXPECT_FALSE(book.InTransaction());
+            if (done) return;
             EXPECT_EQ(DumpBook(path), before);
-            EXPECT_EQ(SaveNote(book, id, values).id, id < 0 ? 5 : 2);
+            EXPECT_EQ(save(), id < 0 ? 5 : 2);
             EXPECT_EQ(Pictures().last(), id < 0 ? u"8|tNoteBook|5|-1"_s : u"8|tNoteBook|-1|-1"_s);
-            ASSERT_FALSE(HasFailure());
-        }
-        EXPECT_GT(n, id < 0 ? 4 : 2);
+        };
+        EXPECT_GT(FailEachStatement({prepare, save, check}), id < 0 ? 3 : 1);
     }
 }
 
@@ -294,24 +275,16 @@ TEST_F(NotesTest, ABookThatCannotBeWrittenIsReadAndKeepsItsNotes) {
     EXPECT_EQ(OpenNote(book, {.id = 2})->values.title, u"交房租"_s);
     EXPECT_TRUE(OpenNote(book, {}));
     boxes.AnswerAll(1);
-    const std::vector<std::function<void()>> writes{
-        [&] { SaveNote(book, -1, {.title = u"新"_s}); },
-        [&] { SaveNote(book, 2, {.title = u"新"_s}); },
-        [&] {
-            FinishNote(book, NoteKey{2, kTagWake});
-        },
-        [&] {
-            FinishTicked(book, {{2, kTagWake}});
-        },
-        [&] {
-            DeleteNoteAsked(book, NoteList::wake, NoteKey{2, kTagWake});
-        },
-        [&] {
-            DeleteTickedAsked(book, NoteList::wake, 3, {{2, kTagWake}});
-        }};
+    const NoteKey key{2, kTagWake};
+    const std::vector<NoteKey> ticked{key};
+    const std::function<void()> writes[] = {[&] { SaveNote(book, -1, {.title = u"新"_s}); },
+                                            [&] { SaveNote(book, 2, {.title = u"新"_s}); },
+                                            [&] { FinishNote(book, key); },
+                                            [&] { FinishTicked(book, ticked); },
+                                            [&] { DeleteNoteAsked(book, NoteList::wake, key); },
+                                            [&] { DeleteTickedAsked(book, NoteList::wake, 3, ticked); }};
     for (const auto& write : writes) {
-        PendingError error;
-        EXPECT_FALSE(Succeeds(write, &error));
+        EXPECT_FALSE(Succeeds(write));
         EXPECT_FALSE(book.InTransaction());
     }
     EXPECT_EQ(Notes(), (QStringList{u"1|0|0"_s, u"2|1|0"_s, u"3|1|0"_s, u"4|1|1"_s}));
@@ -332,7 +305,7 @@ TEST_F(NotesTest, AnyTextComesBackAsItWasTyped) {
         QStringList found;
         Job job;
         ReadNotes(book, NoteList::note, NoteCondition({text.left(40)}), job,
-                  [&](NoteLine&& line) { found << line.cells[kNoteTitle]; });
+                  [&](NoteLine&& line) { found << line.cells.Text(kNoteTitle); });
         EXPECT_TRUE(found.contains(text)) << qUtf8Printable(text.left(20));
         EXPECT_TRUE(NoteTipText(book, {saved.id, kTagWake}).endsWith(text));
     }

@@ -10,7 +10,7 @@ QStringList Lines(NoteList list, const QString& condition = {}) {
     QStringList lines;
     Job job;
     ReadNotes(State().gDB, list, condition, job, [&](NoteLine&& line) {
-        QStringList cells(line.cells.begin(), line.cells.end());
+        const QStringList cells = line.cells.All();
         lines << line.key.tag + QString::number(line.key.id) + u' ' + cells.join(u'|');
     });
     return lines;
@@ -54,7 +54,7 @@ TEST_F(NotesTest, ASearchFindsNotesAloneByTheTextAsItIsTyped) {
         QStringList titles;
         Job job;
         ReadNotes(State().gDB, NoteList::note, c.condition, job,
-                  [&](NoteLine&& line) { titles << line.cells[kNoteTitle]; });
+                  [&](NoteLine&& line) { titles << line.cells.Text(kNoteTitle); });
         EXPECT_EQ(titles, c.titles) << qUtf8Printable(c.condition);
     }
     EXPECT_EQ(NoteCondition({u"　 "_s}), QString());
@@ -63,7 +63,7 @@ TEST_F(NotesTest, ASearchFindsNotesAloneByTheTextAsItIsTyped) {
 TEST_F(NotesTest, ALineIsReadAgainWhileItBelongsToItsList) {
     PutNotes();
     auto& book = State().gDB;
-    EXPECT_EQ(ReadNote(book, NoteList::wake, 2, 7)->cells[kNoteNumber], u"7"_s);
+    EXPECT_EQ(ReadNote(book, NoteList::wake, 2, 7)->cells.Text(kNoteNumber), u"7"_s);
     EXPECT_FALSE(ReadNote(book, NoteList::wake, 4, 1));  // done
     EXPECT_FALSE(ReadNote(book, NoteList::wake, 1, 1));  // no reminder
     EXPECT_TRUE(ReadNote(book, NoteList::note, 4, 1));
@@ -71,21 +71,15 @@ TEST_F(NotesTest, ALineIsReadAgainWhileItBelongsToItsList) {
 }
 
 TEST_F(NotesTest, WhatIsPrintedLeavesMessagesOut) {
-    const std::vector<NoteKey> mixed{{2, kTagNote}, {2, kTagWeb}, {4, kTagNote}};
-    const std::vector<NoteKey> messages{{1, kTagWeb}};
     const QString head = u"tNoteBook/1/记事列表/"_s;
-    const struct {
-        PrintInfo info;
-        QString text;
-    } cases[] = {
-        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s, mixed), head + u" and id1 in(2,4)/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, messages), head + u" and id1=-1/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, std::vector<NoteKey>{}), head + u" and id1=-1/1"_s},
-        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s, {}), head + u" and Mark1=1/1"_s},
+    const std::pair<PrintInfo, QString> cases[] = {
+        {NotePrintInfo(NoteList::note, u" and Mark1=1"_s,
+                       std::vector<NoteKey>{{2, kTagNote}, {2, kTagWeb}, {4, kTagNote}}),
+         head + u" and id1 in(2,4)/1"_s},
+        {NotePrintInfo(NoteList::wake, {}, std::vector<NoteKey>{{1, kTagWeb}}), head + u" and id1=-1/1"_s},
         {NotePrintInfo(NoteList::note, {}, {}), head + u"/1"_s},
-        {NotePrintInfo(NoteList::wake, {}, {}), head + u" and bWake=1 and bWakeOk=0/1"_s},
         {NoteRecordInfo(3), u"tNoteBook/0/记事（提醒）/ and id1=3/1"_s},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(PrintInfoText({c.info}), c.text);
+    for (const auto& [info, text] : cases)
+        EXPECT_EQ(PrintInfoText({info}), text);
 }

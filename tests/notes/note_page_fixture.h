@@ -26,13 +26,8 @@ class NotePage : public UiFixture {
     }
     KestroList* Wake() { return page_->Lists()[0]; }
     KestroList* All() { return page_->Lists()[1]; }
-    static QStringList Titles(const KestroList* list) {
-        QStringList titles;
-        for (int row = 0; row < list->RowCount(); ++row)
-            titles << list->Cell(row, kNoteTitle);
-        return titles;
-    }
-    void Press(const char* name) { QTest::mouseClick(Find<QWidget>(page_, name), Qt::LeftButton); }
+    static QStringList Titles(const KestroList* list) { return Column(list, kNoteTitle); }
+    void Press(const char* name) { ::Press(page_, name); }
 
     std::unique_ptr<frmMain> frame_;
     frmNote* page_ = nullptr;

@@ -10,7 +10,6 @@
 #include "tests/support/ui_fixture.h"
 
 #include <QClipboard>
-#include <QContextMenuEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -30,8 +29,7 @@ class NoteWindow : public UiFixture {
         note.mode = mode;
         note.isPlatform = message ? 1 : 0;
         window_ = std::make_unique<frmNoteNew>();
-        window_->show();
-        QApplication::setActiveWindow(window_.get());
+        Present(window_.get());
     }
     template <typename T>
     T* At(const char* name) {
@@ -86,49 +84,24 @@ TEST_F(NoteWindow, AChangeOfTypeTakesTheReminderAway) {
     At<KestroOption>("optType0")->click();
     EXPECT_FALSE(At<QWidget>("txtDate")->isEnabled());
     boxes.Expect(u"修改成功!"_s);
-    QTest::mouseClick(At<QWidget>("btnEnter"), Qt::LeftButton);
+    Press(window_.get(), "btnEnter");
     EXPECT_EQ(Stored(), QStringList{u"2|交房租|1|y|0|2016-09-03|0|2"_s});
-}
-
-TEST_F(NoteWindow, PicturesAreOpenedForTheNoteAndTheirCountIsTakenUp) {
-    QString asked;
-    RegisterDialog(kDlgPictures, [&](QPoint) {
-        PictureDialog pictures;
-        asked = pictures.table + QString::number(pictures.id);
-        pictures.count = u"3"_s;
-        pictures.done = 1;
-    });
-    Open(-1, u"note"_s);
-    EXPECT_EQ(window_->windowTitle(), u"新记事"_s);
-    QTest::mouseClick(At<QWidget>("btnCamera"), Qt::LeftButton);
-    EXPECT_EQ(asked, u"tNoteBook-1"_s);
-    EXPECT_EQ(At<KestroButton>("btnCamera")->text(), u"图片 3"_s);
-    QTest::keyClick(window_.get(), Qt::Key_Escape);
-    EXPECT_EQ(NoteDialog().done, 0);
-    EXPECT_EQ(Stored(), QStringList());
 }
 
 TEST_F(NoteWindow, AMessageIsReadAndCannotBeSaved) {
     State().gSetDB.Execute(
         u"insert into tAd (Id1,Title1,Note1,Date1,Time1,bWakeOk) values (1,'消息','内容','2016-09-01','08:00',0)"_s);
+    RegisterDialog(kDlgPictures, [](QPoint) {});
     Open(1, u"web"_s, true);
+    EXPECT_FALSE(At<QWidget>("btnCamera")->isEnabled());
+    QTest::keyClick(At<QWidget>("editNote"), Qt::Key_X);
     EXPECT_EQ(window_->windowTitle(), u"平台信息查看"_s);
     EXPECT_EQ(At<KestroEditBox>("editNote")->Text(), u"内容"_s);
     EXPECT_FALSE(At<QWidget>("btnEnter")->isVisible());
     EXPECT_EQ(Rows(State().gSetDB, u"select bWakeOk from tAd"_s), QStringList{u"1"_s});
     // Its text can be taken out.
-    auto* text = At<KestroEditBox>("editNote");
-    const auto choose = [&](const QString& key) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, text->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(text->viewport(), &event);
-        auto* menu = QApplication::activePopupWidget();
-        ASSERT_NE(menu, nullptr);
-        for (auto* action : menu->actions())
-            if (action->objectName() == key) action->trigger();
-        menu->close();
-    };
-    choose(u"textselect"_s);
-    choose(u"textcopy"_s);
+    for (const auto key : {Qt::Key_A, Qt::Key_C})
+        QTest::keyClick(At<QWidget>("editNote"), key, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"内容"_s);
     QTest::keyClick(window_.get(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_FALSE(window_->isVisible());

@@ -45,9 +45,9 @@ TEST_F(ReminderWindow, TheLogoOpensItBesideTheProgram) {
     EXPECT_EQ(Open(), window);
     EXPECT_EQ(State().gPopups, 1);
     boxes.Expect(u"请【选择】一条记录!"_s);
-    QTest::mouseClick(Find<QWidget>(window, "btnWake"), Qt::LeftButton);
+    ::Press(window, "btnWake");
     list->SetCurrentRow(1);
-    QTest::mouseClick(Find<QWidget>(window, "btnWake"), Qt::LeftButton);
+    ::Press(window, "btnWake");
     EXPECT_EQ(frame_->CurrentTab(), kTabNote);
     page_ = dynamic_cast<frmNote*>(frame_->GetWinhWnd(kTabNote));
     EXPECT_EQ(Wake()->CurrentRow(), 2);
@@ -64,8 +64,8 @@ TEST_F(ReminderWindow, EveryRoadOutEndsItAndTheNextOneShowsThePresentState) {
     int reset = 0;
     Commands().resetHeadIco = [&] { ++reset; };
     const std::vector<std::function<void(frmWake*)>> roads{
-        [](frmWake* w) { QTest::mouseClick(Find<QWidget>(w, "btnClose"), Qt::LeftButton); },
-        [](frmWake* w) { QTest::mouseClick(Find<QWidget>(w, "btnResetHeadIco"), Qt::LeftButton); },
+        [](frmWake* w) { ::Press(w, "btnClose"); },
+        [](frmWake* w) { ::Press(w, "btnResetHeadIco"); },
         [](frmWake* w) { QTest::keyClick(w, Qt::Key_Escape); },
         [](frmWake* w) { QTest::mouseClick(w->findChild<PngButton*>(), Qt::LeftButton); },
         [](frmWake* w) { w->close(); },
@@ -100,7 +100,7 @@ TEST_F(ReminderWindow, AReminderThatWasFinishedIsFoundBehindASearch) {
     QTest::keyClick(Find<QWidget>(page_, "chkWake"), Qt::Key_Space);
     EXPECT_EQ(Titles(All()), QStringList{u"报税"_s});
     Find<KestroList>(window, "KestroList1")->SetCurrentRow(0);
-    QTest::mouseClick(Find<QWidget>(window, "btnWake"), Qt::LeftButton);
+    ::Press(window, "btnWake");
     EXPECT_EQ(All()->RowCount(), 4);
     EXPECT_EQ(All()->Cell(All()->CurrentRow(), kNoteTitle), u"交房租"_s);
 }

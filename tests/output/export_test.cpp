@@ -17,9 +17,6 @@
 #include <QStandardPaths>
 #include <QStringDecoder>
 
-#include <csignal>
-#include <sys/resource.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,17 +37,12 @@ QString Foot(const QString& page) {
 class ExportTest : public Fixture {
  protected:
     ExportTest() {
-        SetClock(u"2016-09-03 14:16:20"_s);
         Outside().open = [this](const QString& path) {
             opened_ << path;
             return true;
         };
     }
-    static QByteArray Bytes(const QString& name) {
-        QFile file(ExportPath(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
-        return file.readAll();
-    }
+    static QByteArray Bytes(const QString& name) { return BytesOf(ExportPath(name)); }
     static QString Page(const QString& name) { return QStringDecoder("GB18030").decode(Bytes(name)); }
     /// The lines that a foreign reader makes of a spreadsheet.
     static QStringList Sheet(const QString& name) {
@@ -64,13 +56,13 @@ class ExportTest : public Fixture {
         boxes.Expect(u"文件已导出到【"_s, answer);
         return Export(table, format, {});
     }
-    static ExportTable Entries(std::vector<std::vector<QString>> rows) {
+    static ExportTable Entries(std::vector<RowTexts> rows) {
         return LinesExport(LineKind::entries, std::move(rows));
     }
     QStringList opened_;
 };
 
-std::vector<std::vector<QString>> TwoRows() {
+std::vector<RowTexts> TwoRows() {
     return {
         {u"1"_s,
          u"2016-01-01  14:08"_s,
@@ -158,7 +150,7 @@ TEST_F(ExportTest, TextsStandInColumns) {
 TEST_F(ExportTest, ASpreadsheetIsReadByOthers) {
     const QString longText = QString(5000, u'长');
     auto rows = TwoRows();
-    rows[0][6] = u"=购买\t办公桌"_s;
+    rows[0].Set(6, u"=购买\t办公桌");
     for (int i = 0; i < 20; ++i)
         rows.push_back(
             {QString::number(i + 3), {}, longText, u"0.5"_s, {}, u"1E+20"_s, longText + QString::number(i)});
@@ -222,9 +214,7 @@ TEST_F(ExportTest, ASpreadsheetProgramReadsItToo) {
                             u"--convert-to"_s, u"csv:Text - txt - csv (StarCalc):44,34,76"_s, u"--outdir"_s,
                             Path({}), ExportPath(u"记账.xls"_s)});
     ASSERT_TRUE(convert.waitForFinished(60000));
-    QFile csv(Path(u"记账.csv"_s));
-    ASSERT_TRUE(csv.open(QIODevice::ReadOnly)) << convert.readAllStandardError().constData();
-    EXPECT_EQ(QString::fromUtf8(csv.readAll()).split(u'\n', Qt::SkipEmptyParts),
+    EXPECT_EQ(QString::fromUtf8(BytesOf(Path(u"记账.csv"_s))).split(u'\n', Qt::SkipEmptyParts),
               (QStringList{u"No,记账时间,分类名称,增加(元),减少(元),余额(元),事情"_s,
                            u"1,2016-01-01  14:08,\"0201<b>办公\"\"&'\",2100.50,,2100.50,=购买\t办公桌😀"_s,
                            u"2,2016-09-01  14:13,0303应收款,,1234567,-1232466.5,"_s}));
@@ -347,14 +337,12 @@ TEST_F(ExportTest, AStoppedExportKeepsWhatItWroteAndStillOffersIt) {
 TEST_F(ExportTest, ASpreadsheetThatIsOpenStays) {
     Run(Entries(TwoRows()), ExportFormat::sheet);
     const QByteArray before = Bytes(u"记账.xls"_s);
-    QFile lock(ExportPath(u".~lock.记账.xls#"_s));
-    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    PutFile(u"data/Export/.~lock.记账.xls#"_s);
     boxes.Expect(u"意外错误"_s);
     RunEvent([&] { Export(Entries({TwoRows()[0]}), ExportFormat::sheet, {}); });
     EXPECT_TRUE(boxes.Last().text.endsWith(u"之前导出文件打开后未关闭"_s));
     EXPECT_EQ(Bytes(u"记账.xls"_s), before);
-    QFile periodLock(ExportPath(u".~lock.分类统计(期间).xls#"_s));
-    ASSERT_TRUE(periodLock.open(QIODevice::WriteOnly));
+    PutFile(u"data/Export/.~lock.分类统计(期间).xls#"_s);
     boxes.Expect(u"意外错误"_s);
     RunEvent([&] {
         Export(ReportExport(ReportMode::date, {}, {{}, {}, {}, {}, {}}), ExportFormat::sheet, {});
@@ -366,25 +354,21 @@ TEST_F(ExportTest, ASpreadsheetThatIsOpenStays) {
 TEST_F(ExportTest, AFullDiskLeavesNoHalfFile) {
     Run(Entries(TwoRows()), ExportFormat::text);
     const QByteArray before = Bytes(u"记账.txt"_s);
-    rlimit old{};
-    getrlimit(RLIMIT_FSIZE, &old);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    for (const rlim_t most : {0, 100, 4096}) {
-        const rlimit small{most, old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-        boxes.Expect(u"意外错误"_s);
-        const auto rows = std::vector(100, TwoRows()[0]);
-        EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::text, {}); }));
-        EXPECT_TRUE(boxes.Last().text.contains(u"记账.txt】写入失败："_s));
-        EXPECT_FALSE(boxes.Last().text.contains(u"Unknown"_s));
-        boxes.Expect(u"意外错误"_s);
-        EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::web, {}); }));
-        setrlimit(RLIMIT_FSIZE, &old);
+    const auto rows = std::vector(100, TwoRows()[0]);
+    for (const qint64 most : {0, 100, 4096}) {
+        {
+            const FullDisk disk(most);
+            boxes.Expect(u"意外错误"_s);
+            EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::text, {}); }));
+            EXPECT_TRUE(boxes.Last().text.contains(u"记账.txt】写入失败："_s));
+            EXPECT_FALSE(boxes.Last().text.contains(u"Unknown"_s));
+            boxes.Expect(u"意外错误"_s);
+            EXPECT_FALSE(RunEvent([&] { Export(Entries(rows), ExportFormat::web, {}); }));
+        }
         EXPECT_EQ(Bytes(u"记账.txt"_s), before);
         EXPECT_EQ(QDir(State().gDataDir + u"/Export"_s).entryList(QDir::Files), QStringList{u"记账.txt"_s});
         EXPECT_FALSE(State().gBusy);
     }
-    std::signal(SIGXFSZ, handler);
 }
 
 // A first fill that failed is made up for, and so is a folder that has gone.
@@ -394,10 +378,7 @@ TEST_F(ExportTest, ThePagesFilesAreThereWithThePages) {
     QDir().mkpath(Path(u"program/Skin"_s));
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_EQ(Export(Entries(TwoRows()), ExportFormat::web, {}), QStringList());
-    QDir().mkpath(Path(u"program/Skin/Html"_s));
-    QFile source(Path(u"program/Skin/Html/css.css"_s));
-    ASSERT_TRUE(source.open(QIODevice::WriteOnly));
-    source.close();
+    PutFile(u"program/Skin/Html/css.css"_s);
     for (int time = 0; time < 2; ++time) {
         Run(Entries(TwoRows()), ExportFormat::web);
         EXPECT_TRUE(QFile::exists(css));
@@ -406,9 +387,7 @@ TEST_F(ExportTest, ThePagesFilesAreThereWithThePages) {
 }
 
 TEST_F(ExportTest, AFileInThePlaceOfTheFolderIsTold) {
-    QDir().mkpath(State().gDataDir);
-    QFile file(State().gDataDir + u"/Export"_s);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    PutFile(u"data/Export"_s);
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_EQ(Export(Entries(TwoRows()), ExportFormat::web, {}), QStringList());
     EXPECT_FALSE(State().gBusy);

@@ -13,7 +13,6 @@ class PrintLayout : public Fixture {
  protected:
     PrintLayout() {
         OpenSample();
-        SetClock(u"2016-09-03 14:16:20"_s);
         State().settings.nGroup = 3;
     }
     static void Execute(const QString& sql) { State().gDB.Execute(sql); }

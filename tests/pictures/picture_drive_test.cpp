@@ -21,14 +21,8 @@ QJsonObject Save(qint64 id, const QJsonArray& items) {
 }  // namespace
 
 TEST_F(DriveTest, PicturesAreKeptAddedAndCancelled) {
-    const auto write = [this](const QString& name, qsizetype size) {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(size, 'x'));
-        return file.fileName();
-    };
-    const QJsonObject a{{u"file"_s, write(u"a.jpg"_s, 307200)}, {u"note"_s, u"发票"_s}};
-    const QJsonObject over{{u"file"_s, write(u"b.jpg"_s, 307201)}};
+    const QJsonObject a{{u"file"_s, PutFile(u"a.jpg"_s, QByteArray(307200, 'x'))}, {u"note"_s, u"发票"_s}};
+    const QJsonObject over{{u"file"_s, PutFile(u"b.jpg"_s, QByteArray(307201, 'x'))}};
     const QJsonObject first{{u"keep"_s, 0}};
     const QJsonObject list{{u"cmd"_s, u"pictures"_s}, {u"table"_s, u"tAccount"_s}, {u"id"_s, 7}};
     const auto run = Drive({Save(7, {first, a}),
@@ -64,25 +58,9 @@ TEST_F(DriveTest, PicturesAreKeptAddedAndCancelled) {
 TEST_F(DriveTest, ImagesAreScaledAndTurned) {
     // A bitmap of 200 x 100 pixels and one bit each.
     const QByteArray head = QByteArray::fromHex(
-        "424d0000000000000000"
-        "3e000000"
-        "28000000"
-        "c8000000"
-        "64000000"
-        "0100"
-        "0100"
-        "00000000"
-        "00000000"
-        "00000000"
-        "00000000"
-        "02000000"
-        "00000000"
-        "000000ff"
-        "ffffff00");
-    QFile file(Path(u"a.jpg"_s));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(head + QByteArray(28 * 100, '\x55'));
-    file.close();
+        "424d0000000000000000 3e000000 28000000 c8000000 64000000 0100 0100 00000000"
+        "00000000 00000000 00000000 02000000 00000000 000000ff ffffff00");
+    PutFile(u"a.jpg"_s, head + QByteArray(28 * 100, '\x55'));
     const auto ask = [this](const QString& file, const QString& op, const QJsonArray& args) {
         return QJsonObject{{u"cmd"_s, u"image"_s},
                            {u"file"_s, Path(file)},

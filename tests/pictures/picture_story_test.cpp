@@ -4,38 +4,23 @@
 #include "ledger/frm_account_new.h"
 #include "notes/frm_note_new.h"
 #include "notes/note_change.h"
-#include "pictures/frm_import.h"
 #include "shell/controls/kestro_button.h"
-#include "shell/controls/kestro_list.h"
 #include "shell/controls/png_button.h"
 #include "store/notices.h"
-#include "store/outside.h"
-#include "tests/support/ui_fixture.h"
+#include "tests/pictures/picture_fixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class PictureStory : public UiFixture {
+class PictureStory : public PictureStage {
  protected:
     PictureStory() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         State().gDB.Execute(
             u"delete from tPic; delete from tNotebook; update tNum set Max1=1 where Table1='tnotebook'"_s);
-        QDir().mkpath(Path(u"files"_s));
-        qputenv("TEMP", Path({}).toLocal8Bit());
-        for (const auto& name : {u"a"_s, u"b"_s, u"c"_s}) {
-            QFile file(Path(u"files/"_s + name + u".jpg"_s));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(name.toLatin1());
-        }
-        Outside().places = [this] {
-            return std::vector<BrowsePlace>{{u"desktop"_s, u"桌面"_s, u"desktop"_s, Path(u"files"_s)}};
-        };
+        for (const auto& name : {u"a"_s, u"b"_s, u"c"_s})
+            PutPicture(name + u".jpg"_s, name.toLatin1());
     }
-    ~PictureStory() override { qunsetenv("TEMP"); }
 
     /// Opens the pictures of an owner, adds the file in that row, and saves.
     static void Add(QWidget* owner, int row) {
@@ -43,12 +28,9 @@ class PictureStory : public UiFixture {
             auto* files = Find<KestroList>(pictures, "KestroList1");
             files->SetCurrentRow(row);
             QTest::keyClick(files, Qt::Key_Return);
-            QTest::mouseClick(Find<QWidget>(pictures, "btnSave"), Qt::LeftButton);
+            Press(pictures, "btnSave");
         });
-        QTest::mouseClick(Find<QWidget>(owner, "btnCamera"), Qt::LeftButton);
-    }
-    static void Press(QWidget* owner, const char* button) {
-        QTest::mouseClick(Find<QWidget>(owner, button), Qt::LeftButton);
+        Press(owner, "btnCamera");
     }
     /// The frame's own close box.
     static void CloseByFrame(QWidget* owner) {
@@ -66,7 +48,7 @@ class PictureStory : public UiFixture {
         EntryDialog entry;
         entry.isNew = id < 0 ? 1 : 0;
         entry.id = id;
-        return Shown(std::make_unique<frmAccountNew>());
+        return Presented<frmAccountNew>();
     }
     std::unique_ptr<frmNoteNew> Note(int id) {
         ResetDlg(kDlgNote);
@@ -74,14 +56,14 @@ class PictureStory : public UiFixture {
         note.isNew = id < 0 ? 1 : 0;
         note.id = id;
         note.mode = u"wake"_s;
-        return Shown(std::make_unique<frmNoteNew>());
+        return Presented<frmNoteNew>();
     }
 
  private:
     template <class Window>
-    static std::unique_ptr<Window> Shown(std::unique_ptr<Window> window) {
-        window->show();
-        QApplication::setActiveWindow(window.get());
+    static std::unique_ptr<Window> Presented() {
+        auto window = std::make_unique<Window>();
+        Present(window.get());
         return window;
     }
 };
@@ -133,8 +115,9 @@ TEST_F(PictureStory, OfANote) {
     const auto token = Notices().remindersChanged.Subscribe([&] { ++told; });
     auto window = Note(-1);
     Add(window.get(), 0);
-    EXPECT_EQ(Stored(), QStringList{u"a|61"_s + kNoteWaiting});
-    Press(window.get(), "btnCancel");
+    EXPECT_EQ(Find<KestroButton>(window.get(), "btnCamera")->text(), u"图片 1"_s);
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    EXPECT_EQ(NoteDialog().done, 0);
     EXPECT_EQ(Stored(), QStringList{u"a|61"_s + kNoteWaiting});
     window = Note(-1);
     EXPECT_EQ(Stored(), QStringList());
@@ -152,7 +135,6 @@ TEST_F(PictureStory, OfANote) {
     EXPECT_EQ(Stored(), QStringList{u"a|61|tNoteBook|1|-1"_s});
 
     window = Note(1);
-    EXPECT_EQ(Find<KestroButton>(window.get(), "btnCamera")->text(), u"图片 1"_s);
     Add(window.get(), 2);
     EXPECT_EQ(told, 2);
     Press(window.get(), "btnCancel");

@@ -2,20 +2,12 @@
 
 #include "ledger/frm_account.h"
 #include "ledger/frm_account_new.h"
-#include "pictures/frm_import.h"
 #include "pictures/gdi_image.h"
-#include "pictures/picture_box.h"
 #include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_combox.h"
-#include "shell/controls/kestro_label.h"
-#include "shell/controls/kestro_list.h"
-#include "shell/controls/kestro_tiles.h"
 #include "shell/skin.h"
-#include "store/outside.h"
-#include "tests/support/ui_fixture.h"
+#include "tests/pictures/picture_fixture.h"
 
-#include <QImage>
-#include <QImageWriter>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -23,18 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QRgb kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
-
 // Red and green above, blue and white below.
 QImage FourCorners(int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
-    QPainter p(&image);
-    const int w = width / 2, h = height / 2;
-    p.fillRect(0, 0, w, h, QColor::fromRgb(kRed));
-    p.fillRect(w, 0, w, h, QColor::fromRgb(kGreen));
-    p.fillRect(0, h, w, h, QColor::fromRgb(kBlue));
-    p.fillRect(w, h, w, h, QColor::fromRgb(kWhite));
-    return image;
+    QImage four(2, 2, QImage::Format_RGB32);
+    four.setPixel(0, 0, 0xFFFF0000);
+    four.setPixel(1, 0, 0xFF00FF00);
+    four.setPixel(0, 1, 0xFF0000FF);
+    four.setPixel(1, 1, 0xFFFFFFFF);
+    return four.scaled(width, height);
 }
 
 // The pure colour that a pixel is nearest to, as a letter.
@@ -52,103 +40,50 @@ QString Corners(const QImage& image, const QRect& r, int inset = 4) {
     return letters;
 }
 
-class PictureWindow : public UiFixture {
+class PictureWindow : public PictureStage {
  protected:
-    PictureWindow() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
-        for (const auto& name : {u"temp"_s, u"files"_s})
-            QDir().mkpath(Path(name));
-        qputenv("TEMP", Path(u"temp"_s).toLocal8Bit());
-        Outside().places = [this] {
-            return std::vector<BrowsePlace>{{u"desktop"_s, u"桌面"_s, u"desktop"_s, Path(u"files"_s)},
-                                            {u"doc"_s, u"我的文档"_s, u"doc"_s, Path(u"none"_s)}};
-        };
-    }
-    ~PictureWindow() override { qunsetenv("TEMP"); }
-
-    QString Save(const QString& name, const QImage& image) {
-        const QString path = Path(u"files/"_s + name);
-        EXPECT_TRUE(image.save(path, "jpg", 95));
-        return path;
-    }
-    QString Write(const QString& name, const QByteArray& bytes) {
-        QFile file(Path(u"files/"_s + name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
-    }
-    static void SetOwner(int id) {
-        ResetDlg(kDlgPictures);
-        PictureDialog owner;
-        owner.table = u"tAccount"_s;
-        owner.id = id;
-        owner.single = id < 0 ? 1 : 0;
-    }
     static QStringList Notes() { return Rows(State().gDB, u"select Note1 from tPic order by rowid"_s); }
 };
 
-struct Opened {
-    Opened() {
-        window.show();
-        QApplication::setActiveWindow(&window);
-    }
-    frmImport window;
-    KestroList* files = Find<KestroList>(&window, "KestroList1");
-    KestroListView* added = Find<KestroListView>(&window, "KestroListView1");
-    PictureBox* box = Find<PictureBox>(&window, "Picture1");
-    KestroLabel* arrow = Find<KestroLabel>(&window, "lblArrow");
-    void Press(const char* button) { QTest::mouseClick(Find<QWidget>(&window, button), Qt::LeftButton); }
-    void DoubleClick(int row) {
-        const auto at = files->visualRect(files->model()->index(row, 1)).center();
-        QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(files->viewport(), Qt::LeftButton, {}, at);
-    }
-};
+void DoubleClick(const Opened& o, int row) {
+    const auto at = o.files->visualRect(o.files->model()->index(row, 1)).center();
+    QTest::mouseClick(o.files->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(o.files->viewport(), Qt::LeftButton, {}, at);
+}
 
 }  // namespace
 
 TEST_F(PictureWindow, FilesAreAddedDescribedRemovedAndSaved) {
-    const QString first = Save(u"a.jpg"_s, FourCorners(80, 60));
-    Save(u"b.jpg"_s, FourCorners(80, 60));
-    Write(u"c.jpg"_s, QByteArray(307201, 'x'));
+    const QString first = PutPicture(u"a.jpg"_s, FourCorners(80, 60));
+    PutPicture(u"b.jpg"_s, FourCorners(80, 60));
     SetOwner(7);
     Opened o;
-    EXPECT_EQ(o.files->RowCount(), 3);
     ASSERT_EQ(o.added->Count(), 1);
     EXPECT_EQ(o.arrow->Text(), u"<="_s);  // the first stored picture shows
     EXPECT_TRUE(o.box->HasPicture());
 
-    o.DoubleClick(0);
+    DoubleClick(o, 0);
     EXPECT_EQ(o.window.windowTitle(), u"图片管理："_s + first);
     EXPECT_EQ(o.arrow->Text(), u"=>"_s);
     ASSERT_EQ(o.added->Count(), 2);
     EXPECT_EQ(o.added->Text(1), u"a"_s);
     EXPECT_EQ(o.added->Selected(), std::vector{1});
     boxes.Expect(u"已经添加，不能重复添加!"_s);
-    o.DoubleClick(0);
-    boxes.Expect(u"图片不能大于 300 K !"_s);
-    o.DoubleClick(2);
-    QTest::keyClick(o.files, Qt::Key_Up);
-    QTest::keyClick(o.files, Qt::Key_Return);
+    DoubleClick(o, 0);
+    o.Add(1);
     ASSERT_EQ(o.added->Count(), 3);
 
-    RegisterDialog(kDlgInput, [](QPoint) {
-        InputDialog input;
-        EXPECT_EQ(input.text + u'|' + input.prompt + u'|' + input.startText, u"图片说明|请输入图片说明|b"_s);
-        input.text = u"  发票 "_s;
-        input.done = 1;
-    });
-    o.added->onDoubleClick(2);
-    EXPECT_EQ(o.added->Text(2), u"发票"_s);
-    RegisterDialog(kDlgInput, [](QPoint) {
-        InputDialog input;
-        input.text = u"  "_s;
-        input.done = 1;
-    });
-    o.added->onDoubleClick(2);
-    EXPECT_EQ(o.added->Text(2), u"发票"_s);
+    for (const auto& [shown, typed] : {std::pair(u"b"_s, u"  发票 "_s), {u"发票"_s, u"  "_s}}) {
+        RegisterDialog(kDlgInput, [&](QPoint) {
+            InputDialog input;
+            EXPECT_EQ(input.text + u'|' + input.prompt + u'|' + input.startText,
+                      u"图片说明|请输入图片说明|"_s + shown);
+            input.text = typed;
+            input.done = 1;
+        });
+        o.added->onDoubleClick(2);
+        EXPECT_EQ(o.added->Text(2), u"发票"_s);
+    }
 
     for (const int index : {0, 1})
         o.added->item(index)->setSelected(true);
@@ -178,7 +113,7 @@ TEST_F(PictureWindow, FilesAreAddedDescribedRemovedAndSaved) {
 }
 
 TEST_F(PictureWindow, PlacesAndDropsFillTheFileList) {
-    Save(u"a.jpg"_s, FourCorners(8, 8));
+    PutPicture(u"a.jpg"_s, FourCorners(8, 8));
     const QString outside = Path(u"PHOTO.JPG"_s);
     EXPECT_TRUE(QFile::copy(Path(u"files/a.jpg"_s), outside));
     SetOwner(-1);
@@ -187,11 +122,11 @@ TEST_F(PictureWindow, PlacesAndDropsFillTheFileList) {
     o.window.MyTrak_DragDropFiles(outside + u'\n' + Path({}) + u"\n "_s + Path(u"gone.jpg"_s) + u"\n"_s);
     ASSERT_EQ(o.files->RowCount(), 2);
     EXPECT_EQ(o.files->Cell(1, 0) + o.files->Cell(1, 1), u"2PHOTO.JPG"_s);
-    o.DoubleClick(1);
+    DoubleClick(o, 1);
     EXPECT_EQ(o.added->Text(0), u"PHOTO"_s);
     QFile::remove(Path(u"files/a.jpg"_s));
     boxes.Expect(u"图片文件不存在!"_s);
-    o.DoubleClick(0);
+    DoubleClick(o, 0);
     EXPECT_EQ(o.added->Count(), 1);
     o.Press("btnFresh");
     EXPECT_EQ(o.files->RowCount(), 0);
@@ -204,7 +139,7 @@ TEST_F(PictureWindow, PlacesAndDropsFillTheFileList) {
 
 TEST_F(PictureWindow, KeysAndWheelWalkTheSideThatIsShown) {
     for (const auto& name : {u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s})
-        Save(name, FourCorners(80, 60));
+        PutPicture(name, FourCorners(80, 60));
     SetOwner(7);
     Opened o;
     const auto current = [&] { return QFileInfo(o.window.windowTitle()).baseName(); };
@@ -240,7 +175,7 @@ TEST_F(PictureWindow, KeysAndWheelWalkTheSideThatIsShown) {
 }
 
 TEST_F(PictureWindow, BigModeCoversTheWindow) {
-    Save(u"a.jpg"_s, FourCorners(800, 600));
+    PutPicture(u"a.jpg"_s, FourCorners(800, 600));
     SetOwner(7);
     Opened o;
     QCoreApplication::sendPostedEvents();
@@ -270,7 +205,7 @@ TEST_F(PictureWindow, BigModeCoversTheWindow) {
 }
 
 TEST_F(PictureWindow, ZoomTurnAndDragKeepTheirRules) {
-    Save(u"a.jpg"_s, FourCorners(200, 100));
+    PutPicture(u"a.jpg"_s, FourCorners(200, 100));
     SetOwner(7);
     Opened o;
     o.files->SetCurrentRow(0);
@@ -316,7 +251,7 @@ TEST_F(PictureWindow, ZoomTurnAndDragKeepTheirRules) {
 TEST_F(PictureWindow, FourTurnsShowEachCornerInItsPlace) {
     PictureBox box;
     box.resize(300, 300);
-    box.ShowFile(Save(u"a.jpg"_s, FourCorners(100, 60)));
+    box.ShowFile(PutPicture(u"a.jpg"_s, FourCorners(100, 60)));
     const QRect flat(100, 120, 100, 60), upright(120, 100, 60, 100);
     for (const auto& [letters, place] : std::vector<std::pair<QString, QRect>>{{u"rgwb"_s, flat},
                                                                                {u"brgw"_s, upright},
@@ -352,7 +287,7 @@ TEST_F(PictureWindow, ARepaintedPartEqualsTheWhole) {
             noisy.setPixel(x, y, qRgb((x * 7) % 256, (y * 5) % 256, (x * y) % 256));
     PictureBox box;
     box.resize(372, 390);
-    box.ShowFile(Save(u"noisy.jpg"_s, noisy));
+    box.ShowFile(PutPicture(u"noisy.jpg"_s, noisy));
     for (const float zoom : {0.2F, 0.7F, 1.6F}) {
         box.ShowZoomed(zoom);
         const QImage whole = box.grab().toImage();
@@ -370,17 +305,13 @@ TEST_F(PictureWindow, ARepaintedPartEqualsTheWhole) {
 }
 
 TEST_F(PictureWindow, WhatCannotBeShownSaysSoAndWhatIsTurnedStandsUpright) {
-    QImageWriter turned(Path(u"files/turned.jpg"_s), "jpg");
-    turned.setTransformation(QImageIOHandler::TransformationRotate90);
-    ASSERT_TRUE(turned.write(FourCorners(100, 60)));
+    const QString corners = PutPicture(u"corners.jpg"_s, FourCorners(100, 60));
     cGdiImage image;
-    ASSERT_TRUE(image.Load(Path(u"files/turned.jpg"_s)));
+    ASSERT_TRUE(image.Load(PutPicture(u"turned.jpg"_s, Turned(BytesOf(corners)))));
     EXPECT_EQ(QSizeF(image.ImageWidth(), image.ImageHeight()), QSizeF(60, 100));
     EXPECT_EQ(Corners(image.Picture(), image.Picture().rect()), u"brgw"_s);
 
-    QFile whole(Save(u"whole.jpg"_s, FourCorners(300, 300)));
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    const QByteArray bytes = whole.readAll();
+    const QByteArray bytes = BytesOf(PutPicture(u"whole.jpg"_s, FourCorners(300, 300)));
     ASSERT_TRUE(
         FourCorners(20, 10).convertToFormat(QImage::Format_Grayscale8).save(Path(u"files/png.jpg"_s), "png"));
     // The head of a picture of 20,000 x 20,000 in place of its true size.
@@ -388,22 +319,28 @@ TEST_F(PictureWindow, WhatCannotBeShownSaysSoAndWhatIsTurnedStandsUpright) {
     const auto frame = huge.indexOf("\xFF\xC0");
     ASSERT_GT(frame, 0);
     huge.replace(frame + 5, 4, QByteArray("\x4E\x20\x4E\x20", 4));
-    const std::map<QString, int> statuses{
-        {Write(u"empty.jpg"_s, {}), kGdiUnknownFormat},
-        {Write(u"text.jpg"_s, "not a picture"), kGdiUnknownFormat},
-        {Write(u"svg.jpg"_s, "<svg xmlns='http://www.w3.org/2000/svg'/>"), kGdiUnknownFormat},
-        {Write(u"head.jpg"_s, bytes.left(40)), kGdiGenericError},
-        {Write(u"huge.jpg"_s, huge), kGdiOutOfMemory},
-        {Path(u"gone.jpg"_s), kGdiFileNotFound},
-        {Path(u"files"_s), kGdiFileNotFound},
-        {Path(u"files/png.jpg"_s), kGdiOk},
-        {Write(u"half.jpg"_s, bytes.left(bytes.size() / 2)), kGdiOk}};
+    const QString bad = u"不是有效的图片，无法显示"_s, gone = u"图片文件不存在!"_s;
+    const struct {
+        QString path;
+        int status;
+        QString words;
+    } cases[] = {
+        {PutPicture(u"empty.jpg"_s, QByteArray()), kGdiUnknownFormat, bad},
+        {PutPicture(u"text.jpg"_s, "not a picture"), kGdiUnknownFormat, bad},
+        {PutPicture(u"svg.jpg"_s, "<svg xmlns='http://www.w3.org/2000/svg'/>"), kGdiUnknownFormat, bad},
+        {PutPicture(u"head.jpg"_s, bytes.left(40)), kGdiGenericError, bad},
+        {PutPicture(u"huge.jpg"_s, huge), kGdiOutOfMemory, u"图片尺寸太大，无法显示"_s},
+        {Path(u"gone.jpg"_s), kGdiFileNotFound, gone},
+        {Path(u"files"_s), kGdiFileNotFound, gone},
+        {Path(u"files/png.jpg"_s), kGdiOk, {}},
+        {PutPicture(u"half.jpg"_s, bytes.left(bytes.size() / 2)), kGdiOk, {}},
+    };
     PictureBox box;
-    for (const auto& [path, status] : statuses) {
-        EXPECT_EQ(image.Load(path), status == kGdiOk) << qPrintable(path);
-        EXPECT_EQ(image.LoadStatus(), status) << qPrintable(path);
-        box.ShowFile(path);
-        EXPECT_EQ(box.accessibleDescription().isEmpty(), status == kGdiOk) << qPrintable(path);
+    for (const auto& c : cases) {
+        EXPECT_EQ(image.Load(c.path), c.status == kGdiOk) << qPrintable(c.path);
+        EXPECT_EQ(image.LoadStatus(), c.status) << qPrintable(c.path);
+        box.ShowFile(c.path);
+        EXPECT_EQ(box.accessibleDescription(), c.words) << qPrintable(c.path);
     }
 }
 
@@ -412,29 +349,23 @@ TEST_F(PictureWindow, AnEntryOpensItsPictures) {
     EntryDialog().isNew = 1;
     frmAccountNew entry;
     entry.show();
-    const auto answer = [&](const QString& wanted, bool done, const QString& count) {
-        RegisterDialog(kDlgPictures, [=](QPoint) {
+    for (const auto& [done, count, shown] :
+         {std::tuple(0, u"9"_s, u"图片 0"_s), std::tuple(1, u" 2 "_s, u"图片 2"_s)}) {
+        RegisterDialog(kDlgPictures, [&](QPoint) {
             PictureDialog asked;
             EXPECT_EQ(asked.table + u' ' + QString::number(asked.id) + u' ' + QString::number(asked.single),
-                      wanted);
+                      u"tAccount -1 1"_s);
             asked.done = done;
             asked.count = count;
         });
-    };
-    auto* camera = Find<KestroButton>(&entry, "btnCamera");
-    answer(u"tAccount -1 1"_s, false, u"9"_s);
-    QTest::mouseClick(camera, Qt::LeftButton);
-    EXPECT_EQ(camera->text(), u"图片 0"_s);
-    answer(u"tAccount -1 1"_s, true, u" 2 "_s);
-    QTest::mouseClick(camera, Qt::LeftButton);
-    EXPECT_EQ(camera->text(), u"图片 2"_s);
+        Press(&entry, "btnCamera");
+        EXPECT_EQ(Find<KestroButton>(&entry, "btnCamera")->text(), shown);
+    }
 
-    frmAccount page(nullptr);
-    page.resize(1096, 618);
-    page.show();
-    auto* list = Find<KestroList>(&page, "KestroList1");
+    const auto page = NewPage<frmAccount>();
+    auto* list = Find<KestroList>(page.get(), "KestroList1");
     ASSERT_TRUE(Wait([&] { return list->RowCount() == 3; }));
-    auto* detail = Find<KestroList>(&page, "KestroList2");
+    auto* detail = Find<KestroList>(page.get(), "KestroList2");
     list->SetCurrentRow(list->FindRow(u"7"_s));
     list->onCurrent(list->CurrentRow());
     EXPECT_EQ(detail->Cell(4, 1), u"1  张"_s);

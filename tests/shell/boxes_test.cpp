@@ -11,66 +11,43 @@
 #include "tests/support/ui_fixture.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QScreen>
-#include <QTest>
-#include <QTimer>
 
 #include <algorithm>
-#include <functional>
-#include <gtest/gtest.h>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-// Does something with the modal window as soon as it is up.
-void WhenModal(std::function<void(QWidget&)> body) {
-    QTimer::singleShot(0, [body = std::move(body)] {
-        QWidget* window = QApplication::activeModalWidget();
-        ASSERT_NE(window, nullptr);
-        QApplication::setActiveWindow(window);
-        body(*window);
-        // A failed expectation must not leave the test waiting for an answer.
-        if (window->isVisible()) window->close();
-    });
-}
-
-class Boxes : public testing::Test {
+class Boxes : public UiFixture {
  protected:
-    void SetUp() override {
-        State().gDlg = {};
-        InstallMessageBox();
-    }
-    void TearDown() override { MessageSlot() = nullptr; }
+    Boxes() { InstallMessageBox(); }
 };
 
-qsizetype ButtonCount(const QWidget& window) {
-    const auto all = window.findChildren<QAbstractButton*>();
-    return std::count_if(all.begin(), all.end(),
-                         [](auto* b) { return dynamic_cast<KestroButton*>(b) != nullptr; });
-}
+// Its complaints are read from the script of boxes.
+using InputBox = UiFixture;
 
-QWidget* Child(QWidget& window, const QString& name) {
-    return window.findChild<QWidget*>(name);
-}
 }  // namespace
 
 TEST_F(Boxes, GiveTheNumberOfThePressedButton) {
-    const std::vector<QString> names{u"btnEnter"_s, u"btnCancel"_s, u"btnEnter1"_s, u"btnOther"_s};
+    const std::vector<const char*> names{"btnEnter", "btnCancel", "btnEnter1", "btnOther"};
     const std::vector<int> results{1, 0, 2, 3};
     for (const QString& captions :
          {QString(), u"确定"_s, u"取消,确定"_s, u"一,取消,确定"_s, u"其他,一,取消,确定"_s}) {
         const QStringList list = (captions.isEmpty() ? u"确定"_s : captions).split(u',');
         for (qsizetype i = 0; i < list.size(); ++i) {
             const auto at = static_cast<size_t>(i);
-            WhenModal([&](QWidget& box) {
-                ASSERT_EQ(ButtonCount(box), list.size());
-                auto* button = dynamic_cast<KestroButton*>(Child(box, names[at]));
-                ASSERT_NE(button, nullptr) << qPrintable(names[at]);
+            OnNextModal([&](QWidget* box) {
+                const auto all = box->findChildren<QAbstractButton*>();
+                ASSERT_EQ(std::ranges::count_if(
+                              all, [](auto* b) { return dynamic_cast<KestroButton*>(b) != nullptr; }),
+                          list.size());
+                auto* button = Find<KestroButton>(box, names[at]);
+                ASSERT_NE(button, nullptr);
                 EXPECT_EQ(button->text(), list[list.size() - 1 - i]);
                 if (i > 0)
-                    EXPECT_LT(button->geometry().right(), Child(box, names[at - 1])->geometry().left());
+                    EXPECT_LT(button->geometry().right(),
+                              Find<QWidget>(box, names[at - 1])->geometry().left());
                 QTest::mouseClick(button, Qt::LeftButton);
             });
             EXPECT_EQ(ShowMsg(u"文"_s, captions), results[at]);
@@ -90,13 +67,13 @@ TEST_F(Boxes, AnswerKeys) {
                                            {{Qt::Key_Tab, Qt::Key_Return}, 3},
                                            {{Qt::Key_Backtab, Qt::Key_Return}, 0},
                                            {{Qt::Key_Backtab, Qt::Key_Space}, 0}}) {
-        WhenModal([&](QWidget& box) {
+        OnNextModal([&](QWidget* box) {
             for (const Qt::Key key : row.keys)
-                QTest::keyClick(box.focusWidget(), key);
+                QTest::keyClick(box->focusWidget(), key);
         });
         EXPECT_EQ(ShowMsg(u"文"_s, u"其他,一,取消,确定"_s), row.result);
     }
-    WhenModal([](QWidget& box) { box.close(); });
+    OnNextModal([](QWidget* box) { box->close(); });
     EXPECT_EQ(ShowMsg(u"文"_s, u"取消,确定"_s), 0);
 }
 
@@ -112,13 +89,13 @@ TEST_F(Boxes, GrowWithTheirText) {
     for (const Row& row : std::vector<Row>{{u"文"_s, 50, 50, {100, 100}, false},
                                            {u"文"_s, 392, 160, {392, 160}, true},
                                            {longText, 392, 160, {392, 300}, false}}) {
-        WhenModal([&](QWidget& box) {
-            const QSize size = dynamic_cast<KestroDialog&>(box).NamedSize();
+        OnNextModal([&](QWidget* box) {
+            const QSize size = dynamic_cast<KestroDialog&>(*box).NamedSize();
             EXPECT_GE(size.width(), row.least.width());
             EXPECT_GE(size.height(), row.least.height());
             if (row.exact) EXPECT_EQ(size, row.least);
-            EXPECT_LE(size.height(), box.screen()->availableGeometry().height());
-            box.close();
+            EXPECT_LE(size.height(), box->screen()->availableGeometry().height());
+            box->close();
         });
         ShowMsg(row.text, u"确定"_s, 7, u"提示"_s, row.width, row.height);
     }
@@ -138,10 +115,10 @@ TEST_F(Boxes, InputShowsTheRowsOfItsMode) {
         frmInput dialog(record);
         EXPECT_EQ(record.Flag1, 0);
         EXPECT_EQ(dialog.windowTitle(), u"新增分类"_s);
-        EXPECT_EQ(Child(dialog, u"txtMoney"_s) != nullptr, row.money);
-        EXPECT_EQ(Child(dialog, u"chkOther"_s) != nullptr, row.money);
-        EXPECT_EQ(Child(dialog, u"editNote"_s) != nullptr, row.memo != 0);
-        auto* note = dynamic_cast<KestroText*>(Child(dialog, u"txtNote"_s));
+        EXPECT_EQ(dialog.findChild<QWidget*>(u"txtMoney"_s) != nullptr, row.money);
+        EXPECT_EQ(dialog.findChild<QWidget*>(u"chkOther"_s) != nullptr, row.money);
+        EXPECT_EQ(dialog.findChild<QWidget*>(u"editNote"_s) != nullptr, row.memo != 0);
+        auto* note = Find<KestroText>(&dialog, "txtNote");
         EXPECT_EQ(note->Mode(), row.money ? TextMode::normal : TextMode::masked);
     }
 }
@@ -164,13 +141,13 @@ TEST_F(Boxes, InputCarriesItsFieldsOut) {
         record.Flag1 = 1;
         record.Flag3 = 1;
         frmInput dialog(record);
-        auto* note = dynamic_cast<KestroText*>(Child(dialog, u"txtNote"_s));
-        auto* money = dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s));
+        auto* note = Find<KestroText>(&dialog, "txtNote");
+        auto* money = Find<KestroText>(&dialog, "txtMoney");
         EXPECT_EQ(note->text(), u"0205 水电"_s);
         EXPECT_EQ(money->text(), u"60"_s);
         note->setText(u"0206 O'Neil"_s);
         money->setText(row.typed);
-        dynamic_cast<KestroEditBox*>(Child(dialog, u"editNote"_s))->SetText(u"两\n行"_s);
+        Find<KestroEditBox>(&dialog, "editNote")->SetText(u"两\n行"_s);
         QTest::keyClick(note, Qt::Key_Return);
         EXPECT_EQ(record.Flag1, 1);
         EXPECT_EQ(record.Text4, u"0206 O'Neil"_s);
@@ -180,25 +157,20 @@ TEST_F(Boxes, InputCarriesItsFieldsOut) {
     }
 }
 
-TEST_F(Boxes, InputRefusesWhatIsNoAmountAndStaysOpen) {
-    QStringList shown;
-    MessageSlot() = [&](const MessageRequest& request) {
-        shown += request.text;
-        return 1;
-    };
+TEST_F(InputBox, RefusesWhatIsNoAmountAndStaysOpen) {
     for (const QString& typed : {u"21474836.48"_s, u"abc"_s, u"12x"_s, u"1.2.3"_s}) {
+        SCOPED_TRACE(qPrintable(typed));
         DialogRecord record;
         record.Num1 = 6000;
         record.Num2 = 7;
         frmInput dialog(record);
         dialog.show();
-        dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s))->setText(typed);
-        QTest::mouseClick(Child(dialog, u"btnEnter"_s), Qt::LeftButton);
-        EXPECT_EQ(shown, QStringList(u"金额不正确!"_s)) << qPrintable(typed);
+        Find<KestroText>(&dialog, "txtMoney")->setText(typed);
+        boxes.Expect(u"金额不正确!"_s);
+        Press(&dialog, "btnEnter");
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_EQ(record.Flag1, 0);
         EXPECT_EQ(record.Num1, 6000);
-        shown.clear();
     }
 }
 
@@ -212,10 +184,10 @@ TEST_F(Boxes, InputTellsWhetherTheAmountWasTyped) {
         record.Num1 = 0;
         record.Num2 = 7;
         frmInput dialog(record);
-        auto* money = dynamic_cast<KestroText*>(Child(dialog, u"txtMoney"_s));
+        auto* money = Find<KestroText>(&dialog, "txtMoney");
         money->selectAll();
         TypeInto(money, c.keys);
-        QTest::mouseClick(Child(dialog, u"btnEnter"_s), Qt::LeftButton);
+        Press(&dialog, "btnEnter");
         EXPECT_EQ(record.Flag2, c.typed) << qPrintable(c.keys);
         EXPECT_EQ(record.Num1, c.hundredths);
     }
@@ -231,12 +203,12 @@ TEST_F(Boxes, InputLeavesTheRecordAloneWhenCancelled) {
             frmInput dialog(record);
             EXPECT_EQ(State().gPopups, popups + 1);
             dialog.show();
-            auto* note = dynamic_cast<KestroText*>(Child(dialog, u"txtNote"_s));
+            auto* note = Find<KestroText>(&dialog, "txtNote");
             note->setText(u"secret"_s);
             if (byKey)
                 QTest::keyClick(note, Qt::Key_Escape);
             else
-                QTest::mouseClick(Child(dialog, u"btnCancel"_s), Qt::LeftButton);
+                Press(&dialog, "btnCancel");
             EXPECT_FALSE(dialog.isVisible());
         }
         EXPECT_EQ(State().gPopups, popups);

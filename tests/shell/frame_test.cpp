@@ -30,12 +30,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Frame : public UiFixture {
+class Frame : public SampleStage {
  protected:
     Frame() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
         RegisterDialog(kDlgInput, [this](QPoint) {
             InputDialog input;
             asked_ << input.prompt;
@@ -49,11 +46,7 @@ class Frame : public UiFixture {
     }
     KestroList* List() { return Find<KestroList>(frame_.get(), "KestroList1"); }
     QString SecondBook(const QString& change = {}) {
-        const QString path = Path(u"Zweites.jotdb"_s);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(EmptyBookImage());
-        file.close();
+        const QString path = PutFile(u"Zweites.jotdb"_s, EmptyBookImage());
         cConnection book;
         book.Open(path);
         if (!change.isEmpty()) book.Execute(change);
@@ -179,15 +172,12 @@ TEST_F(Frame, ABookThatCannotBeOpenedLeavesTheOldOneOpen) {
     const QString old = SecondBook(u"update tSet set Note1='9.0' where Key1='dbversion'"_s);
     boxes.Expect(u"程序要求账本版本是"_s);
     OpenDBFile(old);
-    QFile junk(Path(u"junk.jotdb"_s));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(3000, '?'));
-    junk.close();
+    const QString junk = PutFile(u"junk.jotdb"_s, QByteArray(3000, '?'));
     boxes.Expect(u"打开账本文件【"_s);
-    OpenDBFile(Path(u"junk.jotdb"_s));
+    OpenDBFile(junk);
     State().gBusy = true;
     boxes.Expect(u"有进程在运行，请等待结束后再试..."_s);
-    OpenDBFile(Path(u"junk.jotdb"_s));
+    OpenDBFile(junk);
     State().gBusy = false;
     EXPECT_EQ(AskBookPass({}, true), kPassFailed);
     EXPECT_EQ(AskBookPass(u"99"_s, true), kPassFailed);

@@ -21,18 +21,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Freshness : public UiFixture {
+class Freshness : public SampleStage {
  protected:
     Freshness() {
-        OpenSettingsStore();
-        OpenSample();
-        RegisterAll();
-        Build();
-    }
-    void Build() {
         frame_ = std::make_unique<frmMain>();
-        frame_->show();
-        QApplication::setActiveWindow(frame_.get());
+        Present(frame_.get());
         EXPECT_TRUE(Wait([this] { return Entries()->RowCount() >= 3; }));
     }
     KestroList* Entries() { return Find<KestroList>(Host().page(kTabAccount), "KestroList1"); }
@@ -44,12 +37,6 @@ class Freshness : public UiFixture {
         auto e = SampleEntry(u"外来"_s, money);
         Choose(e, kKind1, code, u"某类"_s, true);
         PostEntry(State().gDB, e);
-    }
-    static QStringList Column(const KestroList* list, int column) {
-        QStringList cells;
-        for (int row = 0; row < list->RowCount(); ++row)
-            cells << list->Cell(row, column);
-        return cells;
     }
 
     std::unique_ptr<frmMain> frame_;
@@ -140,26 +127,6 @@ TEST_F(Freshness, WhileAJobRunsPagesOnlyTakeNote) {
         EXPECT_EQ(Entries()->RowCount(), 3);
     }
     EXPECT_TRUE(Wait([this] { return Entries()->RowCount() == 4; }));
-}
-
-TEST_F(Freshness, APageTurnAsksForNoCountAgain) {
-    State().gDB.Execute(
-        u"with recursive n(i) as (select 100 union all select i+1 from n where i<10200) insert into tAccount"
-        u" (Id1,Title1,Type1,Value1,Date1,Time1,nSign,bIsMain) select i,'x','0101',1,'2017-01-01','08:00',1,1 from n"_s);
-    auto* page = Host().page(kTabAccount);
-    page->Do(Act::reload);
-    auto* pages = Find<KestroCombox>(page, "comPage");
-    ASSERT_EQ(pages->Count(), 2);
-    int counts = 0;
-    cConnection::Seams().beforeStatement = [&](const QString& sql) {
-        counts += sql.contains(u"SumCount"_s) ? 1 : 0;
-    };
-    pages->onChoose({}, u"1"_s);
-    EXPECT_EQ(counts, 0);
-    EXPECT_EQ(Find<KestroLabel>(page, "lblCount")->Text(), u"笔数:10,104"_s);
-    page->Do(Act::reload);
-    EXPECT_EQ(counts, 1);
-    cConnection::Seams().beforeStatement = {};
 }
 
 TEST_F(Freshness, KeysGoRoundTheTabsAndTheFocusStandsOnALine) {

@@ -19,8 +19,6 @@ const QString kKindTable = u"select ID1,Sort1,Name1,nAdd,nReduce,Money,nHasData 
 
 class ReportTest : public RandomEntries {
  protected:
-    cConnection& Book() { return State().gDB; }
-
     /// The sample book with figures on the middle level of 03, 0302, 030201.
     QString OpenStory() {
         const QString path = OpenSample();
@@ -292,10 +290,7 @@ TEST_F(ReportTest, ManyDaysStandInTheTableOneByOne) {
 TEST_F(ReportTest, AReadOnlyBookIsReportedInTablesThatGoWithIt) {
     const QString path = OpenStory();
     State().gDB.Close();
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    file.close();
+    const QByteArray bytes = BytesOf(path);
     Book().Open(path, {.readOnly = true});
     EXPECT_EQ(Branches(Chart::accounts).size(), 4);
     EXPECT_EQ(Branches(Chart::kinds).size(), 15);
@@ -303,6 +298,5 @@ TEST_F(ReportTest, AReadOnlyBookIsReportedInTablesThatGoWithIt) {
     EXPECT_EQ(ByPeriod(u"0302"_s, {}, PeriodLength::day).size(), 4);
     EXPECT_EQ(Rows(Book(), kDateTable).size(), 4);
     Book().Close();
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), bytes);
+    EXPECT_EQ(BytesOf(path), bytes);
 }

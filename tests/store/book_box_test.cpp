@@ -11,7 +11,6 @@
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -23,12 +22,6 @@ namespace {
 class BookBoxTest : public Fixture {
  protected:
     BookBoxTest() { QDir().mkpath(Path(u"Box"_s)); }
-
-    void Put(const QString& name, const QByteArray& bytes) {
-        QFile file(Path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
 
     // "name year version" of every record, the box's books in order of their names.
     QStringList Books() {
@@ -54,13 +47,13 @@ class BookBoxTest : public Fixture {
 }  // namespace
 
 TEST_F(BookBoxTest, OnlyBooksAreListedAndDamagedOnesStopNothing) {
-    Put(u"Box/Mine.JotDB"_s, SampleBookImage());
-    Put(u"Box/.hidden.jotdb"_s, EmptyBookImage());
-    Put(u"Box/cut.jotdb"_s, SampleBookImage().left(5000));
-    Put(u"Box/foreign.jotdb"_s, "not a book");
-    Put(u"Box/empty.jotdb"_s, {});
-    Put(u"Box/book.jotdb.bak"_s, SampleBookImage());
-    Put(u"Box/jotdb"_s, SampleBookImage());
+    PutFile(u"Box/Mine.JotDB"_s, SampleBookImage());
+    PutFile(u"Box/.hidden.jotdb"_s, EmptyBookImage());
+    PutFile(u"Box/cut.jotdb"_s, SampleBookImage().left(5000));
+    PutFile(u"Box/foreign.jotdb"_s, "not a book");
+    PutFile(u"Box/empty.jotdb"_s, {});
+    PutFile(u"Box/book.jotdb.bak"_s, SampleBookImage());
+    PutFile(u"Box/jotdb"_s, SampleBookImage());
     QDir().mkpath(Path(u"Box/folder.jotdb"_s));
     Scan();
     EXPECT_EQ(Books(), (QStringList{u".hidden 2016 10.0"_s, u"cut 0"_s, u"empty 0"_s, u"foreign 0"_s,
@@ -71,7 +64,7 @@ TEST_F(BookBoxTest, OnlyBooksAreListedAndDamagedOnesStopNothing) {
 }
 
 TEST_F(BookBoxTest, ALockedBookDoesNotDelayTheStart) {
-    Put(u"Box/a.jotdb"_s, SampleBookImage());
+    PutFile(u"Box/a.jotdb"_s, SampleBookImage());
     cConnection other;
     other.Open(Path(u"Box/a.jotdb"_s));
     other.Execute(u"begin exclusive"_s);
@@ -82,9 +75,9 @@ TEST_F(BookBoxTest, ALockedBookDoesNotDelayTheStart) {
 // Listing the folder anew for each book took two and a half seconds here.
 TEST_F(BookBoxTest, ABoxOfVeryManyBooksIsListedOnceAndRivalsStayShut) {
     for (int i = 0; i < 1000; ++i)
-        Put(u"Box/Filler%1.jotdb"_s.arg(i), {});
+        PutFile(u"Box/Filler%1.jotdb"_s.arg(i), {});
     for (const auto& name : {u"Box/Twin.jotdb"_s, u"Box/twin.jotdb"_s, u"Box/Mine.jotdb"_s})
-        Put(name, EmptyBookImage());
+        PutFile(name, EmptyBookImage());
     QElapsedTimer watch;
     watch.start();
     Scan();
@@ -94,15 +87,15 @@ TEST_F(BookBoxTest, ABoxOfVeryManyBooksIsListedOnceAndRivalsStayShut) {
     // What comes later is seen again.
     const auto mine = State().gBooks.at(static_cast<size_t>(FindBook(Path(u"Box/Mine.jotdb"_s))));
     EXPECT_TRUE(FileOf(mine).exists);
-    Put(u"Box/MINE.jotdb"_s, EmptyBookImage());
+    PutFile(u"Box/MINE.jotdb"_s, EmptyBookImage());
     EXPECT_EQ(FileOf(mine).rivals.size(), 2);
 }
 
 TEST_F(BookBoxTest, TheBookOfTheCommandLineIsChosen) {
-    Put(u"Box/a.jotdb"_s, SampleBookImage());
-    Put(u"Box/b.jotdb"_s, SampleBookImage());
-    Put(u"Out.jotdb"_s, SampleBookImage());
-    Put(u"readme.txt"_s, "words");
+    PutFile(u"Box/a.jotdb"_s, SampleBookImage());
+    PutFile(u"Box/b.jotdb"_s, SampleBookImage());
+    PutFile(u"Out.jotdb"_s, SampleBookImage());
+    PutFile(u"readme.txt"_s, "words");
     State().settings.sPreOpenDBFile = Path(u"Box/b.jotdb"_s).toLower();
     struct Case {
         QString commandLine;  ///< in the temporary folder, empty for none
@@ -130,7 +123,7 @@ TEST_F(BookBoxTest, TheBookOfTheCommandLineIsChosen) {
 }
 
 TEST_F(BookBoxTest, AnEmptyBoxKeepsOneEmptyRecord) {
-    Put(u"Out.jotdb"_s, EmptyBookImage());
+    PutFile(u"Out.jotdb"_s, EmptyBookImage());
     Scan();
     EXPECT_EQ(Books(), QStringList{u"0"_s});
     Scan(Path(u"Out.jotdb"_s));

@@ -26,10 +26,7 @@ class BookCheckTest : public Fixture {
     QString Put(const QString& name, const QString& change = u"select 1"_s) {
         const QString path = Path(name);
         QDir().mkpath(ParentPath(path));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(EmptyBookImage());
-        file.close();
+        EXPECT_TRUE(WriteBookFile(path, EmptyBookImage(), false));
         cConnection book;
         book.Open(path, {.exact = true});
         book.Execute(change);
@@ -132,10 +129,8 @@ TEST_F(BookCheckTest, WhatKeepsABookShutIsTold) {
     Put(u"box/a.jotdb"_s, u"update tSet set Note1='11' where Key1='dbversion'"_s);
     boxes.Expect(version + u"11】"_s);
     EXPECT_FALSE(CheckBook(0));
-    QFile junk(Path(u"box/a.jotdb"_s));
-    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
-    junk.write(QByteArray(4096, 'x'));
-    junk.close();
+    QFile::remove(Path(u"box/a.jotdb"_s));
+    ASSERT_TRUE(WriteBookFile(Path(u"box/a.jotdb"_s), QByteArray(4096, 'x'), false));
     boxes.Expect(version + u'】');
     EXPECT_FALSE(CheckBook(0));
 

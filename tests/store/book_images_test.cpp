@@ -7,7 +7,6 @@
 #include "tests/support/fixture.h"
 
 #include <QDir>
-#include <QFile>
 #include <QMap>
 #include <QtEndian>
 
@@ -87,14 +86,8 @@ Schema SchemaOf(cConnection& book) {
     return schema;
 }
 
-QByteArray Bytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 class BookImagesTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
     QStringList Read(const QString& sql) { return Rows(Book(), sql); }
 };
 
@@ -209,17 +202,17 @@ TEST_F(BookImagesTest, TheSampleShowsAWholeSmallBook) {
 TEST_F(BookImagesTest, WritingTheSampleCopiesItsBytesAndSparesAFile) {
     const QString path = Path(u"sample.jotdb"_s);
     EXPECT_TRUE(WriteSampleBook(path));
-    EXPECT_EQ(Bytes(path), SampleBookImage());
+    EXPECT_EQ(BytesOf(path), SampleBookImage());
     {
         cConnection book;
         book.Open(path);
         book.Execute(u"update tSet set Note1='mine' where Key1='booknote'"_s);
     }
-    const auto edited = Bytes(path);
+    const auto edited = BytesOf(path);
     ASSERT_NE(edited, SampleBookImage());
     EXPECT_FALSE(WriteSampleBook(path));
     EXPECT_FALSE(WriteSampleBook(Path(u"SAMPLE.jotdb"_s)));
-    EXPECT_EQ(Bytes(path), edited);
+    EXPECT_EQ(BytesOf(path), edited);
     EXPECT_FALSE(WriteSampleBook(Path(u"no/such/folder.jotdb"_s)));
 }
 
@@ -231,7 +224,7 @@ TEST_F(BookImagesTest, ABookThatWasOnlyReadKeepsItsBytes) {
     ReadBookInfo();
     { Transaction abandoned(Book()); }
     Book().Close();
-    EXPECT_EQ(Bytes(path), SampleBookImage());
+    EXPECT_EQ(BytesOf(path), SampleBookImage());
     EXPECT_EQ(QDir(Path({})).entryList(QDir::Files), QStringList{u"book.jotdb"_s});
 }
 

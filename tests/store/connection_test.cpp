@@ -14,20 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void WriteFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 class ConnectionTest : public Fixture {
  protected:
-    cConnection& Book() { return State().gDB; }
     QString One(const QString& expression) { return Rows(Book(), u"select "_s + expression).value(0); }
 
     PendingError Failure(const std::function<void()>& body) {
@@ -164,10 +152,10 @@ TEST_F(ConnectionTest, ATransactionThatIsNotCommittedLeavesNothing) {
 
 TEST_F(ConnectionTest, OnlyAWholeBookIsOpenedAndNoFileIsMade) {
     const QByteArray image = SampleBookImage();
-    WriteFile(Path(u"text.jotdb"_s), "this is no data base, whatever its name may say of it");
-    WriteFile(Path(u"cut.jotdb"_s), image.left(image.size() / 2));
-    WriteFile(Path(u"Twin.jotdb"_s), image);
-    WriteFile(Path(u"tWin.jotdb"_s), image);
+    PutFile(u"text.jotdb"_s, "this is no data base, whatever its name may say of it");
+    PutFile(u"cut.jotdb"_s, image.left(image.size() / 2));
+    PutFile(u"Twin.jotdb"_s, image);
+    PutFile(u"tWin.jotdb"_s, image);
     QDir().mkpath(Path(u"folder.jotdb"_s));
     struct Case {
         QString path;
@@ -189,13 +177,11 @@ TEST_F(ConnectionTest, OnlyAWholeBookIsOpenedAndNoFileIsMade) {
     EXPECT_EQ(QDir(Path({})).entryList(QDir::Files, QDir::Name), before);
     cConnection exact;
     exact.Open(Path(u"tWin.jotdb"_s));
-    EXPECT_EQ(ReadFile(Path(u"Twin.jotdb"_s)), image);
+    EXPECT_EQ(BytesOf(Path(u"Twin.jotdb"_s)), image);
 }
 
 TEST_F(ConnectionTest, ALowerCasePathOpensTheFileUnderItsOwnSpelling) {
-    QDir().mkpath(Path(u"Box/记账"_s));
-    WriteFile(Path(u"Box/记账/MyBook.JotDB"_s), SampleBookImage());
-    const QString lower = Path(u"Box/记账/MyBook.JotDB"_s).toLower();
+    const QString lower = PutFile(u"Box/记账/MyBook.JotDB"_s, SampleBookImage()).toLower();
     cConnection book;
     book.Open(lower);
     EXPECT_EQ(book.Path(), lower);
@@ -244,7 +230,7 @@ TEST_F(ConnectionTest, ABookThatWasMovedAwaySaysSo) {
     const auto refused = Failure([&] { Book().Execute(u"delete from tSet"_s); });
     EXPECT_EQ(FaultOf(refused.number), DbFault::moved);
     EXPECT_TRUE(ErrorText(refused, {}).endsWith(u"账本文件已被移动或删除"_s));
-    EXPECT_EQ(ReadFile(Path(u"elsewhere.jotdb"_s)), SampleBookImage());
+    EXPECT_EQ(BytesOf(Path(u"elsewhere.jotdb"_s)), SampleBookImage());
 }
 
 TEST_F(ConnectionTest, RowsAreFoundByIdWhateverTheIdsAreLike) {

@@ -10,42 +10,36 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class FileActions : public Fixture {
- protected:
-    QString Put(const QString& name, const QByteArray& bytes = "x") {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
-    }
-};
-
-}  // namespace
+using FileActions = Fixture;
 
 TEST_F(FileActions, DeletingAsksOnlyWhereThereIsNoTrash) {
-    const QString book = Put(u"Buch.jotdb"_s);
-    const QString journal = Put(u"Buch.jotdb-journal"_s);
+    const QString book = PutFile(u"Buch.jotdb"_s);
+    const QString journal = PutFile(u"Buch.jotdb-journal"_s);
     QStringList trashed;
     Outside().trash = [&trashed](const QString& path) { return trashed << path, QFile::remove(path); };
     EXPECT_TRUE(DeleteToBin(book.toLower()));
     EXPECT_EQ(trashed, (QStringList{book, journal}));
     Outside().trash = [](const QString&) { return false; };
-    Put(u"Buch.jotdb"_s);
-    Put(u"Buch.jotdb-journal"_s);
+    PutFile(u"Buch.jotdb"_s);
+    PutFile(u"Buch.jotdb-journal"_s);
     boxes.Expect(u"没有可用的回收站"_s, 0);
     EXPECT_FALSE(DeleteToBin(book));
     EXPECT_TRUE(QFile::exists(book));
     boxes.Expect(u"没有可用的回收站"_s);
     EXPECT_TRUE(DeleteToBin(book));
     EXPECT_FALSE(QFile::exists(book) || QFile::exists(journal));
+    // A file that stays in spite of it is not told as deleted.
+    const QString kept = PutFile(u"kept/Buch.jotdb"_s);
+    QFile::setPermissions(Path(u"kept"_s), QFile::ReadOwner | QFile::ExeOwner);
+    const WithoutRights rights;
+    boxes.Expect(u"没有可用的回收站"_s);
+    EXPECT_FALSE(DeleteToBin(kept));
 }
 
 TEST_F(FileActions, OnlyABooksOwnFileGoes) {
     Outside().trash = [](const QString& path) { return QFile::remove(path); };
     const QString gone = Path(u"BOOK.jotdb"_s);
-    const QString other = Put(u"book.jotdb"_s);
+    const QString other = PutFile(u"book.jotdb"_s);
     EXPECT_TRUE(DeleteToBin(BookRecord{gone.toLower(), u"book"_s, 0, {}, gone}));
     EXPECT_TRUE(QFile::exists(other));
     EXPECT_TRUE(DeleteToBin(BookRecord{gone.toLower(), u"book"_s, 0, {}, other}));
@@ -54,19 +48,15 @@ TEST_F(FileActions, OnlyABooksOwnFileGoes) {
 
 TEST_F(FileActions, TheExportFolderTakesThePagesFilesAnew) {
     State().gProgramFolder = Path(u"program"_s);
-    QDir().mkpath(Path(u"program/Skin/Html"_s));
-    QDir().mkpath(Path(u"data/Export/Html"_s));
-    Put(u"program/Skin/Html/page.css"_s, "new");
-    Put(u"data/Export/Html/page.css"_s, "old");
+    PutFile(u"program/Skin/Html/page.css"_s, "new");
+    PutFile(u"data/Export/Html/page.css"_s, "old");
     EXPECT_TRUE(PrepareExportFolder());
-    QFile copied(Path(u"data/Export/Html/page.css"_s));
-    ASSERT_TRUE(copied.open(QIODevice::ReadOnly));
-    EXPECT_EQ(copied.readAll(), QByteArray("new"));
-    Put(u"program/Skin/Html/z.css"_s);
+    EXPECT_EQ(BytesOf(Path(u"data/Export/Html/page.css"_s)), QByteArray("new"));
+    PutFile(u"program/Skin/Html/z.css"_s);
     QDir().mkpath(Path(u"data/Export/Html/z.css"_s));
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_FALSE(PrepareExportFolder());
-    State().gDataDir = Put(u"a file"_s);
+    State().gDataDir = PutFile(u"a file"_s);
     boxes.Expect(u"创建临时文件夹错误!"_s);
     EXPECT_FALSE(PrepareExportFolder());
 }

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class MoneyTest : public Fixture {};
+using MoneyTest = Fixture;
 
 QString T(const char16_t* text) {
     return QString::fromUtf16(text);

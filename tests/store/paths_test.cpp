@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,13 +16,7 @@ const QString kBadForm = u"待创建路径格式不正确"_s;
 const QString kGap = u"路径中包含空字符串"_s;
 const QString kUnexpected = u"意外错误, 可能路径中包含了非法字符 或 当前Windows用户无权限"_s;
 
-class PathsTest : public Fixture {
- protected:
-    void Touch(const QString& name) {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
-    }
-};
+using PathsTest = Fixture;
 
 }  // namespace
 
@@ -73,7 +65,7 @@ TEST_F(PathsTest, FoldersAreMadeUnderTheSpellingThatIsThere) {
     EXPECT_TRUE(QDir(Path(u"Box/New/深"_s)).exists());
     EXPECT_EQ(MakeFolders(Path(u"box/new/深"_s)), QString());
     EXPECT_EQ(QDir(Path({})).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList{u"Box"_s});
-    Touch(u"Box/file"_s);
+    PutFile(u"Box/file"_s);
     EXPECT_EQ(MakeFolders(Path(u"Box/file/below"_s)), kUnexpected);
     EXPECT_EQ(MakeFolders(Path(u"Box//x"_s)), kGap);
     QDir().mkpath(Path(u"BOX"_s));
@@ -150,13 +142,11 @@ TEST_F(PathsTest, SystemFoldersAreNoBookBoxes) {
 }
 
 TEST_F(PathsTest, TheExactSpellingComesFirstAndRivalsAreToldApart) {
-    QDir().mkpath(Path(u"Box"_s));
     QDir().mkpath(Path(u"box2"_s));
-    QDir().mkpath(Path(u"BOX2"_s));
-    Touch(u"Box/One.jotdb"_s);
-    Touch(u"Box/two.jotdb"_s);
-    Touch(u"Box/TWO.jotdb"_s);
-    Touch(u"BOX2/only.jotdb"_s);
+    PutFile(u"Box/One.jotdb"_s);
+    PutFile(u"Box/two.jotdb"_s);
+    PutFile(u"Box/TWO.jotdb"_s);
+    PutFile(u"BOX2/only.jotdb"_s);
     const auto real = [this](const QString& name) { return RealPath(Path(name)); };
     EXPECT_EQ(real(u"box/ONE.JOTDB"_s).path, Path(u"Box/One.jotdb"_s));
     EXPECT_EQ(real(u"Box/two.jotdb"_s).path, Path(u"Box/two.jotdb"_s));
@@ -177,45 +167,35 @@ TEST_F(PathsTest, TheExactSpellingComesFirstAndRivalsAreToldApart) {
 // Paths arrive in lower case. An exact child is asked for by its name; below it a known folder leads on.
 TEST_F(PathsTest, BelowAFolderThatCannotBeListed) {
     const QString shut = Path(u"shut"_s);
-    QDir().mkpath(shut + u"/exact"_s);
-    QDir().mkpath(shut + u"/Known"_s);
-    QDir().mkpath(shut + u"/Other"_s);
-    Touch(u"shut/exact/One.jotdb"_s);
-    Touch(u"shut/Known/Two.jotdb"_s);
-    Touch(u"shut/Other/Three.jotdb"_s);
+    for (const auto& name : {u"exact/One"_s, u"Known/Two"_s, u"Other/Three"_s})
+        PutFile(u"shut/"_s + name + u".jotdb"_s);
     KnowFolder(shut + u"/Known"_s);
-    const auto all = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    const auto readers = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-    for (const auto& folder : {Path({}), shut})
-        QFile::setPermissions(folder, all | QFile::ExeGroup | QFile::ExeOther);
+    const auto own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const auto through = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QFile::setPermissions(Path({}), own | through);
     for (const auto& folder : {u"/exact"_s, u"/Known"_s, u"/Other"_s})
-        QFile::setPermissions(shut + folder, all | readers);
-    const bool root = geteuid() == 0;
-    if (root)
-        ASSERT_EQ(seteuid(65534), 0);
-    else
-        QFile::setPermissions(shut, QFile::ExeOwner);
-    const auto real = [&](const QString& name) { return RealPath((shut + name).toLower()); };
-    const auto exact = real(u"/exact/one.jotdb"_s);
-    const auto known = real(u"/known/two.jotdb"_s);
-    const auto other = real(u"/other/three.jotdb"_s);
-    if (root)
-        ASSERT_EQ(seteuid(0), 0);
-    else
-        QFile::setPermissions(shut, all);
+        QFile::setPermissions(shut + folder, own | through | QFile::ReadGroup | QFile::ReadOther);
+    QFile::setPermissions(shut, through);
+    FoundPath exact, known, other;
+    {
+        const WithoutRights rights;
+        const auto real = [&](const QString& name) { return RealPath((shut + name).toLower()); };
+        exact = real(u"/exact/one.jotdb"_s);
+        known = real(u"/known/two.jotdb"_s);
+        other = real(u"/other/three.jotdb"_s);
+    }
+    QFile::setPermissions(shut, own);
     EXPECT_EQ(exact.path, shut + u"/exact/One.jotdb"_s);
     EXPECT_EQ(known.path, shut + u"/Known/Two.jotdb"_s);
     EXPECT_FALSE(other.exists);
 }
 
 TEST_F(PathsTest, ASpellingThatLowerCaseLeadsElsewhereIsToldWithItsRival) {
-    QDir().mkpath(Path(u"Books"_s));
-    QDir().mkpath(Path(u"books"_s));
-    Touch(u"Books/one.jotdb"_s);
-    Touch(u"books/one.jotdb"_s);
-    Touch(u"Books/Two.jotdb"_s);
-    Touch(u"books/a.jotdb"_s);
-    Touch(u"books/A.jotdb"_s);
+    PutFile(u"Books/one.jotdb"_s);
+    PutFile(u"books/one.jotdb"_s);
+    PutFile(u"Books/Two.jotdb"_s);
+    PutFile(u"books/a.jotdb"_s);
+    PutFile(u"books/A.jotdb"_s);
     const auto rivals = [this](const QString& name) { return SpelledPath(Path(name)).rivals.size(); };
     EXPECT_EQ(rivals(u"Books/Two.jotdb"_s), 0);
     EXPECT_EQ(rivals(u"Books/TWO.jotdb"_s), 0);  // typed; only one is there

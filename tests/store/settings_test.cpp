@@ -2,7 +2,6 @@
 
 #include "store/book_box.h"
 #include "store/book_images.h"
-#include "store/due.h"
 #include "store/errors.h"
 #include "store/outside.h"
 #include "store/paths.h"
@@ -16,8 +15,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -50,20 +47,9 @@ class SettingsTest : public Fixture {
         State().gSetDB.Close();
         LoadSettings();
     }
-    void WriteSample(const QByteArray& bytes) {
-        QFile file(Sample());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QByteArray SampleBytes() {
-        QFile file(Sample());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    void WriteSample(const QByteArray& bytes) { PutFile(u"box/专业版例子.jotdb"_s, bytes); }
+    QByteArray SampleBytes() { return BytesOf(Sample()); }
 };
-
-const QString kGeneral =
-    u"select nGroup,nHtmPageSize,sWebName,sWebPass,sDBPath,nShowAgentIco,"
-    u"(select Value1 from tSetting2 where Key1='LoadDate') from tSetting"_s;
 
 }  // namespace
 
@@ -209,10 +195,7 @@ TEST_F(SettingsTest, EveryValueIsReadAndAMissingRowLeavesTheDefaults) {
     State().settings.nGroup = 3;
     Load();
     EXPECT_EQ(State().settings.nGroup, 3);
-    QFile broken(SettingsFile());
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("[Settings] nGroup=3");
-    broken.close();
+    PutFile(u"program/Set.ini"_s, "[Settings] nGroup=3");
     EXPECT_FALSE(Succeeds([this] { Load(); }));
 }
 
@@ -244,32 +227,6 @@ TEST_F(SettingsTest, EachCodeWritesItsOwnColumns) {
     EXPECT_EQ(Stored(u"select * from tSetting"_s) + Stored(u"select * from tSetting2"_s), all);
 }
 
-TEST_F(SettingsTest, TheGeneralSettingsAreSavedTogetherOrNotAtAll) {
-    Load();
-    const auto before = Stored(kGeneral);
-    auto& s = State().settings;
-    s.nGroup = 4;
-    s.nHtmPageSize = 99;
-    s.sWebName = u"it's"_s;
-    s.sWebPass = u"p"_s;
-    s.sDBPath = u"/b"_s;
-    s.nShowAgentIco = 0;
-    s.LoadDate = u"premonth"_s;
-    int n = 1;
-    for (;; ++n) {
-        int seen = 0;
-        cConnection::Seams().beforeStatement = [&](const QString& sql) {
-            if (++seen == n) FailStatement(u"刺探"_s, sql);
-        };
-        const bool saved = Succeeds([] { SaveSetting({}, kSaveAll); });
-        cConnection::Seams().beforeStatement = {};
-        if (saved) break;
-        EXPECT_EQ(Stored(kGeneral), before) << n;
-    }
-    EXPECT_GT(n, 1);
-    EXPECT_EQ(Stored(kGeneral), QStringList{u"4|99|it's|p|/b|0|premonth"_s});
-}
-
 TEST_F(SettingsTest, ABookBoxThatIsGoneGivesWayToTheDefaultOne) {
     QDir().mkpath(Path(u"Mine"_s));
     const QString box = State().gDefaultBox;
@@ -290,18 +247,15 @@ TEST_F(SettingsTest, AChosenBookBoxIsFoundAgainWhereAFolderAboveCannotBeListed) 
     State().settings.sDBPath = chosen.toLower();
     SaveSetting({}, kSaveBookBox);
     ForgetFolders();
-    for (const auto& folder : {Path({}), shared})
-        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                          QFile::ExeGroup | QFile::ExeOther);
-    if (geteuid() == 0)
-        ASSERT_EQ(seteuid(65534), 0);
-    else
-        QFile::setPermissions(shared, QFile::ExeOwner);
-    Load();
-    if (getuid() == 0)
-        ASSERT_EQ(seteuid(0), 0);
-    else
-        QFile::setPermissions(shared, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const auto own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const auto through = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QFile::setPermissions(Path({}), own | through);
+    QFile::setPermissions(shared, through);
+    {
+        const WithoutRights rights;
+        Load();
+    }
+    QFile::setPermissions(shared, own);
     EXPECT_EQ(State().settings.sDBPath, chosen.toLower());
 }
 
@@ -326,12 +280,6 @@ TEST_F(SettingsTest, ASecondCopyLeavesItsPathAndLearnsTheHandle) {
 
 TEST_F(SettingsTest, MissingFilesAreReportedInOneBox) {
     QDir(State().gDefaultBox).removeRecursively();
-    const QStringList names{u"JotAgent"_s, u"Set.ini"_s,     u"Ico.ico"_s,
-                            u"Jot.ico"_s,  u"HeadIco.ico"_s, u"JotIco"_s};
-    const auto touch = [&](const QString& name) {
-        QFile file(BesideProgram(name));
-        EXPECT_TRUE(file.open(QIODevice::Append));
-    };
     const auto lack = [&](const QString& name) {
         return u"\n    缺少【"_s + BesideProgram(name) + u"】文件!"_s;
     };
@@ -346,8 +294,8 @@ TEST_F(SettingsTest, MissingFilesAreReportedInOneBox) {
     EXPECT_EQ(SampleBytes(), SampleBookImage());
 
     WriteSample("edited");
-    for (const auto& name : names)
-        touch(name);
+    for (const auto& name : {u"JotAgent"_s, u"Ico.ico"_s, u"Jot.ico"_s, u"HeadIco.ico"_s, u"JotIco"_s})
+        PutFile(u"program/"_s + name);
     EXPECT_TRUE(CheckFiles());
     EXPECT_EQ(SampleBytes(), QByteArray("edited"));  // only a box that was just made gets the sample
 
@@ -356,16 +304,4 @@ TEST_F(SettingsTest, MissingFilesAreReportedInOneBox) {
     boxes.Expect(u"意外错误, 可能路径中包含了非法字符 或 当前Windows用户无权限"_s + lack(u"JotIco"_s));
     EXPECT_FALSE(CheckFiles());
     EXPECT_EQ(boxes.Last().height, 2 * 25 + 100);
-}
-
-TEST_F(SettingsTest, TheCountOnTheLogoHoldsDueNotesAndOpenMessages) {
-    Load();
-    OpenSample();
-    EXPECT_EQ(DueCount(), 0);
-    State().gDB.Execute(
-        u"insert into tNotebook (ID1,bWake,bWakeOk,WakeDate) values (2,1,0,'2016-09-03'), "
-        u"(3,1,0,'2016-09-04'),"
-        u" (4,1,1,'2016-09-01'), (5,0,0,'2016-09-01'), (6,1,0,'2015-12-31')"_s);
-    State().gSetDB.Execute(u"insert into tAd (Id1,bWakeOk) values (1,0), (2,1)"_s);
-    EXPECT_EQ(DueCount(), 3);
 }

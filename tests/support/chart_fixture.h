@@ -10,7 +10,6 @@ constexpr Chart kAccounts = Chart::accounts;
 class MaintenanceTest : public Fixture {
  protected:
     MaintenanceTest() { OpenSample(); }
-    cConnection& Book() { return State().gDB; }
 
     QStringList Dump(const QString& sql) { return Rows(Book(), sql); }
     /// The chart row: code, name, increase, decrease, balance, whether an opening row is linked.

@@ -17,12 +17,6 @@ struct Played {
 
 class DriveTest : public Fixture {
  protected:
-    DriveTest() {
-        QFile file(path_);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(SampleBookImage());
-    }
-
     Played Drive(const QByteArray& input, const QStringList& options = {}) {
         QProcess process;
         process.start(QString::fromUtf8(KESTRO_DRIVE), options + QStringList{path_});
@@ -53,5 +47,5 @@ class DriveTest : public Fixture {
         return Rows(book, sql);
     }
 
-    const QString path_ = Path(QStringLiteral("drive.jotdb"));
+    const QString path_ = PutFile(QStringLiteral("drive.jotdb"), SampleBookImage());
 };

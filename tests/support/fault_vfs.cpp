@@ -1,9 +1,11 @@
 #include "tests/support/fault_vfs.h"
 
 #include "store/connection.h"
+#include "store/errors.h"
 #include "tests/support/fixture.h"
 
 #include <sqlite3.h>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -103,6 +105,24 @@ int Delete(sqlite3_vfs*, const char* name, int syncFolder) {
     return RealDisk()->xDelete(RealDisk(), name, 0);
 }
 
+// Fails are set by arm after prepare, and taken away before check.
+int PlayEach(const FaultStory& story, const std::function<void(int n)>& arm) {
+    for (int n = 1;; ++n) {
+        SCOPED_TRACE("failing " + std::to_string(n));
+        cConnection::Seams() = {};
+        story.prepare();
+        arm(n);
+        PendingError error;
+        const bool done = Succeeds(story.action, &error);
+        Disk() = {};
+        cConnection::Seams() = {};
+        if (!done) EXPECT_NE(error.number, 0);
+        if (State().gDB.IsOpen()) EXPECT_FALSE(State().gDB.InTransaction());
+        story.check(done);
+        if (done || testing::Test::HasFailure()) return n - 1;
+    }
+}
+
 }  // namespace
 
 bool DiskFaults::Hits(Operation operation) {
@@ -146,4 +166,28 @@ QString CheckBook(const QString& path) {
     cConnection book;
     book.Open(path);
     return Rows(book, u"pragma integrity_check"_s).join(u'\n');
+}
+
+int FailEach(DiskFaults faults, const FaultStory& story) {
+    return PlayEach(story, [&faults](int n) {
+        cConnection::Seams().vfs = TestDisk();
+        faults.failAt = n;
+        Disk() = faults;
+    });
+}
+
+int FailEachStatement(const FaultStory& story) {
+    return PlayEach(story, [](int n) {
+        cConnection::Seams().beforeStatement = [n, seen = 0](const QString& sql) mutable {
+            if (++seen == n) FailStatement(u"刺探"_s, sql);
+        };
+    });
+}
+
+void MoveToTestDisk() {
+    const QString path = State().gDB.Path();
+    State().gDB.Close();
+    cConnection::Seams().vfs = TestDisk();
+    Disk() = {};
+    State().gDB.Open(path);
 }

@@ -7,9 +7,12 @@
 #include "store/outside.h"
 #include "store/paths.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <cmath>
+#include <csignal>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -80,12 +83,17 @@ void Fixture::SetClock(const QString& moment) {
     Outside().now = [now] { return now; };
 }
 
-QString Fixture::OpenCopy(const QByteArray& image, const QString& name) {
+QString Fixture::PutFile(const QString& name, const QByteArray& bytes) const {
     const QString path = Path(name);
+    QDir().mkpath(ParentPath(path));
     QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(image);
-    file.close();
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
+    EXPECT_EQ(file.write(bytes), bytes.size());
+    return path;
+}
+
+QString Fixture::OpenCopy(const QByteArray& image, const QString& name) {
+    const QString path = PutFile(name, image);
     State().gBooks.assign(1, {path.toLower(), name.chopped(6), 2016, u"10.0"_s});
     State().gCurBook = 0;
     State().gDB.Open(path);
@@ -98,6 +106,30 @@ QString Fixture::OpenSample(const QString& name) {
 
 QString Fixture::OpenEmpty(const QString& name) {
     return OpenCopy(EmptyBookImage(), name);
+}
+
+QByteArray BytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+WithoutRights::WithoutRights() {
+    if (geteuid() == 0) lowered_ = seteuid(65534) == 0;
+}
+
+WithoutRights::~WithoutRights() {
+    if (lowered_) EXPECT_EQ(seteuid(0), 0);
+}
+
+FullDisk::FullDisk(qint64 most) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &before_), 0);
+    const rlimit limit{static_cast<rlim_t>(most), before_.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
+
+FullDisk::~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
 }
 
 QStringList Rows(cConnection& book, const QString& sql) {

@@ -16,6 +16,7 @@
 #include <map>
 #include <optional>
 #include <ostream>
+#include <sys/resource.h>
 
 /// How failures print texts.
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -55,16 +56,47 @@ class Fixture : public ::testing::Test {
 
     /// A path in the temporary folder.
     QString Path(const QString& name) const { return folder_.filePath(name); }
+    /// Writes a file of the temporary folder, with the folders above it. Answers its path.
+    QString PutFile(const QString& name, const QByteArray& bytes = "x") const;
     /// A fresh copy of the sample or the empty book, opened as the current book.
     QString OpenSample(const QString& name = QStringLiteral("book.jotdb"));
     QString OpenEmpty(const QString& name = QStringLiteral("book.jotdb"));
     void SetClock(const QString& moment);
+    static cConnection& Book() { return State().gDB; }
 
     Script boxes;
 
  private:
     QString OpenCopy(const QByteArray& image, const QString& name);
     QTemporaryDir folder_;
+};
+
+/// The bytes of a file; none where it cannot be read.
+QByteArray BytesOf(const QString& path);
+
+/// For as long as it lives the process may not do what only root may.
+class WithoutRights {
+ public:
+    WithoutRights();
+    ~WithoutRights();
+    WithoutRights(const WithoutRights&) = delete;
+    WithoutRights& operator=(const WithoutRights&) = delete;
+
+ private:
+    bool lowered_ = false;
+};
+
+/// For as long as it lives no file grows beyond a number of bytes, as on a disk that is full.
+class FullDisk {
+ public:
+    explicit FullDisk(qint64 most);
+    ~FullDisk();
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+    rlimit before_{};
+    void (*handler_)(int);
 };
 
 /// Rows of a query as lines of "a|b|c"; null as "-".

@@ -4,6 +4,7 @@
 #include "shell/commands.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_edit_box.h"
+#include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"
 #include "shell/input_dialog.h"
@@ -86,6 +87,22 @@ bool UiFixture::Wait(const std::function<bool()>& done) {
         QTest::qWait(5);
     }
     return true;
+}
+
+QStringList Column(const KestroList* list, int column) {
+    QStringList cells;
+    for (int row = 0; row < list->RowCount(); ++row)
+        cells << list->Cell(row, column);
+    return cells;
+}
+
+void Press(QWidget* window, const char* name, QPoint at) {
+    QTest::mouseClick(Find<QWidget>(window, name), Qt::LeftButton, {}, at);
+}
+
+void Present(QWidget* window) {
+    window->show();
+    QApplication::setActiveWindow(window);
 }
 
 void OnNextModal(std::function<void(QWidget*)> body) {

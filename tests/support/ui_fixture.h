@@ -10,7 +10,10 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
+
+class KestroList;
 
 /// The form of a kind or an account as it opened.
 struct InputSeen {
@@ -43,6 +46,16 @@ class UiFixture : public Fixture {
     InputSeen inputShown_;
 };
 
+/// Settings, the sample book and everything registered, where most windows open.
+class SampleStage : public UiFixture {
+ protected:
+    SampleStage() {
+        OpenSettingsStore();
+        OpenSample();
+        RegisterAll();
+    }
+};
+
 /// The control of this name and type below a window.
 template <typename T>
 T* Find(QWidget* window, const char* name) {
@@ -50,6 +63,22 @@ T* Find(QWidget* window, const char* name) {
     EXPECT_NE(found, nullptr) << name;
     return dynamic_cast<T*>(found);
 }
+
+/// A list page of the ledger, as large as the frame of its start shows it.
+template <typename P>
+std::unique_ptr<P> NewPage() {
+    auto page = std::make_unique<P>(nullptr);
+    page->resize(1096, 618);
+    page->show();
+    return page;
+}
+/// The cells of a column from above.
+QStringList Column(const KestroList* list, int column);
+
+/// Clicks the control of this name; in its middle when no place is given.
+void Press(QWidget* window, const char* name, QPoint at = {});
+/// Shows a window as the one that has the keyboard.
+void Present(QWidget* window);
 
 /// Runs body on the modal window that opens next; closes it if body leaves it open.
 void OnNextModal(std::function<void(QWidget*)> body);

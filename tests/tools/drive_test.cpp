@@ -241,10 +241,7 @@ TEST_F(DriveTest, ABookThatCannotBeOpenedEndsWithOneAnswer) {
     ASSERT_EQ(wrong.answers.size(), 1U);
     EXPECT_EQ(wrong.answers[0][u"message"].toString(), u"口令不正确!"_s);
     EXPECT_EQ(Drive("{\"cmd\":\"list\"}\n"_ba, {u"--pass"_s, u"it's"_s}).answers[0][u"ok"], true);
-    QFile file(path_);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write("no book at all");
-    file.close();
+    PutFile(u"drive.jotdb"_s, "no book at all");
     const auto foreign = Drive("{\"cmd\":\"list\"}\n"_ba);
     EXPECT_EQ(foreign.code, 1);
     ASSERT_EQ(foreign.answers.size(), 1U);

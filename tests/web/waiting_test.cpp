@@ -36,8 +36,7 @@ TEST_F(WaitingTest, ALineBecomesARowWithItsBreaks) {
             u"2|午餐|3|项目收入|abc|2016-09-03|08:15|-1|0||1||0|0|||1|"_s}));
     QStringList shown;
     Job job;
-    ReadWebRows(Book(), WebList::waiting, job,
-                [&](WebRow&& row) { shown << QStringList(row.cells.begin(), row.cells.end()).join(u'|'); });
+    ReadWebRows(Book(), WebList::waiting, job, [&](WebRow&& row) { shown << row.cells.All().join(u'|'); });
     EXPECT_EQ(shown, (QStringList{u"1|O'Neil <b>|2016-09-03 08:15|项目收入|12.50|现金|12.50|东华公司|-7"_s,
                                   u"2|午餐|2016-09-03 08:15|项目收入|abc||||"_s}));
 }

@@ -143,7 +143,7 @@ void MeasureExports(SpeedTable& table, const QString& path, int entries, int run
     State().gDataDir = QFileInfo(path).path() + u"/data"_s;
     Outside().open = [](const QString&) { return true; };
     const auto query = BuildEntryQuery({});
-    std::vector<std::vector<QString>> rows;
+    std::vector<RowTexts> rows;
     {
         Job job;
         ReadLines(State().gDB, query, 0, job,

@@ -76,7 +76,7 @@ QJsonObject AnswerBranches(const QJsonObject& r) {
 }
 
 ExportTable EntriesTable(const QJsonObject& r) {
-    std::vector<std::vector<QString>> rows;
+    std::vector<RowTexts> rows;
     const StopWaits waits;
     Job job;
     ReadLines(State().gDB, BuildEntryQuery(FilterOf(r)), PageOf(r), job,
@@ -85,7 +85,7 @@ ExportTable EntriesTable(const QJsonObject& r) {
 }
 
 ExportTable RecordsTable(const QJsonObject& r) {
-    std::vector<std::vector<QString>> rows;
+    std::vector<RowTexts> rows;
     const StopWaits waits;
     Job job;
     ReadRecordLines(State().gDB, BuildRecordQuery(FilterOf(r)), PageOf(r), job,
@@ -102,8 +102,9 @@ std::optional<ExportTable> TableAsked(const QJsonObject& r) {
     const auto mode = ModeOfKey(r[u"mode"].toString());
     if (list != u"report" || !mode) return {};
     const auto found = Reports().find(*mode);
-    return found == Reports().end() ? ReportExport(*mode, ModeRow(*mode).title, {})
-                                    : ReportExport(*mode, found->second.caption, found->second.lines);
+    if (found == Reports().end()) return ReportExport(*mode, ModeRow(*mode).title, {});
+    const auto& lines = found->second.lines;
+    return ReportExport(*mode, found->second.caption, {lines.begin(), lines.end()});
 }
 
 QJsonObject AnswerExport(const QJsonObject& r) {

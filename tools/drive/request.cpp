@@ -152,8 +152,8 @@ int PageOf(const QJsonObject& request) {
     return std::max(0, request[u"page"].toInt());
 }
 
-QJsonArray CellsOf(const std::vector<QString>& cells) {
-    return QJsonArray::fromStringList({cells.begin(), cells.end()});
+QJsonArray CellsOf(const RowTexts& cells) {
+    return QJsonArray::fromStringList(cells.All());
 }
 
 QJsonObject Refusal(const QString& message, const QString& focus) {

@@ -60,7 +60,7 @@ EntryFilter FilterOf(const QJsonObject& request);
 Period PeriodOf(const QJsonObject& request);
 int PageOf(const QJsonObject& request);
 
-QJsonArray CellsOf(const std::vector<QString>& cells);
+QJsonArray CellsOf(const RowTexts& cells);
 
 /// The whole numbers of the field "ids", or of another; nullopt when it is no list of such.
 std::optional<std::vector<qint64>> IdsOf(const QJsonObject& request,

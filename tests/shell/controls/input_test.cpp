@@ -206,22 +206,15 @@ TEST(Calculator, GivesItsValueToTheBoxAndNothingAfterAnError) {
 }
 
 TEST(Calculator, LetsTypingGoOnInTheBoxWhenThePointerOpenedIt) {
-    Stage<KestroText> stage(TextMode::amount);
-    KestroCalculator calculator(stage.box);
-    calculator.PopUp(stage.box, {}, 3, false);
-    EXPECT_TRUE(stage.box->hasFocus());
-    QTest::keyClicks(stage.box, u"25"_s);
-    EXPECT_EQ(stage.box->text(), u"25"_s);
-    EXPECT_FALSE(calculator.isVisible());
-}
-
-TEST(Calculator, ClosesWhenTheInputMethodTypesIntoTheBox) {
-    Stage<KestroText> stage(TextMode::amount);
-    KestroCalculator calculator(stage.box);
-    calculator.PopUp(stage.box, {}, 3, false);
-    Commit(*stage.box, u"２５"_s);
-    EXPECT_EQ(stage.box->text(), u"25"_s);
-    EXPECT_FALSE(calculator.isVisible());
+    for (const bool composed : {false, true}) {
+        Stage<KestroText> stage(TextMode::amount);
+        KestroCalculator calculator(stage.box);
+        calculator.PopUp(stage.box, {}, 3, false);
+        EXPECT_TRUE(stage.box->hasFocus());
+        composed ? Commit(*stage.box, u"２５"_s) : QTest::keyClicks(stage.box, u"25"_s);
+        EXPECT_EQ(stage.box->text(), u"25"_s);
+        EXPECT_FALSE(calculator.isVisible()) << composed;
+    }
 }
 
 // Opened for its own sake it takes the keyboard, shows its result and stays until Escape.
