@@ -1,7 +1,6 @@
 // Storing, posting and moving on a failing disk, with a failing statement, or in a program that is killed:
 // every row waits or is in the history, posted once, and the site forgets only what is stored.
 
-#include "store/errors.h"
 #include "store/notices.h"
 #include "tests/support/fault_vfs.h"
 #include "tests/support/web_fixture.h"
@@ -45,27 +44,19 @@ class WebFaultsTest : public WebFixture {
         }
     }
     // The book as an action finds it.
-    void Begin(const QString& from, const QByteArray& disk) {
+    void Begin(const QString& from) {
         const QString path = Book().Path();
         Book().Close();
         Copy(from, path);
-        cConnection::Seams().vfs = disk;
         Book().Open(path);
-        Disk() = {};
         told_ = false;
         notified_ = 0;
     }
-    // The book on a disk that works again; of a killed program as it stood then.
-    void Heal(bool disk, const QString& killed) {
-        Disk() = {};
-        cConnection::Seams() = {};
-        EXPECT_FALSE(Book().InTransaction());
-        if (!disk) return;
+    void Reopen(const QString& from = {}) {
         const QString path = Book().Path();
         Book().Close();
-        if (!killed.isEmpty()) Copy(killed, path);
+        if (!from.isEmpty()) Copy(from, path);
         Book().Open(path);
-        if (!killed.isEmpty()) told_ = false;
     }
 
     static QStringList Titles(const QString& from) {
@@ -98,67 +89,66 @@ class WebFaultsTest : public WebFixture {
 TEST_F(WebFaultsTest, EveryRowWaitsOrIsPostedOnceAndTheNextTryTakesTheRest) {
     const QString empty = Path(u"empty.jotdb"_s), fetched = Path(u"fetched.jotdb"_s),
                   killed = Path(u"killed.jotdb"_s);
-    ASSERT_TRUE(QFile::copy(Book().Path(), empty));
+    Copy(Book().Path(), empty);
     Fetch();
-    ASSERT_TRUE(QFile::copy(Book().Path(), fetched));
+    Copy(Book().Path(), fetched);
     struct Action {
         const char* name;
-        QString from;
+        QString from, to;
         std::function<void()> act;
-        QString goesTo;
         qsizetype posted;
+        int statements;
     };
-    struct Fault {
-        const char* name;
-        DiskFaults::Operation operation;  // kOperations stands for statements
-        bool stays, full;
-        int least;
-        bool kills = false;
-    };
-    const Fault faults[] = {{"write", DiskFaults::kWrite, false, false, 14},
-                            {"full disk", DiskFaults::kWrite, true, true, 14},
-                            {"sync", DiskFaults::kSync, false, false, 3},
-                            {"open", DiskFaults::kOpen, false, false, 1},
-                            {"delete", DiskFaults::kDelete, false, false, 1},
-                            {"kill", DiskFaults::kWrite, false, false, 14, true},
-                            {"statement", DiskFaults::kOperations, false, false, 4}};
-    for (const auto& action : {Action{"store", empty, [this] { Fetch(); }, u"tAccountWeb"_s, 0},
-                               {"post", fetched, [this] { Post(); }, u"tAccountWebDel"_s, 2},
-                               {"move", fetched, [this] { Move(); }, u"tAccountWebDel"_s, 0}})
-        for (const auto& fault : faults) {
-            const bool disk = fault.operation != DiskFaults::kOperations;
-            int failures = 0;
-            bool reached = true;  // so many operations there are
-            for (int n = 1; reached; ++n) {
-                SCOPED_TRACE(std::string(action.name) + ", " + fault.name + " " + std::to_string(n));
-                Begin(action.from, disk ? TestDisk() : QByteArray());
-                if (!fault.kills) Disk().failing = fault.operation;
-                Disk().failAt = n;
-                Disk().stays = fault.stays;
-                Disk().full = fault.full;
-                int seen = 0;
-                if (!disk)
-                    cConnection::Seams().beforeStatement = [&](const QString& sql) {
-                        if (++seen == n) FailStatement(u"刺探"_s, sql);
-                    };
-                if (fault.kills)
-                    Disk().beforeChange = [&] {
-                        if (++seen == n) Copy(Book().Path(), killed);
-                    };
-                const bool ended = Succeeds(action.act);
-                reached = (disk && !fault.kills ? Disk().count[fault.operation] : seen) >= n;
-                const bool done = ended && !(fault.kills && reached);
-                failures += !done;
-                Heal(disk, done || !fault.kills ? QString() : killed);
-                ExpectWhole(action.from == fetched);
-                if (!fault.kills) EXPECT_EQ(notified_, Titles(kPosted).isEmpty() ? 0 : 1);
-                if (!done) action.act();
-                EXPECT_EQ(Titles(action.goesTo), titles_);
-                EXPECT_EQ(Titles(kEntries).size(), action.posted);
-                EXPECT_EQ(told_, action.from == empty);
-                EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
-                ASSERT_FALSE(HasFailure());
-            }
-            EXPECT_GE(failures, fault.least) << action.name << ", " << fault.name;
+    const std::pair<DiskFaults, int> faults[] = {
+        {{.failing = DiskFaults::kWrite}, 14},
+        {{.failing = DiskFaults::kWrite, .stays = true, .full = true}, 14},
+        {{.failing = DiskFaults::kSync}, 3},
+        {{.failing = DiskFaults::kOpen}, 1},
+        {{.failing = DiskFaults::kDelete}, 1}};
+    for (const auto& [name, from, to, act, posted, statements] :
+         {Action{"store", empty, u"tAccountWeb"_s, [this] { Fetch(); }, 0, 5},
+          {"post", fetched, u"tAccountWebDel"_s, [this] { Post(); }, 2, 40},
+          {"move", fetched, u"tAccountWebDel"_s, [this] { Move(); }, 0, 4}}) {
+        SCOPED_TRACE(name);
+        const auto check = [&](bool done) {
+            ExpectWhole(from == fetched);
+            if (!done) act();
+            EXPECT_EQ(Titles(to), titles_);
+            EXPECT_EQ(Titles(kEntries).size(), posted);
+            EXPECT_EQ(told_, from == empty);
+            EXPECT_EQ(BalanceBreaks(Book()) + TieBreaks(Book()), QStringList());
+        };
+        const FaultStory onDisk{[&] {
+                                    Begin(from);
+                                    MoveToTestDisk();
+                                },
+                                act,
+                                [&](bool done) {
+                                    EXPECT_EQ(notified_, Titles(kPosted).isEmpty() ? 0 : 1);
+                                    Reopen();
+                                    check(done);
+                                }};
+        for (const auto& [fault, least] : faults)
+            EXPECT_GE(FailEach(fault, onDisk), least) << fault.failing;
+        EXPECT_GE(FailEachStatement({[&] { Begin(from); }, act, check}), statements);
+
+        int n = 1;
+        for (bool reached = true; reached; ++n) {
+            SCOPED_TRACE("killed at write " + std::to_string(n));
+            onDisk.prepare();
+            int changes = 0;
+            Disk().beforeChange = [&] {
+                if (++changes == n) Copy(Book().Path(), killed);
+            };
+            act();
+            Disk() = {};
+            cConnection::Seams() = {};
+            reached = changes >= n;
+            told_ = told_ && !reached;
+            Reopen(reached ? killed : QString());
+            check(!reached);
+            ASSERT_FALSE(HasFailure());
         }
+        EXPECT_GT(n, 14);
+    }
 }
