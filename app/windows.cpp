@@ -123,6 +123,7 @@ void RegisterCommands() {
         if (auto* page = PageOfCode(kPageSetting)) page->OpenSub(key);
     };
     commands.webCheck = [] { Web().Check(); };
+    commands.webStop = [] { Web().Stop(); };
     commands.webHome = [] { OpenWebHome(); };
     commands.webValidate = [](const QString& user, const QString& pass) {
         Web().Begin(WebTalk::validate, user, pass);

@@ -57,7 +57,7 @@ start_as_user() {
 # The files of a prefix, each where a desktop looks for it.
 check_files() {
     local prefix=$1 file size
-    for file in bin/KestroJot lib/kestrojot/JotAgent lib/kestrojot/JotIco lib/kestrojot/plugins/libjotnetwork.so lib/kestrojot/Set.ini \
+    for file in bin/KestroJot lib/kestrojot/JotAgent lib/kestrojot/JotIco lib/kestrojot/jotnetwork lib/kestrojot/Set.ini \
         lib/kestrojot/Skin/skin.ini lib/kestrojot/Ico.ico lib/kestrojot/Jot.ico lib/kestrojot/HeadIco.ico \
         share/applications/$id.desktop share/metainfo/$id.metainfo.xml share/mime/packages/kestrojot.xml \
         share/man/man1/KestroJot.1.gz share/doc/kestrojot/copyright share/icons/hicolor/scalable/apps/$id.svg; do

@@ -16,6 +16,7 @@ struct FrameCommands {
     std::function<void()> about;
     std::function<void(const QString& text, const JobBar& bar)> search;  ///< over entries and notes
     std::function<void()> webCheck;                                      ///< of the main window's timer
+    std::function<void()> webStop;                                       ///< ends what the user waits for
     std::function<void()> webHome;  ///< the page where the user keeps the web ledger
     std::function<void(const QString& user, const QString& pass)> webValidate;  ///< as typed in the settings
     std::function<void(const QString& key)> openSettings;  ///< a sub-page of the settings

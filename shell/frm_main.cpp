@@ -20,6 +20,7 @@
 
 #include <QApplication>
 #include <QMetaObject>
+#include <QShortcut>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,9 @@ frmMain::frmMain() {
     BuildHeader();
     BuildStatusBar();
     BindShortcuts(*this);
+    stopKey_ = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    stopKey_->setEnabled(false);
+    connect(stopKey_, &QShortcut::activated, this, [] { RunEvent(Commands().webStop); });
     FillHost();
     RefreshBook();
     SetFormTab(kTabAccount);
@@ -142,6 +146,7 @@ void frmMain::SetFormTab(int index) {
     if (tab_ >= 0) ShowPage(tab_, false);
     tab_ = index;
     SelectTab(index);
+    if (locked_) ShowWaiting(tab_ != kTabWeb);
     GetWinhWnd(index)->TakeFocus();
     GetWinhWnd(index)->Shown();
 }
@@ -151,6 +156,7 @@ Page* frmMain::LoadPage(int index) {
     if (!page) {
         page = MakePage(index, Body());
         page->SetDisplayMode(DisplayMode());
+        page->SetLocked(locked_);
         TakeUpColumns(index);
     }
     return page;

@@ -16,6 +16,7 @@ class KestroCalculator;
 class KestroPGress;
 class KestroStatusBar;
 class KestroText;
+class QShortcut;
 
 class frmMain : public KestroForm {
  public:
@@ -70,6 +71,8 @@ class frmMain : public KestroForm {
     /// Size, place and display mode of the last run, where they fit the screen; held to it otherwise.
     void TakeUpPlace();
     void SetWebTip(int kind, const QString& text);
+    /// The status bar shows that the web ledger is waited for; its own page has a bar for that.
+    void ShowWaiting(bool waiting);
     void KeepPlace();
     void TakeUpColumns(int tab);
     void KeepColumns(int tab);
@@ -93,5 +96,6 @@ class frmMain : public KestroForm {
     KestroCalculator* KestroCalculator1 = nullptr;
     NoticeToken booksChanged_, groupingChanged_, remindersChanged_, webTip_, webBusy_;
     bool locked_ = false;
+    QShortcut* stopKey_ = nullptr;  ///< of what the lock waits for
     QPointer<QWidget> focusBeforeLock_;
 };

@@ -12,6 +12,8 @@
 #include "store/paths.h"
 #include "store/state.h"
 
+#include <QShortcut>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -43,7 +45,10 @@ void frmMain::BuildStatusBar() {
     txtSearch->onEmptied = [] {};
     KestroPGress1 = new KestroPGress(barTip);
     KestroPGress1->setObjectName(u"KestroPGress1"_s);
-    KestroPGress1->onClick = [] { Job::Stop(); };
+    KestroPGress1->onClick = [this] {
+        Job::Stop();
+        if (locked_) RunEvent(Commands().webStop);
+    };
     KestroPGress1->hide();
     AllowDuringJob(KestroPGress1);
     barTip->SetOver(txtSearch);
@@ -69,13 +74,22 @@ void frmMain::SetLocked(bool locked) {
     if (locked == locked_) return;
     locked_ = locked;
     if (locked) focusBeforeLock_ = focusWidget();
-    Body()->setEnabled(!locked);
+    for (auto* page : pages_)
+        if (page) page->SetLocked(locked);
+    stopKey_->setEnabled(locked);
+    ShowWaiting(locked && tab_ != kTabWeb);
     txtSearch->setEnabled(!locked && Commands().search);
     for (const auto& name : {u"logo"_s, u"label"_s, u"web"_s, u"calculator"_s, u"menu"_s})
         HeaderWidget(name)->setEnabled(!locked);
     for (int tab = 0; tab < kTabs; ++tab)
         SetTabEnabled(tab, !locked && HasPageFactory(tab));
     if (!locked && focusBeforeLock_ && focusBeforeLock_->isVisible()) focusBeforeLock_->setFocus();
+}
+
+void frmMain::ShowWaiting(bool waiting) {
+    KestroPGress1->SetWaiting(waiting ? u"正在连接网站…"_s : QString());
+    KestroPGress1->setVisible(waiting);
+    txtSearch->setVisible(!waiting);
 }
 
 void frmMain::StatusClicked(int panel) {

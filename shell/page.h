@@ -47,6 +47,8 @@ class Page : public QWidget {
     virtual void SetDisplayMode(int /*mode*/) {}
     /// The lists whose columns the user may press and pull.
     virtual std::vector<KestroList*> Lists() const { return {}; }
+    /// Nothing can be begun while the web ledger is waited for; what can stop it goes on.
+    virtual void SetLocked(bool locked) { setEnabled(!locked); }
     /// Marks a book of gBooks in the page's strip.
     virtual void SelectBook(int /*index*/) {}
     /// Shows a sub-page by its key.

@@ -111,14 +111,18 @@ QString CharsetOfHeader(const QString& contentType) {
     return charset.match(contentType).captured(1);
 }
 
-QByteArray FormEncoded(const QString& text, const QString& charset) {
+QByteArray FormBytes(const QString& text, const QString& charset) {
     QString lines = text;
     lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u"\n"_s, u"\r\n"_s);
     QByteArray out;
     FormCodec codec(charset);
     for (const char32_t c : lines.toUcs4())
-        out += InForm(c < 0x80 ? QByteArray(1, static_cast<char>(c)) : codec.Encode(c));
+        out += c < 0x80 ? QByteArray(1, static_cast<char>(c)) : codec.Encode(c);
     return out;
+}
+
+QByteArray FormEncoded(const QString& text, const QString& charset) {
+    return InForm(FormBytes(text, charset));
 }
 
 QByteArray AddressEncoded(const QString& text) {

@@ -16,8 +16,10 @@ DecodedPage DecodePage(const QByteArray& bytes, const QString& headerCharset);
 /// The code page in the value of a Content-Type header; empty when it names none.
 QString CharsetOfHeader(const QString& contentType);
 
-/// A form's text as a browser puts it into an address or a body: blanks as "+", what the code page does not
-/// have as its number. line breaks are CR LF.
+/// A form's text in its code page, as a browser sends it: what the code page does not have as its number,
+/// line breaks as CR LF.
+QByteArray FormBytes(const QString& text, const QString& charset);
+/// The same as it stands in an address or in a body of that kind: blanks as "+", other signs as %XX.
 QByteArray FormEncoded(const QString& text, const QString& charset);
 
 /// Characters above 0x7F and all but letters and digits as %XX of their UTF-8.

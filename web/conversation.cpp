@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kNoAnswer = u"网站没有正常回答"_s;
+const QString kMayComeAgain = u"下次收取时，可能会再次收到这些记账。"_s;
 
 WebScript FirstScript(WebTalk talk) {
     switch (talk) {
@@ -110,12 +111,21 @@ void WebConversation::End() {
         ShowMsg(WordOf(talk_) + u"失败："_s + kNoAnswer, u"确定"_s, kMsgFail);
 }
 
+void WebConversation::TellStopped() const {
+    QString told = WordOf(talk_) + u"已停止!"_s;
+    if (toldSite_)
+        told += u"\n记账已收到，但网站可能没有得到通知。"_s + kMayComeAgain;
+    else if (sentForm_)
+        told += u"\n网站可能已收到这次上传。"_s;
+    ShowMsg(told);
+}
+
 void WebConversation::Fail(const QString& reason) {
     failed_ = true;
     SetWebTip(kTipState, u"无法访问"_s);
     if (!IsAsked()) return;
     if (toldSite_)
-        ShowMsg(u"记账已收到，但未能通知网站："_s + reason + u"\n下次收取时，可能会再次收到这些记账。"_s);
+        ShowMsg(u"记账已收到，但未能通知网站："_s + reason + u'\n' + kMayComeAgain);
     else
         ShowMsg(WordOf(talk_) + u"失败："_s + reason, u"确定"_s, kMsgFail);
 }

@@ -42,6 +42,8 @@ class WebConversation {
     std::optional<WebRequest> TakeFields(const std::vector<std::pair<QString, QString>>& fields);
 
     bool Failed() const { return failed_; }
+    /// Tells the user that it ends because he wished so, and what may have been done by then.
+    void TellStopped() const;
 
  private:
     WebRequest Ask(WebScript script) const;

@@ -34,6 +34,12 @@ void frmWebAcc::pRESETGROUP() {
             if (list->Column(column).type == u"money") list->SetMoneyGroup(column, State().settings.nGroup);
 }
 
+void frmWebAcc::SetLocked(bool locked) {
+    for (QWidget* part : {static_cast<QWidget*>(KestroScrollMenu1), static_cast<QWidget*>(toolbar_),
+                          static_cast<QWidget*>(lists_[0]), static_cast<QWidget*>(lists_[1])})
+        part->setEnabled(!locked);
+}
+
 void frmWebAcc::ShowList(WebList list) {
     list_ = list;
     const bool waiting = list == WebList::waiting;

@@ -26,6 +26,8 @@ class frmWebAcc : public StripPage {
     void pRESETGROUP() override;
     std::vector<KestroList*> Lists() const override { return {lists_.begin(), lists_.end()}; }
 
+    void SetLocked(bool locked) override;
+
     void ShowList(WebList list);
 
  private:

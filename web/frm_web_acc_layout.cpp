@@ -16,10 +16,12 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int kRoomForAll = 1040;                  // all columns of the history beside the whole strip
 constexpr int kNameLeast = 70, kAmountLeast = 60;  // four characters, five digits
-}
+}  // namespace
 
-frmWebAcc::frmWebAcc(QWidget* parent) : StripPage(parent), fresh_(this, [this] { ReloadData(); }) {
+frmWebAcc::frmWebAcc(QWidget* parent)
+    : StripPage(parent, kRoomForAll), fresh_(this, [this] { ReloadData(); }) {
     BuildStrip();
     BuildToolbar();
     BuildLists();
@@ -107,7 +109,7 @@ void frmWebAcc::LayOut() {
     bars_ = new QWidget(this);
     KestroPGress1 = new KestroPGress(bars_);
     KestroPGress1->setObjectName(u"KestroPGress1"_s);
-    KestroPGress1->setToolTip({});
+    KestroPGress1->onClick = [] { Web().Stop(); };
     KestroPGress2 = new PageJobBar(bars_);
     KestroPGress2->setObjectName(u"KestroPGress2"_s);
     auto* bars = new QGridLayout(bars_);

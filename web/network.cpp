@@ -1,30 +1,48 @@
 #include "web/network.h"
 
+#include "store/places.h"
+#include "web/network_wire.h"
+
 #include <QCoreApplication>
-#include <QLibrary>
-#include <QMetaObject>
+#include <QPointer>
+#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-WebSend Load() {
-    WebSend send;
-    QLibrary library(QCoreApplication::applicationDirPath() + u"/plugins/libjotnetwork.so"_s);
-    if (const auto entry = library.resolve("JotNetworkSend"))
-        reinterpret_cast<void (*)(WebSend*)>(entry)(&send);
-    return send;
+WebReply ReplyFrom(QProcess& process) {
+    WebReply reply;
+    QDataStream answer(process.readAllStandardOutput());
+    answer >> reply;
+    return answer.status() == QDataStream::Ok ? reply : WebReply{.failure = kCannotReach};
 }
 
 }  // namespace
 
 WebSend NetworkSend() {
-    return [send = WebSend()](const WebRequest& request,
-                              std::function<void(WebReply)> done) mutable -> std::function<void()> {
-        if (!send) send = Load();
-        if (send) return send(request, std::move(done));
-        QMetaObject::invokeMethod(
-            qApp, [done = std::move(done)] { done({.failure = kCannotReach}); }, Qt::QueuedConnection);
-        return {};
+    return [](const WebRequest& request, std::function<void(WebReply)> done) -> std::function<void()> {
+        const QPointer<QProcess> process = new QProcess;
+        const auto end = [process, done = std::move(done)] {
+            process->disconnect();
+            process->deleteLater();
+            done(ReplyFrom(*process));
+        };
+        QObject::connect(process, &QProcess::finished, process, end);
+        const auto failed = [end](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart) end();
+        };
+        QObject::connect(process, &QProcess::errorOccurred, process, failed, Qt::QueuedConnection);
+        process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process->start(BesideProgram(u"jotnetwork"_s), {QString::number(QCoreApplication::applicationPid())});
+        QDataStream asked(process);
+        asked << request;
+        process->closeWriteChannel();
+        return [process] {
+            if (!process) return;
+            process->disconnect();
+            QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+            process->kill();
+        };
     };
 }

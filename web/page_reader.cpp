@@ -84,21 +84,42 @@ QString InputType(const GumboNode* node) {
     return known.contains(type) ? type : u"text"_s;
 }
 
-// The chosen option of a list: the last one that says so, otherwise the first that can be chosen.
-QString ChosenOption(const GumboNode* select, bool& any) {
-    QString chosen;
-    bool said = false;
-    any = false;
+bool IsOff(const GumboNode* option) {
+    const auto* around = option->parent;
+    return Find(option, "disabled") || (IsElement(around, GUMBO_TAG_OPTGROUP) && Find(around, "disabled"));
+}
+
+// What a list sends: all that say so in one of many; otherwise the last that says so, or in one that shows a
+// single line the first that can be chosen.
+QStringList Choices(const GumboNode* select) {
+    const bool many = Find(select, "multiple");
+    const bool singleLine = !many && Attribute(select, "size").toInt() <= 1;
+    std::vector<const GumboNode*> chosen;
+    const GumboNode* first = nullptr;
     Walk(select, [&](const GumboNode* node) {
         if (!IsElement(node, GUMBO_TAG_OPTION)) return;
-        const bool says = Find(node, "selected") != nullptr;
-        if (said && !says) return;
-        if (!says && (any || Find(node, "disabled"))) return;
-        chosen = Find(node, "value") ? Attribute(node, "value") : TextBelow(node).simplified();
-        said = said || says;
-        any = true;
+        if (!first && !IsOff(node)) first = node;
+        if (!Find(node, "selected")) return;
+        if (!many) chosen.clear();
+        chosen.push_back(node);
     });
-    return chosen;
+    if (chosen.empty() && singleLine && first) chosen.push_back(first);
+    QStringList values;
+    for (const auto* node : chosen)
+        if (!IsOff(node))
+            values << (Find(node, "value") ? Attribute(node, "value") : TextBelow(node).simplified());
+    return values;
+}
+
+QString MethodOf(const GumboNode* node, const char* attribute) {
+    const QString told = Attribute(node, attribute).toLower();
+    return told == u"post" || told == u"dialog" ? told : u"get"_s;
+}
+
+FormEncoding EncodingOf(const GumboNode* node, const char* attribute) {
+    const QString told = Attribute(node, attribute).toLower();
+    if (told == u"multipart/form-data") return FormEncoding::parts;
+    return told == u"text/plain" ? FormEncoding::plain : FormEncoding::address;
 }
 
 PageElement ReadInput(const GumboNode* node) {
@@ -113,8 +134,10 @@ PageElement ReadSelect(const GumboNode* node) {
     PageElement element{.tag = u"SELECT"_s,
                         .type = Find(node, "multiple") ? u"select-multiple"_s : u"select-one"_s,
                         .name = {},
-                        .value = {}};
-    element.value = ChosenOption(node, element.sends);
+                        .value = {},
+                        .choices = Choices(node)};
+    element.value = element.choices.value(0);
+    element.sends = !element.choices.isEmpty();
     return element;
 }
 
@@ -133,6 +156,7 @@ class Reading {
 
     void Take(const GumboNode* node) {
         if (node->type != GUMBO_NODE_ELEMENT) return;
+        NoteId(node);
         switch (node->v.element.tag) {
             case GUMBO_TAG_BASE:
                 if (page_.base.isEmpty()) page_.base = Attribute(node, "href").trimmed();
@@ -154,7 +178,8 @@ class Reading {
         }
     }
 
-    // An element belongs to the form that stands open at its tag, wherever the tree puts either of them.
+    // An element belongs to the form that it names, otherwise to the one that stands open at its tag,
+    // wherever the tree puts either of them.
     void SetForms() {
         std::map<qsizetype, int> formAt{{-1, -1}};
         qsizetype open = -1;
@@ -165,22 +190,71 @@ class Reading {
         }
         for (size_t i = 0; i < page_.elements.size(); ++i)
             page_.elements[i].form = std::prev(formAt.upper_bound(offsets_[i]))->second;
+        for (auto named = namedForms_.begin(); named != namedForms_.end(); ++named)
+            page_.elements[named.key()].form = ids_.value(named.value(), -1);
+        // Of ticked radio buttons with one name the last stays ticked.
+        QHash<std::pair<int, QString>, size_t> ticked;
+        for (const size_t i : radios_) {
+            const auto& radio = page_.elements[i];
+            const std::pair group{radio.form, radio.name};
+            if (const auto before = ticked.find(group); before != ticked.end())
+                page_.elements[before.value()].sends = false;
+            ticked.insert(group, i);
+        }
     }
 
  private:
+    void NoteId(const GumboNode* node) {
+        const QString id = Attribute(node, "id");
+        if (id.isEmpty() || ids_.contains(id)) return;
+        ids_.insert(id, IsElement(node, GUMBO_TAG_FORM) ? static_cast<int>(page_.forms.size()) : -1);
+    }
+
+    // By itself or by a set of fields around it, whose first legend goes free. What stands in a list of
+    // suggestions is sent no more than what is disabled.
+    bool IsDisabled(const GumboNode* node) {
+        if (Find(node, "disabled")) return true;
+        for (const auto* around = node->parent; around; node = around, around = around->parent) {
+            if (IsElement(around, GUMBO_TAG_DATALIST)) return true;
+            if (IsElement(around, GUMBO_TAG_FIELDSET) && Find(around, "disabled") && node != Legend(around))
+                return true;
+        }
+        return false;
+    }
+
+    const GumboNode* Legend(const GumboNode* fieldset) {
+        const auto known = legends_.constFind(fieldset);
+        if (known != legends_.constEnd()) return known.value();
+        const GumboNode* first = nullptr;
+        const auto& children = fieldset->v.element.children;
+        for (unsigned i = 0; i < children.length && !first; ++i)
+            if (const auto* child = static_cast<const GumboNode*>(children.data[i]);
+                IsElement(child, GUMBO_TAG_LEGEND))
+                first = child;
+        return legends_.insert(fieldset, first).value();
+    }
+
     void TakeForm(const GumboNode* node) {
         const QString told = Attribute(node, "accept-charset").section(u' ', 0, 0, QString::SectionSkipEmpty);
-        page_.forms.push_back(
-            {.action = Attribute(node, "action").trimmed(),
-             .method = Attribute(node, "method").toLower() == u"post" ? u"post"_s : u"get"_s,
-             .charset = told.isEmpty() ? charset_ : told});
+        page_.forms.push_back({.action = Attribute(node, "action").trimmed(),
+                               .method = MethodOf(node, "method"),
+                               .charset = told.isEmpty() ? charset_ : told,
+                               .encoding = EncodingOf(node, "enctype")});
         formsByOffset_.insert(OffsetOf(node), static_cast<int>(page_.forms.size()) - 1);
     }
 
     void Add(const GumboNode* node, PageElement&& element) {
         element.name = Attribute(node, "name");
         element.value = WithBreaks(element.value, u"\r\n"_s);
-        element.sends = element.sends && !Find(node, "disabled");
+        for (auto& choice : element.choices)
+            choice = WithBreaks(choice, u"\r\n"_s);
+        if (Find(node, "formaction")) element.action = Attribute(node, "formaction").trimmed();
+        if (Find(node, "formmethod")) element.method = MethodOf(node, "formmethod");
+        if (Find(node, "formenctype")) element.encoding = EncodingOf(node, "formenctype");
+        const size_t index = page_.elements.size();
+        if (Find(node, "form")) namedForms_.insert(index, Attribute(node, "form"));
+        if (element.type == u"radio" && element.sends) radios_.push_back(index);
+        element.sends = element.sends && !IsDisabled(node);
         page_.elements.push_back(std::move(element));
         offsets_.push_back(OffsetOf(node));
     }
@@ -192,6 +266,10 @@ class Reading {
     QString charset_;
     std::vector<qsizetype> offsets_;
     QHash<qsizetype, int> formsByOffset_;
+    QHash<QString, int> ids_;            ///< the form that an id names first, -1 for another element
+    QHash<size_t, QString> namedForms_;  ///< by the element that names one
+    std::vector<size_t> radios_;         ///< ticked ones
+    QHash<const GumboNode*, const GumboNode*> legends_;
 };
 
 }  // namespace

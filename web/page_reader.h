@@ -5,22 +5,32 @@
 #include "web/code_page.h"
 
 #include <QString>
+#include <QStringList>
 
+#include <optional>
 #include <vector>
+
+/// How a form's fields are written; an address always takes the first way.
+enum class FormEncoding { address, parts, plain };
 
 struct PageElement {
     QString tag;   ///< INPUT, TEXTAREA, SELECT or BUTTON
     QString type;  ///< in lower case; "text" where the page names none
     QString name;
-    QString value;      ///< line breaks are CR LF
-    int form = -1;      ///< index into the forms, -1 outside
-    bool sends = true;  ///< belongs to what its form sends: not disabled, and ticked where it can be
+    QString value;             ///< line breaks are CR LF
+    QStringList choices = {};  ///< of a SELECT: all that are chosen; value is the first
+    int form = -1;             ///< index of the form it belongs to, -1 for none
+    bool sends = true;         ///< belongs to what its form sends: not disabled, and ticked where it can be
+    // Of a button, where it names them: they stand over those of its form.
+    std::optional<QString> action = {}, method = {};
+    std::optional<FormEncoding> encoding = {};
 };
 
 struct PageForm {
     QString action;   ///< as it stands, relative to the page
-    QString method;   ///< "get" or "post"
+    QString method;   ///< "get", "post", or "dialog", which sends nothing
     QString charset;  ///< code page of what is sent
+    FormEncoding encoding = FormEncoding::address;
 };
 
 struct WebPage {

@@ -2,6 +2,7 @@
 
 #include "store/chart.h"
 #include "store/state.h"
+#include "web/form_body.h"
 #include "web/web_lines.h"
 
 using namespace Qt::StringLiterals;
@@ -34,44 +35,29 @@ bool IsSubmit(const PageElement& element) {
     return element.tag == u"INPUT" && element.type == u"submit" && element.value == u"提交";
 }
 
-// Buttons send their value only when they are pressed; files are not sent at all.
-bool Sends(const PageElement& element) {
-    static const QStringList buttons{u"submit"_s, u"image"_s, u"reset"_s, u"button"_s, u"file"_s};
-    return element.sends && !element.name.isEmpty() && !buttons.contains(element.type);
-}
-
-QByteArray Encode(const WebPage& page, const PageElement& pressed, const QString& charset) {
-    QByteArray body;
-    for (const auto& element : page.elements) {
-        const bool isPressed = &element == &pressed && !element.name.isEmpty() && element.sends;
-        if (element.form != pressed.form || !(Sends(element) || isPressed)) continue;
-        if (!body.isEmpty()) body += '&';
-        const QString value =
-            element.type == u"hidden" && element.name == u"_charset_" ? charset : element.value;
-        body += FormEncoded(element.name, charset) + '=' + FormEncoded(value, charset);
-    }
-    return body;
-}
-
 std::optional<WebRequest> Press(const WebPage& page, const PageElement& button, const QUrl& from) {
-    if (button.form < 0) return {};
     const auto& form = page.forms[static_cast<size_t>(button.form)];
+    const QString action = button.action.value_or(form.action), method = button.method.value_or(form.method);
+    if (method == u"dialog") return {};
     const QUrl base = page.base.isEmpty() ? from : from.resolved(QUrl(page.base));
-    QUrl target = form.action.isEmpty() ? from : base.resolved(QUrl(form.action));
+    QUrl target = action.isEmpty() ? from : base.resolved(QUrl(action));
     target.setFragment({});
     if (!IsSpoken(target) || !IsSameOrigin(target, from)) return {};
-    const QByteArray sent = Encode(page, button, form.charset);
+    const bool post = method == u"post";
+    const auto encoding = post ? button.encoding.value_or(form.encoding) : FormEncoding::address;
+    const auto body = EncodeForm(FieldsOfForm(page, button), encoding, form.charset);
     const QString name = target.fileName();
-    if (form.method == u"post") return WebRequest{name, target, true, sent};
+    if (post) return WebRequest{name, target, true, body.bytes, body.contentType};
     QByteArray address = target.adjusted(QUrl::RemoveQuery).toEncoded();
-    return WebRequest{name, QUrl::fromEncoded(address + '?' + sent, QUrl::StrictMode)};
+    return WebRequest{name, QUrl::fromEncoded(address + '?' + body.bytes, QUrl::StrictMode)};
 }
 
 }  // namespace
 
 std::optional<WebRequest> FillUploadForm(WebPage form, const QUrl& page) {
     for (auto& element : form.elements) {
-        if (IsSubmit(element)) return Press(form, element, page);
+        // A button that is disabled or stands in no form does nothing.
+        if (IsSubmit(element) && element.sends && element.form >= 0) return Press(form, element, page);
         if (const auto value = ValueFor(element)) element.value = *value;
     }
     return {};

@@ -42,6 +42,23 @@ void WebLedger::Check() {
     Begin(WebTalk::count);
 }
 
+void WebLedger::Stop() {
+    const auto asked = [](const auto& talk) { return talk.IsAsked(); };
+    auto awaited = std::find_if(waiting_.begin(), waiting_.end(), asked);
+    const bool runs = current_ && current_->IsAsked();
+    if (!runs && awaited == waiting_.end()) return;
+    const WebConversation stopped = runs ? *current_ : *awaited;
+    std::erase_if(waiting_, asked);
+    if (runs) {
+        StopSending();
+        afterJob_.stop();
+        current_.reset();
+    }
+    Notices().webBusy.Emit(false);
+    RunEvent([&] { stopped.TellStopped(); });
+    Next();
+}
+
 void WebLedger::Drop() {
     StopSending();
     waiting_.clear();
@@ -100,6 +117,7 @@ void WebLedger::Forward(const WebReply& reply) {
     if (!reply.keepsMethod) {
         request.post = false;
         request.body.clear();
+        request.contentType.clear();
     }
     SendNow(request);
 }

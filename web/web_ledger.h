@@ -33,6 +33,8 @@ class WebLedger {
         return (current_ && current_->IsAsked()) ||
                std::any_of(waiting_.begin(), waiting_.end(), [](const auto& talk) { return talk.IsAsked(); });
     }
+    /// Ends at the user's wish what he waits for, and says so.
+    void Stop();
     /// Gives up whatever runs, without a word.
     void Drop();
 

@@ -11,7 +11,8 @@ struct WebRequest {
     QString name;  ///< file name of what is asked, without values
     QUrl url;
     bool post = false;
-    QByteArray body = {};  ///< of a form, encoded
+    QByteArray body = {};         ///< of a form, encoded
+    QByteArray contentType = {};  ///< how it is encoded
 };
 
 /// The service's address without a path of ours: JOT_WEB_BASE of the environment, otherwise the one of the

@@ -9,12 +9,14 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kNarrowPage = 760;
 constexpr int kRowGap = 6;
 }  // namespace
 
-StripPage::StripPage(QWidget* parent)
-    : Page(parent), KestroScrollMenu1(new KestroScrollMenu(this)), room_(new QVBoxLayout(this)) {
+StripPage::StripPage(QWidget* parent, int narrow)
+    : Page(parent),
+      KestroScrollMenu1(new KestroScrollMenu(this)),
+      room_(new QVBoxLayout(this)),
+      narrow_(narrow) {
     KestroScrollMenu1->setObjectName(u"KestroScrollMenu1"_s);
     KestroScrollMenu1->installEventFilter(this);
     room_->setSpacing(kRowGap);
@@ -28,7 +30,7 @@ void StripPage::resizeEvent(QResizeEvent* event) {
 }
 
 void StripPage::PlaceStrip() {
-    const bool narrow = width() < Skin::Px(kNarrowPage);
+    const bool narrow = width() < Skin::Px(narrow_);
     open_ = open_ && narrow;
     KestroScrollMenu1->SetCollapsed(narrow);
     const int margin = KestroScrollMenu1->sizeHint().width() + Skin::Space::kPage;

@@ -9,7 +9,8 @@ class QVBoxLayout;
 
 class StripPage : public Page {
  public:
-    explicit StripPage(QWidget* parent);
+    /// narrow: below this width, in pixels at full size, the strip shows its icons alone.
+    explicit StripPage(QWidget* parent, int narrow = 760);
 
  protected:
     /// The room beside the strip, within the page's margins.
@@ -24,5 +25,6 @@ class StripPage : public Page {
     void PlaceStrip();
 
     QVBoxLayout* room_;
+    int narrow_;
     bool open_ = false;  ///< over the page
 };

@@ -15,6 +15,12 @@ QByteArray Head(int status, const QByteArray& more) {
     return "HTTP/1.1 " + QByteArray::number(status) + " X\r\nConnection: close\r\n" + more + "\r\n";
 }
 
+QByteArray HeaderOf(const QByteArray& head, const QByteArray& name) {
+    for (const auto& line : head.split('\n'))
+        if (line.toLower().startsWith(name + ':')) return line.mid(name.size() + 1).trimmed();
+    return {};
+}
+
 QString Area(const QString& name, const QString& text) {
     return u"<tr><td>"_s + name + u"<td><TextArea Name="_s + name + u">"_s + text.toHtmlEscaped() +
            u"</TextArea>\n"_s;
@@ -31,7 +37,11 @@ WebService::WebService(quint16 port) {
     QObject::connect(&server_, &QTcpServer::newConnection, [this] {
         while (auto* socket = server_.nextPendingConnection()) {
             QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Take(socket); });
-            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            ++open;
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, socket] {
+                --open;
+                socket->deleteLater();
+            });
         }
     });
 }
@@ -45,19 +55,17 @@ void WebService::Take(QTcpSocket* socket) {
     const auto end = all.indexOf("\r\n\r\n");
     if (end < 0) return;
     const QByteArray head = all.left(end);
-    qsizetype length = 0;
-    for (const auto& line : head.split('\n'))
-        if (line.toLower().startsWith("content-length:"))
-            length = line.mid(line.indexOf(':') + 1).trimmed().toInt();
+    const qsizetype length = HeaderOf(head, "content-length").toInt();
     if (all.size() < end + 4 + length) return;
     socket->readAll();
     const auto words = head.left(head.indexOf("\r\n")).split(' ');
     Asked asked{
         words.value(0), words.value(1).split('?').value(0), words.value(1).split('?').value(1), {}, {}};
     asked.script = QString::fromLatin1(asked.path.mid(asked.path.lastIndexOf('/') + 1));
-    const bool form = asked.method == "POST";
     const bool upload = asked.script == action.section(u'/', -1);
-    asked.fields = FieldsOf(form ? all.mid(end + 4, length) : asked.query, upload);
+    asked.fields = asked.method == "POST"
+                       ? FormFields(HeaderOf(head, "content-type"), all.mid(end + 4, length))
+                       : FieldsOf(asked.query, upload);
     seen << QString::fromLatin1(asked.method) + u' ' + asked.script;
     last = asked.fields;
     Answer(socket, asked);
@@ -75,6 +83,29 @@ QMap<QString, QString> WebService::FieldsOf(const QByteArray& encoded, bool inCh
     return fields;
 }
 
+QMap<QString, QString> WebService::FormFields(const QByteArray& type, const QByteArray& body) {
+    if (!type.startsWith(enctype)) return {};
+    boundary = type.mid(type.indexOf("boundary=") + 9);
+    if (enctype == "multipart/form-data") return PartsOf(body);
+    return FieldsOf(body, true);
+}
+
+// Empty when the body is not made of parts from its first byte to its last.
+QMap<QString, QString> WebService::PartsOf(const QByteArray& body) const {
+    QStringDecoder decoder(charset.constData(), QStringDecoder::Flag::Stateless);
+    const QByteArray between = "\r\n--" + boundary, head = "Content-Disposition: form-data; name=\"";
+    QMap<QString, QString> fields;
+    QByteArray rest = "\r\n" + body;
+    while (rest.startsWith(between + "\r\n" + head)) {
+        rest.remove(0, between.size() + 2 + head.size());
+        const auto name = rest.indexOf("\"\r\n\r\n"), end = rest.indexOf(between);
+        if (name < 0 || end < name) return {};
+        fields.insert(decoder.decode(rest.left(name)), decoder.decode(rest.mid(name + 5, end - name - 5)));
+        rest.remove(0, end);
+    }
+    return rest == between + "--\r\n" ? fields : QMap<QString, QString>();
+}
+
 QByteArray WebService::Encoded(const QString& page) const {
     QString lines = page;
     if (crlf) lines.replace(u"\n"_s, u"\r\n"_s);
@@ -86,6 +117,7 @@ void WebService::Trickle(QTcpSocket* socket, const QByteArray& bytes, int everyM
     auto* timer = new QTimer(socket);
     auto rest = std::make_shared<QByteArray>(bytes);
     QObject::connect(timer, &QTimer::timeout, socket, [=] {
+        if (socket->bytesToWrite() > 0) return;
         socket->write(again ? *rest : rest->left(1));
         if (!again) rest->remove(0, 1);
         if (rest->isEmpty()) timer->stop();
@@ -129,6 +161,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
         case Mood::endless:
             socket->write(Head(200, type));
             return Trickle(socket, QByteArray(1 << 20, ' '), 1, true);
+        case Mood::endlessHead:
+            socket->write("HTTP/1.1 200 OK\r\nX: ");
+            return Trickle(socket, QByteArray(1 << 20, 'x'), 1, true);
         case Mood::notFound:
             return send(Head(404, type) + Encoded(PageFor(asked)));
         case Mood::broken:
@@ -152,8 +187,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
 }
 
 QString WebService::UploadForm() const {
-    return u"<table><form action="_s + action + u" method="_s + QString::fromLatin1(method) +
-           u"><tr><td><input name=txtUser><input type=Hidden name=sid value='青 1'>\n"_s +
+    return u"<table><form action="_s + action + u" method="_s + QString::fromLatin1(method) + u" enctype="_s +
+           QString::fromLatin1(enctype) +
+           u"><tr><td><input name=txtUser><input type=Hidden name=sid value='"_s + sid + u"'>\n"_s +
            u"<tr><td><input type=text name=txtBookName><input type=PASSWORD name=txtPass>\n"_s +
            Area(u"txtKind"_s, {}) + Area(u"txtAcc"_s, {}) +
            u"<tr><td><input type=checkbox name=skipped value=1><input type=submit name=go value=提交></form></table>\n"_s;

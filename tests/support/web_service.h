@@ -14,19 +14,20 @@ class QTcpSocket;
 
 enum class Mood {
     good,
-    reset,       ///< closes without an answer
-    half,        ///< closes in the middle of an answer
-    trickle,     ///< sends a byte now and then
-    late,        ///< answers after a while
-    never,       ///< does not answer
-    endless,     ///< does not end
-    notFound,    ///< 404
-    broken,      ///< 500
-    leadsAway,   ///< redirects to another host
-    leadsOn,     ///< redirects to the same answer at another address
-    leadsRound,  ///< redirects to itself
-    cut,         ///< a whole answer that ends within a text of its page
-    silent       ///< a page without a field
+    reset,        ///< closes without an answer
+    half,         ///< closes in the middle of an answer
+    trickle,      ///< sends a byte now and then
+    late,         ///< answers after a while
+    never,        ///< does not answer
+    endless,      ///< does not end
+    endlessHead,  ///< does not come to the page
+    notFound,     ///< 404
+    broken,       ///< 500
+    leadsAway,    ///< redirects to another host
+    leadsOn,      ///< redirects to the same answer at another address
+    leadsRound,   ///< redirects to itself
+    cut,          ///< a whole answer that ends within a text of its page
+    silent        ///< a page without a field
 };
 
 class WebService {
@@ -43,6 +44,8 @@ class WebService {
     QByteArray charset = "utf-8";
     bool crlf = true;
     QByteArray method = "post";  ///< of the upload form
+    QByteArray enctype = "application/x-www-form-urlencoded";
+    QString sid = QStringLiteral("青 1");  ///< value of its hidden field
     QString action = QStringLiteral("saveKindAcc.asp");
     QString uploadResult = QStringLiteral("2");
     QString count;              ///< told instead of the number of entries, when not empty
@@ -51,6 +54,8 @@ class WebService {
     QStringList seen;             ///< what was asked, in order: "GET getListData.asp"
     QMap<QString, QString> last;  ///< fields of the last request
     std::vector<QMap<QString, QString>> uploads;
+    int open = 0;         ///< connections
+    QByteArray boundary;  ///< between the parts of the last upload
 
  private:
     struct Asked {
@@ -64,6 +69,8 @@ class WebService {
     QString UploadForm() const;
     QByteArray Encoded(const QString& page) const;
     QMap<QString, QString> FieldsOf(const QByteArray& encoded, bool inCharset) const;
+    QMap<QString, QString> PartsOf(const QByteArray& body) const;
+    QMap<QString, QString> FormFields(const QByteArray& type, const QByteArray& body);
     static void Trickle(QTcpSocket* socket, const QByteArray& bytes, int everyMs, bool again);
 
     QTcpServer server_;

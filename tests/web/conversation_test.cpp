@@ -39,11 +39,13 @@ class ConversationTest : public WebFixture {
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
         State().gSetDB.Open(path);
     }
-    static void Finish() {
+    static void WaitFor(const std::function<bool()>& done) {
         QElapsedTimer clock;
-        clock.start();
-        while (Web().IsRunning() && clock.elapsed() < 10000)
+        for (clock.start(); !done() && clock.elapsed() < 10000;)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    }
+    static void Finish() {
+        WaitFor([] { return !Web().IsRunning(); });
         ASSERT_FALSE(Web().IsRunning());
     }
     void Talk(WebTalk talk, const QStringList& told, const QString& user = {}, const QString& pass = {}) {
@@ -128,15 +130,23 @@ TEST_F(ConversationTest, TheServiceReadsWhatTheUserTyped) {
 }
 
 TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
-    for (const auto& [charset, method] : {std::pair{"gb2312", "POST"}, {"utf-8", "get"}}) {
+    struct Form {
+        const char *charset, *method, *enctype;
+    };
+    for (const auto& [charset, method, enctype] :
+         {Form{"gb2312", "POST", "application/x-www-form-urlencoded"},
+          {"utf-8", "get", "multipart/form-data"},
+          {"gb2312", "post", "multipart/form-data"}}) {
         service_.charset = charset;
         service_.method = method;
+        service_.enctype = enctype;
         Talk(WebTalk::upload, {u"已成功【上传】事情分类到网站上您的账户【lin】!"_s});
         EXPECT_EQ(service_.seen.last(), QString::fromLatin1(method).toUpper() + u" saveKindAcc.asp"_s);
         EXPECT_EQ(service_.seen.size(), 2);
     }
-    ASSERT_EQ(service_.uploads.size(), 2U);
+    ASSERT_EQ(service_.uploads.size(), 3U);
     EXPECT_EQ(service_.uploads[0], service_.uploads[1]);
+    EXPECT_EQ(service_.uploads[0], service_.uploads[2]);
     const auto& sent = service_.uploads[0];
     EXPECT_EQ(sent.keys(), (QStringList{u"go"_s, u"sid"_s, u"txtAcc"_s, u"txtBookName"_s, u"txtKind"_s,
                                         u"txtPass"_s, u"txtUser"_s}));
@@ -144,6 +154,10 @@ TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
     EXPECT_TRUE(sent[u"txtKind"_s].startsWith(u"9999∴00∴↑↓余额调整\r\n1∴01∴收入\r\n"_s));
     EXPECT_EQ((QStringList{sent[u"sid"_s], sent[u"txtBookName"_s], sent[u"txtPass"_s], sent[u"go"_s]}),
               (QStringList{u"青 1"_s, u"book"_s, u"geheim"_s, u"提交"_s}));
+    // A field that holds what parted the fields before.
+    service_.sid = u"x\n--"_s + QString::fromLatin1(service_.boundary) + u"--\n"_s;
+    Talk(WebTalk::upload, {u"已成功【上传】"_s});
+    EXPECT_EQ(service_.uploads.back()[u"sid"_s], QString(service_.sid).replace(u'\n', u"\r\n"_s));
     service_.uploadResult = u"1"_s;
     Talk(WebTalk::upload, {u"还有记录不能上传 或 账本名为空!"_s});
     service_.action = u"http://127.0.0.2/saveKindAcc.asp"_s;
@@ -182,16 +196,17 @@ TEST_F(ConversationTest, EveryMisbehaviourEndsWithAWordAndNothingStored) {
     const QString words[] = {QString(),       u"验证失败："_s, QString(),
                              u"收取失败："_s, u"上传失败："_s, u"上传失败："_s};
     for (size_t i = 0; i < std::size(talks); ++i)
-        for (const Mood mood : {Mood::reset, Mood::half, Mood::trickle, Mood::never, Mood::endless,
-                                Mood::notFound, Mood::broken, Mood::leadsAway, Mood::leadsRound, Mood::cut}) {
+        for (const Mood mood :
+             {Mood::reset, Mood::half, Mood::trickle, Mood::never, Mood::endless, Mood::endlessHead,
+              Mood::notFound, Mood::broken, Mood::leadsAway, Mood::leadsRound, Mood::cut}) {
             SCOPED_TRACE(qPrintable(talks[i].second) + std::to_string(static_cast<int>(mood)));
             const auto& [talk, script] = talks[i];
             service_.moods = {{script, mood}};
             if (mood == Mood::cut && (i == 0 || i == 2 || i == 5)) continue;  // no text to cut
-            const bool needsLimit = mood == Mood::trickle || mood == Mood::never || mood == Mood::endless;
-            Web().limitMs = needsLimit ? 150 : 10000;
+            const bool needsLimit = mood == Mood::trickle || mood == Mood::never || mood == Mood::endlessHead;
+            Web().limitMs = needsLimit ? 300 : 10000;
             QStringList told;
-            if (!words[i].isEmpty()) told << words[i];
+            if (!words[i].isEmpty()) told << words[i] + (mood == Mood::endless ? u"网页太大"_s : QString());
             if (talk == WebTalk::count && mood == Mood::reset) told << kCannotReach;
             Talk(talk, told);
             EXPECT_EQ(told_[0], u"无法访问"_s);
@@ -199,6 +214,12 @@ TEST_F(ConversationTest, EveryMisbehaviourEndsWithAWordAndNothingStored) {
             EXPECT_FALSE(boxes.Last().text.contains(u"geheim"_s));
         }
     EXPECT_EQ(Waiting(), QStringList());
+    // What was given up is gone, and the network with it.
+    WaitFor([&] { return service_.open == 0; });
+    EXPECT_EQ(service_.open, 0);
+    State().gProgramFolder = Path(u"nowhere"_s);
+    Talk(WebTalk::fetch, {u"收取失败：无法访问"_s});
+    State().gProgramFolder.clear();
     service_.moods = {{u"getListData.asp"_s, Mood::silent}};
     Talk(WebTalk::fetch, {u"收取失败：网站没有正常回答"_s});
     service_.moods = {{u"getListData.asp"_s, Mood::leadsOn}};
@@ -247,10 +268,7 @@ TEST_F(ConversationTest, ACheckCountsRemindsAndTellsAnOutageOnce) {
     check();
     inFront = false;
     boxes.Expect(kCannotReach);
-    QElapsedTimer clock;
-    clock.start();
-    while (boxes.Seen().last() != kCannotReach && clock.elapsed() < 3000)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    WaitFor([&] { return boxes.Seen().last() == kCannotReach; });
     check();
     service_.moods.clear();
     check();
@@ -258,6 +276,50 @@ TEST_F(ConversationTest, ACheckCountsRemindsAndTellsAnOutageOnce) {
     service_.moods = {{u"getListCount.asp"_s, Mood::reset}};
     boxes.Expect(kCannotReach);
     check();
+}
+
+TEST_F(ConversationTest, WhatTheUserStopsEndsWithoutAFailure) {
+    struct Case {
+        WebTalk talk;
+        QString script, told;
+    };
+    const QString mayComeAgain = u"下次收取时，可能会再次收到这些记账。"_s;
+    for (const auto& [talk, script, told] :
+         {Case{WebTalk::fetch, u"getListData.asp"_s, u"收取已停止!"_s},
+          {WebTalk::fetch, u"getListDel.asp"_s,
+           u"收取已停止!\n记账已收到，但网站可能没有得到通知。"_s + mayComeAgain},
+          {WebTalk::upload, u"upKindAcc.asp"_s, u"上传已停止!"_s},
+          {WebTalk::upload, u"saveKindAcc.asp"_s, u"上传已停止!\n网站可能已收到这次上传。"_s},
+          {WebTalk::validate, u"getRegInfo.asp"_s, u"验证已停止!"_s}}) {
+        SCOPED_TRACE(qPrintable(script));
+        told_.clear();
+        service_.entries = {SiteLine(script)};
+        service_.moods = {{script, Mood::late}};
+        if (script == u"getListDel.asp") boxes.Expect(u"收到【1】"_s);
+        boxes.Expect(told);
+        Web().Begin(talk);
+        WaitFor([&] { return !service_.seen.isEmpty() && service_.seen.last().endsWith(script); });
+        Web().Stop();
+        EXPECT_EQ(boxes.Last().text, told);
+        EXPECT_FALSE(Web().IsRunning());
+        EXPECT_EQ(bar_.last(), u"off"_s);
+        EXPECT_NE(told_[0], u"无法访问"_s);
+    }
+    const auto stored = Waiting();
+    EXPECT_EQ(stored.size(), 1);
+    // The check goes on, and what waited behind it does not come.
+    service_.seen.clear();
+    service_.moods = {{u"getListCount.asp"_s, Mood::late}};
+    Web().Check();
+    Web().Begin(WebTalk::fetch);
+    boxes.Expect(u"收取已停止!"_s);
+    Web().Stop();
+    Web().Stop();
+    EXPECT_TRUE(Web().IsRunning());
+    Finish();
+    EXPECT_EQ(service_.seen, QStringList{u"GET getListCount.asp"_s});
+    EXPECT_EQ(told_[1], u"1"_s);
+    EXPECT_EQ(Waiting(), stored);
 }
 
 TEST_F(ConversationTest, OneRequestRunsAtATimeAndAnAnswerIsJudgedByTheOpenBook) {

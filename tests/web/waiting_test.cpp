@@ -121,23 +121,6 @@ TEST_F(WaitingTest, SkippedLinesAreCountedAndTheDeliveryIsKept) {
     EXPECT_FALSE(Store({QString()}, {Received(0)}));
 }
 
-TEST_F(WaitingTest, AnyFailingStatementStoresNothing) {
-    const QString text = SiteLine(u"a"_s) + u"\r\n"_s + SiteLine(u"b"_s);
-    int n = 1;
-    for (bool stored = false; !stored; ++n) {
-        int seen = 0;
-        boxes.AnswerAll(1);
-        cConnection::Seams().beforeStatement = [&](const QString& sql) {
-            if (++seen == n) FailStatement(u"刺探"_s, sql);
-        };
-        stored = Succeeds([&] { StoreWebLines(Book(), text); });
-        cConnection::Seams() = {};
-        EXPECT_EQ(Waiting().size(), stored ? 2 : 0) << n;
-        EXPECT_FALSE(Book().InTransaction());
-    }
-    EXPECT_GT(n, 5);
-}
-
 TEST_F(WaitingTest, FieldsChangeSettingsAndAskForTheNextStep) {
     using Fields = std::vector<std::pair<QString, QString>>;
     int told = 0;

@@ -17,6 +17,8 @@
 #include "web/frm_web_acc.h"
 #include "web/network.h"
 
+#include <QScrollBar>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -46,6 +48,9 @@ class WebPageTest : public UiFixture {
     void Press(const char* name) { QTest::mouseClick(Find<QWidget>(page_, name), Qt::LeftButton); }
     static bool WaitDone() {
         return Wait([] { return !Web().IsRunning(); });
+    }
+    KestroPGress* Foot() {
+        return Find<KestroPGress>(Find<KestroStatusBar>(frame_.get(), "barTip"), "KestroPGress1");
     }
     QString Panel(int panel) { return Find<KestroStatusBar>(frame_.get(), "barTip")->PanelText(panel); }
     static QStringList Titles(const KestroList* list) {
@@ -98,6 +103,10 @@ TEST_F(WebPageTest, EntriesComeGoIntoTheBookAndStayInTheHistory) {
     for (int row = 0; row < List(1)->RowCount(); ++row)
         fates << List(1)->Cell(row, 1) + List(1)->Cell(row, 9);
     EXPECT_EQ(fates, (QStringList{u"voll已入账"_s, u"ohne未入账"_s, u"weg未入账"_s}));
+    // All its columns are there on a small screen with large letters.
+    frame_->resize(910, 500);
+    EXPECT_EQ(List(1)->horizontalScrollBar()->maximum(), 0);
+    EXPECT_GE(List(1)->columnWidth(3), 118);
     // The entry list has it.
     frame_->SetFormTab(kTabAccount);
     const auto* entries = frame_->GetWinhWnd(kTabAccount)->Lists()[0];
@@ -173,7 +182,10 @@ TEST_F(WebPageTest, ARequestLocksAllButTheCloseButtonAndABookSwitchIsSafe) {
     State().gBooks.push_back({second.fileName().toLower(), u"second"_s, 2016, u"10.0"_s});
     ASSERT_TRUE(ReloadPages(1));
     EXPECT_EQ(frame_->GetWinhWnd(kTabWeb), nullptr);
+    EXPECT_TRUE(Foot()->isVisible());
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabAccount)->isEnabled());
     frame_->SetFormTab(kTabWeb);
+    EXPECT_FALSE(Foot()->isVisible());
     Look();
     EXPECT_TRUE(Find<KestroPGress>(page_, "KestroPGress1")->isVisible());
     boxes.Expect(u"网账需要的账本是：book，而您当前的账本是：second"_s);
@@ -189,6 +201,43 @@ TEST_F(WebPageTest, ARequestLocksAllButTheCloseButtonAndABookSwitchIsSafe) {
     frame_->onClose();
     EXPECT_TRUE(closed);
     EXPECT_FALSE(frame_->isVisible());
+}
+
+TEST_F(WebPageTest, AClickOnTheBarOrEscapeEndsWhatTheUserWaitsFor) {
+    service_.entries = {SiteLine(u"a"_s)};
+    service_.moods = {{u"getListData.asp"_s, Mood::never}, {u"getRegInfo.asp"_s, Mood::never}};
+    const auto stopped = [&](int asked, const QString& told, const std::function<void()>& stop) {
+        ASSERT_TRUE(Wait([&] { return service_.seen.size() == asked; }));
+        ASSERT_TRUE(frame_->IsLocked());
+        boxes.Expect(told);
+        stop();
+        EXPECT_FALSE(Web().IsRunning());
+        EXPECT_FALSE(frame_->IsLocked());
+        EXPECT_EQ(Panel(1), u"网账：未连接"_s);
+    };
+    auto* bar = Find<KestroPGress>(page_, "KestroPGress1");
+    Press("btnCheck");
+    stopped(1, u"收取已停止!"_s, [&] { QTest::mouseClick(bar, Qt::LeftButton); });
+    EXPECT_FALSE(bar->isVisible());
+    Press("btnCheck");
+    stopped(2, u"收取已停止!"_s, [&] { QTest::keyClick(frame_.get(), Qt::Key_Escape); });
+
+    frame_->SetFormTab(kTabSetting);
+    auto* foot = Foot();
+    EXPECT_FALSE(foot->isVisible());
+    Commands().webValidate(u"lin"_s, u"geheim"_s);
+    EXPECT_TRUE(foot->isVisible());
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabSetting)->isEnabled());
+    stopped(3, u"验证已停止!"_s, [&] { QTest::mouseClick(foot, Qt::LeftButton); });
+    EXPECT_FALSE(foot->isVisible());
+    EXPECT_TRUE(frame_->GetWinhWnd(kTabSetting)->isEnabled());
+
+    frame_->SetFormTab(kTabWeb);
+    service_.moods.clear();
+    boxes.Expect(u"收到【1】"_s);
+    Press("btnCheck");
+    ASSERT_TRUE(WaitDone());
+    EXPECT_EQ(Titles(List()), QStringList{u"a"_s});
 }
 
 TEST_F(WebPageTest, AnAnswerThatComesDuringAJobWaitsForItsEnd) {

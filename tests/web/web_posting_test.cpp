@@ -1,13 +1,7 @@
 // What waits of the web ledger becomes entries: row for row, never twice, never lost.
 
-#include "store/errors.h"
 #include "store/notices.h"
-#include "tests/support/fault_vfs.h"
 #include "tests/support/web_fixture.h"
-
-#include <QFile>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -161,61 +155,4 @@ TEST_F(WebPostingTest, AStoppedPostingSaysItsCountAndLeavesTheRest) {
     EXPECT_EQ(Fates(), (QStringList{u"a|1"_s, u"b|0"_s}));
     EXPECT_EQ(Post(), u"1/0"_s);
     EXPECT_EQ(NewEntries().size(), 2);
-}
-
-// For each statement of the posting of one row and its move: it fails, nothing of the row is there, and the
-// next posting takes it as if for the first time.
-TEST_F(WebPostingTest, AnyFailingStatementLeavesTheRowWaitingOrPosted) {
-    Fetch({SiteLine(u"a"_s, FullFields()), SiteLine(u"b"_s, FullFields())});
-    int failures = 0, entries = 0;
-    const auto token = Notices().entriesChanged.Subscribe([&] { ++entries; });
-    for (int n = 1;; ++n) {
-        int seen = 0;
-        cConnection::Seams().beforeStatement = [&](const QString& sql) {
-            if (++seen == n) FailStatement(u"刺探"_s, sql);
-        };
-        const bool done = Succeeds([] { Post(); });
-        cConnection::Seams() = {};
-        EXPECT_FALSE(Book().InTransaction());
-        EXPECT_EQ(Waiting().size() + History().size(), 2) << n;
-        EXPECT_EQ(NewEntries().size(), 2 * History().size()) << n;
-        EXPECT_EQ(TieBreaks(Book()), QStringList());
-        if (done) break;
-        ++failures;
-    }
-    EXPECT_GT(failures, 30);
-    EXPECT_EQ(entries, 2);  // once for each row that went through
-    EXPECT_EQ(Totals(), (QStringList{u"0102|25|0|25"_s, u"0301|25|0|25"_s, u"a01|5000|25|4975"_s}));
-}
-
-TEST_F(WebPostingTest, AProgramKilledAtAnyWriteHasPostedARowOrKeepsItWaiting) {
-    Fetch({SiteLine(u"a"_s, FullFields()), SiteLine(u"b"_s), SiteLine(u"c"_s, {{2, u"99"_s}})});
-    const QString path = Book().Path();
-    Book().Close();
-    Disk() = {};
-    cConnection::Seams().vfs = TestDisk();
-    Book().Open(path);
-    int copies = 0;
-    const auto name = [&](int n) { return Path(u"killed%1.jotdb"_s.arg(n)); };
-    Disk().beforeChange = [&] {
-        ++copies;
-        QFile::copy(path, name(copies));
-        QFile::copy(path + u"-journal"_s, name(copies) + u"-journal"_s);
-    };
-    EXPECT_EQ(Post(), u"2/1"_s);
-    Disk() = {};
-    cConnection::Seams() = {};
-    Book().Close();
-    ASSERT_GT(copies, 15);
-    for (int n = 1; n <= copies; ++n) {
-        Book().Open(name(n));
-        const auto waiting = Dump(u"select Title1 from tAccountWeb"_s);
-        const auto history = Dump(u"select Title1 from tAccountWebDel"_s);
-        EXPECT_EQ(history + waiting, (QStringList{u"a"_s, u"b"_s, u"c"_s})) << n;
-        EXPECT_EQ(Dump(u"select distinct Title1 from tAccount where Id1>7"_s), history.mid(0, 2)) << n;
-        Post();
-        EXPECT_EQ(NewEntries().size(), 3) << n;
-        EXPECT_EQ(Fates(), (QStringList{u"a|1"_s, u"b|1"_s, u"c|0"_s})) << n;
-        Book().Close();
-    }
 }
