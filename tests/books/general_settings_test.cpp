@@ -2,7 +2,6 @@
 
 #include "books/general_settings.h"
 
-#include "store/errors.h"
 #include "store/notices.h"
 #include "store/settings_file.h"
 #include "tests/books/books_fixture.h"

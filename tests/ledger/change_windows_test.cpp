@@ -5,7 +5,6 @@
 #include "ledger/frm_account_new.h"
 #include "ledger/frm_sub_acc.h"
 #include "ledger/posting.h"
-#include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
