@@ -8,7 +8,6 @@
 #include "books/book_new.h"
 #include "shell/commands.h"
 #include "shell/controls/kestro_combox.h"
-#include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"
 #include "shell/page.h"

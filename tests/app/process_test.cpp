@@ -5,7 +5,6 @@
 #include "app/single_instance.h"
 #include "app/startup.h"
 #include "store/book_images.h"
-#include "store/outside.h"
 #include "store/paths.h"
 #include "store/places.h"
 #include "store/session.h"

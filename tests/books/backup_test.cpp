@@ -7,7 +7,6 @@
 #include "tests/books/books_fixture.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 #include <csignal>
 #include <sqlite3.h>

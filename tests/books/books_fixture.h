@@ -10,7 +10,6 @@
 #include "tests/support/fixture.h"
 
 #include <QDir>
-#include <QFile>
 
 /// Base is the fixture of the logic or of the windows.
 template <class Base>

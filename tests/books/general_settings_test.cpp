@@ -2,7 +2,6 @@
 
 #include "books/general_settings.h"
 
-#include "store/errors.h"
 #include "store/notices.h"
 #include "store/settings_file.h"
 #include "tests/books/books_fixture.h"
@@ -105,11 +104,13 @@ TEST_F(GeneralSettings, AWriteThatFailsAtAnyPlaceRestoresWhatStandsInMemory) {
     Settings memory;
     const auto prepare = [&] {
         State().gSetDB.Open(Path(u"Set.ini"_s));
+        State().settings.LoadDate = u"all"_s;
         SaveGeneralSettings(form);
         before = Stored();
         cConnection::Seams().vfs = TestDisk();
         Disk() = {};
         State().gSetDB.Open(Path(u"Set.ini"_s));
+        State().settings.LoadDate = u"month"_s;  // stands in another table
         memory = State().settings;
         told = 0;
     };

@@ -1,8 +1,6 @@
 // The entry page: filters, pages, sums, detail, strip, and what it does after saving.
 
 #include "ledger/frm_account.h"
-#include "shell/controls/kestro_button.h"
-#include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_list.h"
@@ -11,8 +9,6 @@
 #include "store/dialogs.h"
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
-
-#include <QClipboard>
 
 using namespace Qt::StringLiterals;
 

@@ -1,12 +1,10 @@
 // The entry window as a user works it: boxes, switches, growth, cancel, and what is left after a failure.
 
 #include "ledger/frm_account_new.h"
-#include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_combox.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_option.h"
 #include "shell/controls/kestro_text.h"
-#include "shell/controls/png_button.h"
 #include "store/errors.h"
 #include "tests/support/ui_fixture.h"
 

@@ -4,7 +4,6 @@
 #include "ledger/entry_delete.h"
 #include "ledger/entry_edit.h"
 #include "ledger/posting.h"
-#include "store/errors.h"
 #include "tests/support/entries.h"
 #include "tests/support/fault_vfs.h"
 #include "tests/support/fixture.h"

@@ -2,7 +2,6 @@
 
 #include "notes/frm_note_new.h"
 #include "shell/controls/kestro_button.h"
-#include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_option.h"

@@ -4,7 +4,6 @@
 #include "notes/note_change.h"
 #include "shell/book_switch.h"
 #include "shell/commands.h"
-#include "shell/controls/kestro_button.h"
 #include "shell/controls/kestro_label.h"
 #include "shell/controls/kestro_tool_tip.h"
 #include "shell/controls/png_button.h"

@@ -15,7 +15,6 @@
 #include "store/outside.h"
 #include "tests/support/ui_fixture.h"
 
-#include <QAbstractButton>
 #include <QMenu>
 #include <QPrinterInfo>
 #include <QProcess>

@@ -3,10 +3,7 @@
 #include "pictures/picture_store.h"
 
 #include "ledger/entry_delete.h"
-#include "ledger/entry_edit.h"
-#include "ledger/entry_save.h"
 #include "ledger/posting.h"
-#include "store/errors.h"
 #include "store/notices.h"
 #include "tests/support/entries.h"
 #include "tests/support/fault_vfs.h"

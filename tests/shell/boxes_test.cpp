@@ -1,7 +1,6 @@
 // The message box and the input dialog: what the buttons and keys answer, and what goes in and out.
 
 #include "shell/controls/kestro_button.h"
-#include "shell/controls/kestro_check.h"
 #include "shell/controls/kestro_edit_box.h"
 #include "shell/controls/kestro_text.h"
 #include "shell/file_dialog.h"

@@ -8,8 +8,6 @@
 #include "store/outside.h"
 #include "tests/support/random_entries.h"
 
-#include <QFile>
-
 using namespace Qt::StringLiterals;
 
 namespace {

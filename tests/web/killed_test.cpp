@@ -5,6 +5,7 @@
 #include "tests/support/web_fixture.h"
 #include "tests/support/web_service.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QProcess>
@@ -53,6 +54,12 @@ class KilledTest : public DriveTest {
         process.closeWriteChannel();
         loop.exec();
         lasted_ = static_cast<int>(reached.elapsed());
+        // What had left the program by then is still on its way to the service.
+        QElapsedTimer clock;
+        clock.start();
+        do
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        while ((clock.elapsed() < 20 || service_.open > 0) && clock.elapsed() < 5000);
         return process.exitStatus() != QProcess::NormalExit;
     }
 
