@@ -18,6 +18,7 @@ constexpr int kIcon = 18;
 constexpr int kLabelPadding = 12;
 constexpr int kLabelIcon = 14;
 constexpr int kLabelGap = 6;
+constexpr double kOff = 0.45;  // opacity of what cannot be used
 
 QColor White(double alpha) {
     QColor color = Qt::white;
@@ -117,7 +118,7 @@ void HeaderTab::paintEvent(QPaintEvent*) {
         Skin::Box(p, tall, 8, HoverFill(), {});
     p.setFont(Skin::Font(IsChosen() ? Type::title : Type::titleRegular));
     p.setPen(Skin::Color(IsChosen() ? Tok::text : Tok::tabText));
-    if (!isEnabled()) p.setOpacity(0.45);
+    if (!isEnabled()) p.setOpacity(kOff);
     p.drawText(rect(), Qt::AlignCenter, text());
     if (IsChosen()) p.fillRect((width() - 26) / 2, height() - 6, 26, 2, Skin::Color(Tok::accent));
     if (ShowsFocus())
@@ -131,10 +132,11 @@ void HeaderIcon::paintEvent(QPaintEvent*) {
     QPainter p(this);
     if (IsChosen() || isDown())
         Skin::Box(p, rect(), 4, White(0.16), {});
-    else if (underMouse())
+    else if (underMouse() && isEnabled())
         Skin::Box(p, rect(), 4, White(0.12), {});
     const Ground ground = IsChosen() ? Ground::headerChosen : Ground::header;
     const QPixmap icon = Skin::Icon(icon_, kIcon, devicePixelRatioF(), ground);
+    if (!isEnabled()) p.setOpacity(kOff);
     p.drawPixmap((width() - kIcon) / 2, (height() - kIcon) / 2, icon);
     if (ShowsFocus()) Skin::FocusRing(p, rect(), 4, true, Skin::Color(Tok::inkAccent));
 }
@@ -182,7 +184,9 @@ int HeaderLabel::WantedWidth() const {
 
 void HeaderLabel::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    Skin::Box(p, rect(), height() / 2.0, underMouse() ? White(0.12) : QColor(), White(0.22));
+    const bool hovered = underMouse() && isEnabled();
+    Skin::Box(p, rect(), height() / 2.0, hovered ? White(0.12) : QColor(), White(0.22));
+    if (!isEnabled()) p.setOpacity(kOff);
     const QPixmap icon = Skin::Icon(u"book"_s, kLabelIcon, devicePixelRatioF(), Ground::header);
     p.drawPixmap(kLabelPadding, (height() - kLabelIcon) / 2, icon);
     const int left = kLabelPadding + kLabelIcon + kLabelGap;
