@@ -53,9 +53,11 @@ struct Windows {
     NoticeToken books;
 };
 
+// DropWindows ends them. Where the display is gone the toolkit ends the process at once, and with the display
+// what they stand on.
 Windows& Open() {
-    static Windows windows;
-    return windows;
+    static auto* const windows = new Windows;
+    return *windows;
 }
 
 void Raise(QWidget* window) {
