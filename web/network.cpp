@@ -22,7 +22,7 @@ WebReply ReplyFrom(QProcess& process) {
 
 WebSend NetworkSend() {
     return [](const WebRequest& request, std::function<void(WebReply)> done) -> std::function<void()> {
-        const QPointer<QProcess> process = new QProcess;
+        auto* const process = new QProcess;
         const auto end = [process, done = std::move(done)] {
             process->disconnect();
             process->deleteLater();
@@ -38,11 +38,11 @@ WebSend NetworkSend() {
         QDataStream asked(process);
         asked << request;
         process->closeWriteChannel();
-        return [process] {
-            if (!process) return;
-            process->disconnect();
-            QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-            process->kill();
+        return [running = QPointer<QProcess>(process)] {
+            if (!running) return;
+            running->disconnect();
+            QObject::connect(running, &QProcess::finished, running, &QObject::deleteLater);
+            running->kill();
         };
     };
 }
