@@ -83,7 +83,11 @@ void frmMain::SetLocked(bool locked) {
         HeaderWidget(name)->setEnabled(!locked);
     for (int tab = 0; tab < kTabs; ++tab)
         SetTabEnabled(tab, !locked && HasPageFactory(tab));
-    if (!locked && focusBeforeLock_ && focusBeforeLock_->isVisible()) focusBeforeLock_->setFocus();
+    if (locked) return;
+    if (focusBeforeLock_ && focusBeforeLock_->isVisible())
+        focusBeforeLock_->setFocus();
+    else if (auto* page = GetWinhWnd(tab_))
+        page->TakeFocus();
 }
 
 void frmMain::ShowWaiting(bool waiting) {

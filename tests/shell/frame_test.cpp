@@ -343,6 +343,26 @@ TEST_F(Frame, DuringAJobOnlyTheStopIsHeardAndABoxCanBeAnswered) {
     EXPECT_TRUE(job.Stopped());
 }
 
+TEST_F(Frame, AfterTheLockTheKeyboardIsWhereItWasOrOnThePageOnShow) {
+    Present(frame_.get());
+    frame_->GetWinhWnd(kTabAccount)->findChild<QWidget*>(u"txtSearch"_s)->setFocus();
+    const auto* before = frame_->focusWidget();
+    ASSERT_NE(before, List());
+    Notices().webBusy.Emit(true);
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabAccount)->isEnabled());
+    EXPECT_NE(frame_->focusWidget(), before);
+    Notices().webBusy.Emit(false);
+    EXPECT_EQ(frame_->focusWidget(), before);
+
+    Notices().webBusy.Emit(true);
+    frame_->SetFormTab(kTabSubAcc);
+    const auto* records = frame_->GetWinhWnd(kTabSubAcc);
+    EXPECT_FALSE(records->isEnabled());
+    Notices().webBusy.Emit(false);
+    EXPECT_TRUE(records->isEnabled());
+    EXPECT_EQ(frame_->focusWidget(), records->Lists()[0]);
+}
+
 TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
     EXPECT_TRUE(Find<QWidget>(frame_.get(), "btnNew")->toolTip() == u"新增记账");
     auto* search = frame_->GetWinhWnd(0)->findChild<QWidget*>(u"txtSearch"_s);
