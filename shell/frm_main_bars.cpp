@@ -97,8 +97,9 @@ void frmMain::ShowWaiting(bool waiting) {
 }
 
 void frmMain::StatusClicked(int panel) {
+    if (locked_) return;
     const bool onBox = txtSearch->geometry().contains(barTip->mapFromGlobal(QCursor::pos()));
-    if ((panel == kWebPanel || (panel == kSearchPanel && !onBox)) && !locked_) RunEvent(Commands().webHome);
+    if (panel == kWebPanel || (panel == kSearchPanel && !onBox)) RunEvent(Commands().webHome);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
 }
 

@@ -5,6 +5,7 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_menu.h"
 #include "shell/controls/kestro_scroll_menu.h"
+#include "shell/controls/kestro_status_bar.h"
 #include "shell/frm_main.h"
 #include "shell/menus.h"
 #include "store/book_images.h"
@@ -361,6 +362,27 @@ TEST_F(Frame, AfterTheLockTheKeyboardIsWhereItWasOrOnThePageOnShow) {
     Notices().webBusy.Emit(false);
     EXPECT_TRUE(records->isEnabled());
     EXPECT_EQ(frame_->focusWidget(), records->Lists()[0]);
+}
+
+TEST_F(Frame, TheLockLetsNoDropAndNoPanelBegin) {
+    QMimeData book;
+    book.setUrls({QUrl::fromLocalFile(SecondBook())});
+    QStringList opened;
+    Outside().open = [&opened](const QString& what) { return opened << what, true; };
+    auto* bar = Find<KestroStatusBar>(frame_.get(), "barTip");
+    const auto begin = [&] {
+        frame_->MyTrak.DropFiles(book);
+        for (int panel = 1; panel < 5; ++panel)
+            bar->onClick(panel);
+    };
+    int home = 0;
+    Commands().webHome = [&home] { ++home; };
+    Notices().webBusy.Emit(true);
+    begin();
+    EXPECT_EQ(std::tuple(State().gBooks.size(), opened.size(), home), std::tuple(1, 0, 0));
+    Notices().webBusy.Emit(false);
+    begin();
+    EXPECT_EQ(std::tuple(State().gBooks.size(), opened.size(), home), std::tuple(2, 1, 1));
 }
 
 TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
