@@ -46,7 +46,7 @@ void frmMain::BuildStatusBar() {
     KestroPGress1 = new KestroPGress(barTip);
     KestroPGress1->setObjectName(u"KestroPGress1"_s);
     KestroPGress1->onClick = [this] {
-        Job::Stop();
+        if (State().gBusy) return Job::Stop();
         if (locked_) RunEvent(Commands().webStop);
     };
     KestroPGress1->hide();

@@ -385,6 +385,22 @@ TEST_F(Frame, TheLockLetsNoDropAndNoPanelBegin) {
     EXPECT_EQ(std::tuple(State().gBooks.size(), opened.size(), home), std::tuple(2, 1, 1));
 }
 
+TEST_F(Frame, AClickOnTheBarStopsTheJobAndTheNextOneTheRequest) {
+    int stops = 0;
+    Commands().webStop = [&stops] { ++stops; };
+    Notices().webBusy.Emit(true);
+    auto* bar = Find<QWidget>(Find<QWidget>(frame_.get(), "barTip"), "KestroPGress1");
+    {
+        const Job job;
+        QTest::mouseClick(bar, Qt::LeftButton);
+        EXPECT_TRUE(job.Stopped());
+        EXPECT_EQ(stops, 0);
+    }
+    QTest::mouseClick(bar, Qt::LeftButton);
+    EXPECT_EQ(stops, 1);
+    Notices().webBusy.Emit(false);
+}
+
 TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
     EXPECT_TRUE(Find<QWidget>(frame_.get(), "btnNew")->toolTip() == u"新增记账");
     auto* search = frame_->GetWinhWnd(0)->findChild<QWidget*>(u"txtSearch"_s);
