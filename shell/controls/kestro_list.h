@@ -44,7 +44,7 @@ struct RowLook {
     int indent = 0;
     bool bold = false;
     bool warn = false;    ///< the flexible column in the danger colour, with a sign at its end
-    bool danger = false;  ///< date and icon words in the danger colour (overdue)
+    bool danger = false;  ///< date in the danger colour and bold (a day gone by)
 };
 
 /// Keys: arrows, Page, Home, End; blank ticks, Enter opens, Delete deletes, letters look for the row that
