@@ -41,8 +41,21 @@ TEST_F(DriveTest, PrintTellsEveryItemAndTheProgress) {
                                                 {u"align"_s, 0},
                                                 {u"font"_s, u"TitleFont"_s},
                                                 {u"text"_s, u"标题"_s}}));
-    EXPECT_EQ(items[1].toObject().keys().join(u' '), u"kind page pen x x2 y y2"_s);
-    EXPECT_EQ(items[1][u"x2"], 188);
+    EXPECT_EQ(items[1].toObject(), (QJsonObject{{u"page"_s, 1},
+                                                {u"kind"_s, u"line"_s},
+                                                {u"x"_s, 20},
+                                                {u"y"_s, 35},
+                                                {u"x2"_s, 188},
+                                                {u"y2"_s, 35},
+                                                {u"pen"_s, u"BlackPen_00"_s}}));
+    EXPECT_EQ(items[9].toObject(), (QJsonObject{{u"page"_s, 1},
+                                                {u"kind"_s, u"text"_s},
+                                                {u"x"_s, 28.5},
+                                                {u"y"_s, 41},
+                                                {u"w"_s, 39},
+                                                {u"align"_s, 2},
+                                                {u"font"_s, u"ListFont"_s},
+                                                {u"text"_s, u"2016-09"_s}}));
     EXPECT_TRUE(BytesOf(pdf).startsWith("%PDF-"));
     EXPECT_EQ(run.answers[1][u"pages"], 1);
     EXPECT_EQ(run.answers[1][u"items"].toArray().size(), 4);  // header and footer alone
