@@ -113,7 +113,9 @@ QByteArray BytesOf(const QString& path) {
 }
 
 WithoutRights::WithoutRights() {
-    if (geteuid() == 0) lowered_ = seteuid(65534) == 0;
+    if (geteuid() != 0) return;
+    lowered_ = seteuid(65534) == 0;
+    EXPECT_TRUE(lowered_);
 }
 
 WithoutRights::~WithoutRights() {
