@@ -401,6 +401,21 @@ TEST_F(Frame, AClickOnTheBarStopsTheJobAndTheNextOneTheRequest) {
     Notices().webBusy.Emit(false);
 }
 
+TEST_F(Frame, TheTabKeyWalksAToolbarFromLeftToRight) {
+    frame_->SetNamedSize({1300, 850});
+    frame_->SetFormTab(kTabSubAcc);
+    Present(frame_.get());
+    auto* first = Find<QWidget>(frame_->GetWinhWnd(kTabSubAcc), "btnNoNew");
+    first->setFocus();
+    int steps = 0;
+    for (int left = first->x(); frame_->focusWidget()->parent() == first->parent(); ++steps) {
+        EXPECT_GE(frame_->focusWidget()->x(), left) << qPrintable(frame_->focusWidget()->objectName());
+        left = frame_->focusWidget()->x();
+        QTest::keyClick(frame_->focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_GT(steps, 5);
+}
+
 TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
     EXPECT_TRUE(Find<QWidget>(frame_.get(), "btnNew")->toolTip() == u"新增记账");
     auto* search = frame_->GetWinhWnd(0)->findChild<QWidget*>(u"txtSearch"_s);

@@ -175,6 +175,7 @@ TEST_F(BookImagesTest, TheSampleShowsAWholeSmallBook) {
     EXPECT_EQ(Read(u"select Sort1,Name1 from tKind order by ID1"_s).join(u' '),
               u"01|收入 0101|产品收入 0102|项目收入 02|成本 0201|办公费用 0202|生产成本 03|资产 0301|现金"
               u" 0302|银行存款 04|负债 0401|信用卡 030201|农行 030202|工行 0303|应收款 00|↑↓余额调整"_s);
+    EXPECT_EQ(Read(u"select distinct nHide from tKind"_s), QStringList{u"0"_s});
     EXPECT_EQ(
         Read(u"select * from tSubAcc order by Id1"_s),
         (QStringList{u"4|东华公司|01|2016-08-27|5000|5000|0||0|0"_s,

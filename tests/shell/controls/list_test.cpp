@@ -330,6 +330,20 @@ TEST(ListColumns, MoneyGrowsToItsWidestTextAndStaysPlain) {
     EXPECT_GT(list.columnWidth(0), grouped);
 }
 
+TEST(ListColumns, ADayGoneByIsBoldAndLeavesTheOtherCells) {
+    RowLook gone;
+    gone.danger = true;
+    const std::tuple<QString, Type, Type> cases[] = {{u"date"_s, Type::small, Type::smallBold},
+                                                     {u"string"_s, Type::body, Type::body},
+                                                     {u"money"_s, Type::body, Type::body}};
+    for (const auto& [type, usual, late] : cases) {
+        ListColumnState state;
+        state.what.type = type;
+        EXPECT_EQ(TypeOf(state, {}), usual) << qPrintable(type);
+        EXPECT_EQ(TypeOf(state, gone), late) << qPrintable(type);
+    }
+}
+
 TEST(ListColumns, ScrolledSidewaysTheBoxesAndNumbersStay) {
     KestroList list;
     list.resize(400, 200);
