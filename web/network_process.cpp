@@ -75,6 +75,9 @@ WebReply ReplyOf(const QNetworkReply& reply, const QByteArray& body) {
     constexpr int kKeeping[] = {307, 308};
     if (status / 100 == 3 && !location.isEmpty()) made.redirect = location;
     made.keepsMethod = std::find(std::begin(kKeeping), std::end(kKeeping), status) != std::end(kKeeping);
+    // The library would have sent the body to the new place itself.
+    const bool leadsOn = made.keepsMethod && !made.redirect.isEmpty();
+    if (leadsOn && reply.error() == QNetworkReply::ContentReSendError) made.failure.clear();
     made.contentType = reply.header(QNetworkRequest::ContentTypeHeader).toString();
     made.body = body;
     return made;
@@ -95,6 +98,7 @@ void Send(QNetworkAccessManager& manager, const WebRequest& request) {
     wire.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     wire.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     wire.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    wire.setDecompressedSafetyCheckThreshold(-1);  // kLargestPage bounds it
     wire.setRawHeader("Connection", "close");
     wire.setHeader(QNetworkRequest::ContentLengthHeader, request.body.size());
     if (request.post) wire.setRawHeader("Content-Type", request.contentType);

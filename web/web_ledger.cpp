@@ -47,7 +47,7 @@ void WebLedger::Stop() {
     auto awaited = std::find_if(waiting_.begin(), waiting_.end(), asked);
     const bool runs = current_ && current_->IsAsked();
     if (!runs && awaited == waiting_.end()) return;
-    const WebConversation stopped = runs ? *current_ : *awaited;
+    WebConversation stopped = runs ? *current_ : *awaited;
     std::erase_if(waiting_, asked);
     if (runs) {
         StopSending();
@@ -125,6 +125,7 @@ void WebLedger::Forward(const WebReply& reply) {
 void WebLedger::Deliver(const WebReply& reply) {
     StopSending();
     if (State().gBusy) {
+        current_->MarkLate();
         late_ = reply;
         return afterJob_.start();
     }

@@ -133,7 +133,7 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
         socket->disconnectFromHost();
     };
     const auto redirect = [&](const QByteArray& to) {
-        send(Head(302, "Location: " + to + "\r\nContent-Length: 0\r\n"));
+        send(Head(leads, "Location: " + to + "\r\nContent-Length: 0\r\n"));
     };
     const auto page = [&] {
         const QByteArray body = Encoded(PageFor(asked));
@@ -179,6 +179,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
             const QString whole = PageFor(asked);
             return send(Head(200, type) + Encoded(whole.left(whole.lastIndexOf(u"</TextArea"_s))));
         }
+        case Mood::refuses:
+            return send(Head(200, type) +
+                        Encoded(u"<html><body>"_s + Box(u"txtRet"_s, u"-1"_s) + u"</body></html>"_s));
         case Mood::silent:
             return send(Head(200, type) + "<html><body>Welcome</body></html>");
         case Mood::good:
