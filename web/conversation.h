@@ -21,6 +21,7 @@ struct WebReply {
     bool keepsMethod = false;  ///< a form is to be sent there once more, not asked for
     QString contentType = {};
     QByteArray body = {};
+    Cookies cookies = {};  ///< that the answer sets; a null value takes one back
 };
 
 inline const QString kCannotReach = QStringLiteral("无法访问：您是否已联网？");

@@ -68,6 +68,7 @@ void WebService::Take(QTcpSocket* socket) {
                        : FieldsOf(asked.query, upload);
     seen << QString::fromLatin1(asked.method) + u' ' + asked.script;
     last = asked.fields;
+    cookies = HeaderOf(head, "cookie");
     Answer(socket, asked);
 }
 
@@ -137,7 +138,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
     };
     const auto page = [&] {
         const QByteArray body = Encoded(PageFor(asked));
-        return Head(200, type + "Content-Length: " + QByteArray::number(body.size()) + "\r\n") + body;
+        return Head(200, type + "Set-Cookie: " + asked.script.toLatin1() +
+                             "=1; path=/\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n") +
+               body;
     };
     const bool again = asked.path.contains("/again/");
     switch (mood) {

@@ -56,6 +56,7 @@ class WebService {
     QStringList seen;             ///< what was asked, in order: "GET getListData.asp"
     QMap<QString, QString> last;  ///< fields of the last request
     std::vector<QMap<QString, QString>> uploads;
+    QByteArray cookies;   ///< that came with the last request; each page sets one named after its script
     int open = 0;         ///< connections
     QByteArray boundary;  ///< between the parts of the last upload
 

@@ -209,6 +209,7 @@ TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
         Talk(WebTalk::upload, {u"已成功【上传】事情分类到网站上您的账户【lin】!"_s});
         EXPECT_EQ(service_.seen.last(), QString::fromLatin1(method).toUpper() + u" saveKindAcc.asp"_s);
         EXPECT_EQ(service_.seen.size(), 2);
+        EXPECT_EQ(service_.cookies, "upKindAcc.asp=1");  // of this conversation alone
     }
     ASSERT_EQ(service_.uploads.size(), 3U);
     EXPECT_EQ(service_.uploads[0], service_.uploads[1]);
