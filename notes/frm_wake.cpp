@@ -41,6 +41,7 @@ frmWake::frmWake(QWidget* parent) : KestroDialog(DialogKind::small, u"提醒"_s,
     setModal(false);
     Build();
     Fill();
+    webBusy_ = Notices().webBusy.Subscribe([this](bool busy) { SetLocked(busy); });
 }
 
 frmWake::~frmWake() = default;
@@ -98,6 +99,14 @@ void frmWake::Build() {
     foot->addWidget(btnWake);
     SetNamedSize(kLeast);
     KestroList1->setFocus();
+}
+
+// What leads to the pages is locked with them.
+void frmWake::SetLocked(bool locked) {
+    KestroList1->setEnabled(!locked);
+    btnWake->setEnabled(!locked);
+    btnResetHeadIco->setEnabled(!locked && Commands().resetHeadIco);
+    if (!locked) KestroList1->setFocus();
 }
 
 void frmWake::Fill() {

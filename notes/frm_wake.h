@@ -3,6 +3,7 @@
 
 #include "notes/note_list.h"
 #include "shell/controls/kestro_dialog.h"
+#include "store/notices.h"
 #include "store/state.h"
 
 class KestroButton;
@@ -21,6 +22,7 @@ class frmWake : public KestroDialog {
 
  private:
     void Build();
+    void SetLocked(bool locked);
     void Fill();
     NoteKey KeyOf(int row) const;
     void ShowNoteTip(QPoint at, QPoint globalPos);
@@ -33,6 +35,7 @@ class frmWake : public KestroDialog {
     KestroButton* btnResetHeadIco;
     KestroButton* btnClose;
     KestroButton* btnWake;
+    NoticeToken webBusy_;
 };
 
 /// Shows the window, or raises the one that is open.

@@ -44,6 +44,7 @@ frmMain::frmMain() {
     MyTrak.hwnd = this;
     MyTrak.ReceMsg = [this](const QString& text, int code, int extra) { MyTrak_ReceMsg(text, code, extra); };
     MyTrak.DragDropFiles = [this](const QString& names, int count) {
+        if (locked_) return;
         if (auto* page = GetWinhWnd(kTabAccount)) page->MyTrack_DragDropFiles(count, names);
     };
     TrackAdd(MyTrak);

@@ -47,7 +47,8 @@ class frmMain : public KestroForm {
     /// What another process tells: 1 a second copy, 2 redraw, 3 reminders changed, 16 raise only.
     void MyTrak_ReceMsg(const QString& text, int code, int extra);
     void Timer1_Timer();
-    /// While the user waits for the web ledger, nothing else can be begun. The window can be closed.
+    /// While the user waits for the web ledger, nothing else can be begun here, nor by a drop. The window can
+    /// be closed and its display mode changed, and a book that another copy hands over is taken.
     void SetLocked(bool locked);
     bool IsLocked() const { return locked_; }
 

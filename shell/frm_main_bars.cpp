@@ -46,7 +46,7 @@ void frmMain::BuildStatusBar() {
     KestroPGress1 = new KestroPGress(barTip);
     KestroPGress1->setObjectName(u"KestroPGress1"_s);
     KestroPGress1->onClick = [this] {
-        Job::Stop();
+        if (State().gBusy) return Job::Stop();
         if (locked_) RunEvent(Commands().webStop);
     };
     KestroPGress1->hide();
@@ -83,7 +83,11 @@ void frmMain::SetLocked(bool locked) {
         HeaderWidget(name)->setEnabled(!locked);
     for (int tab = 0; tab < kTabs; ++tab)
         SetTabEnabled(tab, !locked && HasPageFactory(tab));
-    if (!locked && focusBeforeLock_ && focusBeforeLock_->isVisible()) focusBeforeLock_->setFocus();
+    if (locked) return;
+    if (focusBeforeLock_ && focusBeforeLock_->isVisible())
+        focusBeforeLock_->setFocus();
+    else if (auto* page = GetWinhWnd(tab_))
+        page->TakeFocus();
 }
 
 void frmMain::ShowWaiting(bool waiting) {
@@ -93,8 +97,9 @@ void frmMain::ShowWaiting(bool waiting) {
 }
 
 void frmMain::StatusClicked(int panel) {
+    if (locked_) return;
     const bool onBox = txtSearch->geometry().contains(barTip->mapFromGlobal(QCursor::pos()));
-    if ((panel == kWebPanel || (panel == kSearchPanel && !onBox)) && !locked_) RunEvent(Commands().webHome);
+    if (panel == kWebPanel || (panel == kSearchPanel && !onBox)) RunEvent(Commands().webHome);
     if (panel == kBoxPanel) Outside().open(RealPath(State().settings.sDBPath).path);
 }
 

@@ -91,6 +91,35 @@ TEST_F(ReminderWindow, EveryRoadOutEndsItAndTheNextOneShowsThePresentState) {
     EXPECT_FALSE(Find<QWidget>(window, "btnResetHeadIco")->isEnabled());
 }
 
+TEST_F(ReminderWindow, WhileTheWebLedgerIsWaitedForItCanOnlyBeClosed) {
+    frame_->SetFormTab(kTabAccount);
+    int reset = 0;
+    Commands().resetHeadIco = [&] { ++reset; };
+    auto* window = Open();
+    auto* list = Find<KestroList>(window, "KestroList1");
+    list->SetCurrentRow(0);
+    int opened = 0;
+    RegisterDialog(kDlgNote, [&](QPoint) { ++opened; });
+    const auto begin = [&] {
+        ::Press(window, "btnWake");
+        const auto line = list->visualRect(list->model()->index(0, 1)).center();
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, line);
+    };
+    Notices().webBusy.Emit(true);
+    begin();
+    ::Press(window, "btnResetHeadIco");
+    EXPECT_EQ(std::pair(frame_->CurrentTab(), opened), std::pair(int{kTabAccount}, 0));
+    EXPECT_EQ(Opened(), window);
+    Notices().webBusy.Emit(false);
+    EXPECT_EQ(window->focusWidget(), list);
+    begin();
+    EXPECT_EQ(std::pair(frame_->CurrentTab(), opened), std::pair(int{kTabNote}, 1));
+    Notices().webBusy.Emit(true);
+    ::Press(window, "btnClose");
+    EXPECT_EQ(Opened(), nullptr);
+    EXPECT_EQ(reset, 0);
+}
+
 TEST_F(ReminderWindow, AReminderThatWasFinishedIsFoundBehindASearch) {
     auto* window = Open();
     boxes.AnswerAll(1);

@@ -5,6 +5,7 @@
 #include "shell/controls/kestro_list.h"
 #include "shell/controls/kestro_menu.h"
 #include "shell/controls/kestro_scroll_menu.h"
+#include "shell/controls/kestro_status_bar.h"
 #include "shell/frm_main.h"
 #include "shell/menus.h"
 #include "store/book_images.h"
@@ -341,6 +342,63 @@ TEST_F(Frame, DuringAJobOnlyTheStopIsHeardAndABoxCanBeAnswered) {
     for (int i = 0; i < 20 && !job.Stopped(); ++i)
         Outside().yield();
     EXPECT_TRUE(job.Stopped());
+}
+
+TEST_F(Frame, AfterTheLockTheKeyboardIsWhereItWasOrOnThePageOnShow) {
+    Present(frame_.get());
+    frame_->GetWinhWnd(kTabAccount)->findChild<QWidget*>(u"txtSearch"_s)->setFocus();
+    const auto* before = frame_->focusWidget();
+    ASSERT_NE(before, List());
+    Notices().webBusy.Emit(true);
+    EXPECT_FALSE(frame_->GetWinhWnd(kTabAccount)->isEnabled());
+    EXPECT_NE(frame_->focusWidget(), before);
+    Notices().webBusy.Emit(false);
+    EXPECT_EQ(frame_->focusWidget(), before);
+
+    Notices().webBusy.Emit(true);
+    frame_->SetFormTab(kTabSubAcc);
+    const auto* records = frame_->GetWinhWnd(kTabSubAcc);
+    EXPECT_FALSE(records->isEnabled());
+    Notices().webBusy.Emit(false);
+    EXPECT_TRUE(records->isEnabled());
+    EXPECT_EQ(frame_->focusWidget(), records->Lists()[0]);
+}
+
+TEST_F(Frame, TheLockLetsNoDropAndNoPanelBegin) {
+    QMimeData book;
+    book.setUrls({QUrl::fromLocalFile(SecondBook())});
+    QStringList opened;
+    Outside().open = [&opened](const QString& what) { return opened << what, true; };
+    auto* bar = Find<KestroStatusBar>(frame_.get(), "barTip");
+    const auto begin = [&] {
+        frame_->MyTrak.DropFiles(book);
+        for (int panel = 1; panel < 5; ++panel)
+            bar->onClick(panel);
+    };
+    int home = 0;
+    Commands().webHome = [&home] { ++home; };
+    Notices().webBusy.Emit(true);
+    begin();
+    EXPECT_EQ(std::tuple(State().gBooks.size(), opened.size(), home), std::tuple(1, 0, 0));
+    Notices().webBusy.Emit(false);
+    begin();
+    EXPECT_EQ(std::tuple(State().gBooks.size(), opened.size(), home), std::tuple(2, 1, 1));
+}
+
+TEST_F(Frame, AClickOnTheBarStopsTheJobAndTheNextOneTheRequest) {
+    int stops = 0;
+    Commands().webStop = [&stops] { ++stops; };
+    Notices().webBusy.Emit(true);
+    auto* bar = Find<QWidget>(Find<QWidget>(frame_.get(), "barTip"), "KestroPGress1");
+    {
+        const Job job;
+        QTest::mouseClick(bar, Qt::LeftButton);
+        EXPECT_TRUE(job.Stopped());
+        EXPECT_EQ(stops, 0);
+    }
+    QTest::mouseClick(bar, Qt::LeftButton);
+    EXPECT_EQ(stops, 1);
+    Notices().webBusy.Emit(false);
 }
 
 TEST_F(Frame, TipsStayAfterLayoutAndPointer) {
