@@ -12,9 +12,6 @@ namespace {
 
 const QString kCloseHint = u"\n若您不需要记入账户,可单击右边【侧箭头】按钮,将记入账户关闭!"_s;
 
-// Twelve whole digits: sums of such amounts stay right to the fen.
-constexpr double kTooMuch = 1e12;
-
 void PutZeroInFront(QString& amount) {
     if (amount.startsWith(u'.')) amount.prepend(u'0');
 }

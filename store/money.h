@@ -6,6 +6,9 @@
 
 #include <optional>
 
+/// Amounts lie below it, with twelve whole digits: their sums stay right to the fen.
+inline constexpr double kTooMuch = 1e12;
+
 /// Plain number text with at most 15 significant digits; exponent form from 1E+15 on.
 QString PlainNumber(double x);
 

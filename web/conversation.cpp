@@ -6,6 +6,8 @@
 #include "web/upload_form.h"
 #include "web/web_tip.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,7 +46,8 @@ WebConversation::WebConversation(WebTalk talk, const QString& user, const QStrin
     : talk_(talk),
       user_(user.isEmpty() ? State().settings.sWebName : user),
       pass_(user.isEmpty() ? State().settings.sWebPass : pass),
-      fields_(user, pass) {}
+      fields_(user, pass),
+      book_(State().gDB.Path()) {}
 
 std::optional<WebRequest> WebConversation::First() {
     const QString refused = WebBase().isEmpty() ? u"未设置网账服务的地址!"_s
@@ -68,6 +71,13 @@ std::optional<WebRequest> WebConversation::Take(const WebReply& reply) {
         Fail(failure);
         return {};
     }
+    if (looksAgain_) {
+        looksAgain_ = false;
+        if (IsUnchanged(page)) return TellSite();
+        TellReceived();
+        ShowMsg(u"网站上又有了新的记账，请再次检查!"_s);
+        return {};
+    }
     Handle(MessagesOf(page));
     auto next = After(page, reply.url);
     if (!next) End();
@@ -77,6 +87,7 @@ std::optional<WebRequest> WebConversation::Take(const WebReply& reply) {
 std::optional<WebRequest> WebConversation::TakeFields(
     const std::vector<std::pair<QString, QString>>& fields) {
     Handle(fields);
+    TellReceived();
     return After({}, {});
 }
 
@@ -88,16 +99,44 @@ void WebConversation::Handle(const std::vector<std::pair<QString, QString>>& fie
 std::optional<WebRequest> WebConversation::After(const WebPage& page, const QUrl& from) {
     // The site forgets whatever waits there, so all of it has to stand here.
     if (fields_.delivered && !fields_.dataRefused && !toldSite_) {
-        toldSite_ = true;
-        return Ask(WebScript::listDel);
+        if (!fields_.asked && !late_) return TellSite();
+        looksAgain_ = true;
+        return Ask(WebScript::listData);
     }
     if (talk_ != WebTalk::upload || !fields_.formMet || sentForm_) return {};
+    if (State().gDB.Path() != book_) {
+        fields_.answered = true;
+        ShowMsg(u"账本已更换，没有上传!"_s);
+        return {};
+    }
     sentForm_ = true;
     return FillUploadForm(page, from);
 }
 
+WebRequest WebConversation::TellSite() {
+    toldSite_ = true;
+    return Ask(WebScript::listDel);
+}
+
+bool WebConversation::IsUnchanged(const WebPage& page) const {
+    QStringList data;
+    for (const auto& [name, value] : MessagesOf(page))
+        if (name == u"txtData") data << value;
+    return data == fields_.data;
+}
+
+void WebConversation::TellReceived() {
+    for (const auto& told : std::exchange(fields_.received, {}))
+        ShowMsg(told, u"确定"_s, kMsgDone);
+}
+
 void WebConversation::End() {
     SetWebTip(kTipState, fields_.refused ? u"用户无效"_s : QString());
+    TellReceived();
+    if (toldSite_ && fields_.refused) {
+        ShowMsg(u"记账已收到，但未能通知网站：无效用户!\n"_s + kMayComeAgain);
+        return;
+    }
     if (talk_ == WebTalk::validate && fields_.hasInfo && !fields_.refused) {
         ShowMsg(u"验证成功!"_s, u"确定"_s, kMsgDone);
         return;
@@ -111,9 +150,10 @@ void WebConversation::End() {
         ShowMsg(WordOf(talk_) + u"失败："_s + kNoAnswer, u"确定"_s, kMsgFail);
 }
 
-void WebConversation::TellStopped() const {
+void WebConversation::TellStopped() {
+    TellReceived();
     QString told = WordOf(talk_) + u"已停止!"_s;
-    if (toldSite_)
+    if (toldSite_ || looksAgain_)
         told += u"\n记账已收到，但网站可能没有得到通知。"_s + kMayComeAgain;
     else if (sentForm_)
         told += u"\n网站可能已收到这次上传。"_s;
@@ -124,7 +164,8 @@ void WebConversation::Fail(const QString& reason) {
     failed_ = true;
     SetWebTip(kTipState, u"无法访问"_s);
     if (!IsAsked()) return;
-    if (toldSite_)
+    TellReceived();
+    if (toldSite_ || looksAgain_)
         ShowMsg(u"记账已收到，但未能通知网站："_s + reason + u'\n' + kMayComeAgain);
     else
         ShowMsg(WordOf(talk_) + u"失败："_s + reason, u"确定"_s, kMsgFail);

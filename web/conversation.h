@@ -21,6 +21,7 @@ struct WebReply {
     bool keepsMethod = false;  ///< a form is to be sent there once more, not asked for
     QString contentType = {};
     QByteArray body = {};
+    Cookies cookies = {};  ///< that the answer sets; a null value takes one back
 };
 
 inline const QString kCannotReach = QStringLiteral("无法访问：您是否已联网？");
@@ -41,21 +42,31 @@ class WebConversation {
     /// Reads fields as those of an answer: the driver has no page.
     std::optional<WebRequest> TakeFields(const std::vector<std::pair<QString, QString>>& fields);
 
+    /// The answer that is taken next has waited: more may have come to the site since.
+    void MarkLate() { late_ = true; }
+
     bool Failed() const { return failed_; }
     /// Tells the user that it ends because he wished so, and what may have been done by then.
-    void TellStopped() const;
+    void TellStopped();
 
  private:
     WebRequest Ask(WebScript script) const;
     std::optional<WebRequest> After(const WebPage& page, const QUrl& from);
     void Handle(const std::vector<std::pair<QString, QString>>& fields);
+    WebRequest TellSite();
+    /// Whether the site still has what was stored and nothing else.
+    bool IsUnchanged(const WebPage& page) const;
+    void TellReceived();
     void End();
     void Fail(const QString& reason);
 
     WebTalk talk_;
     QString user_, pass_;
     WebFields fields_;
-    bool toldSite_ = false;  ///< that its entries were taken
+    QString book_;  ///< the one that was open at the beginning
+    bool late_ = false;
+    bool looksAgain_ = false;  ///< for what the site has, before it is told
+    bool toldSite_ = false;    ///< that its entries were taken
     bool sentForm_ = false;
     bool failed_ = false;
 };

@@ -12,10 +12,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 WebReply ReplyFrom(QProcess& process) {
+    if (process.error() == QProcess::FailedToStart) return {.failure = u"程序不完整，缺少【jotnetwork】"_s};
     WebReply reply;
     QDataStream answer(process.readAllStandardOutput());
     answer >> reply;
-    return answer.status() == QDataStream::Ok ? reply : WebReply{.failure = kCannotReach};
+    return answer.status() == QDataStream::Ok ? reply : WebReply{.failure = u"网络程序意外结束"_s};
 }
 
 }  // namespace

@@ -6,8 +6,10 @@
 #include "web/page_reader.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QFile>
 #include <QNetworkAccessManager>
+#include <QNetworkCookie>
 #include <QNetworkProxy>
 #include <QNetworkReply>
 
@@ -68,6 +70,23 @@ QString FailureOf(const QNetworkReply& reply) {
     }
 }
 
+Cookies CookiesOf(const QNetworkReply& reply) {
+    Cookies cookies;
+    const auto now = QDateTime::currentDateTimeUtc();
+    for (const auto& set : reply.header(QNetworkRequest::SetCookieHeader).value<QList<QNetworkCookie>>()) {
+        const bool gone = !set.isSessionCookie() && set.expirationDate() <= now;
+        cookies.insert(set.name(), gone ? QByteArray() : set.value().isNull() ? QByteArray("") : set.value());
+    }
+    return cookies;
+}
+
+QByteArray CookieLine(const Cookies& cookies) {
+    QByteArrayList pairs;
+    for (auto cookie = cookies.begin(); cookie != cookies.end(); ++cookie)
+        pairs << cookie.key() + '=' + cookie.value();
+    return pairs.join("; ");
+}
+
 WebReply ReplyOf(const QNetworkReply& reply, const QByteArray& body) {
     WebReply made{.failure = FailureOf(reply), .url = reply.url()};
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -75,8 +94,12 @@ WebReply ReplyOf(const QNetworkReply& reply, const QByteArray& body) {
     constexpr int kKeeping[] = {307, 308};
     if (status / 100 == 3 && !location.isEmpty()) made.redirect = location;
     made.keepsMethod = std::find(std::begin(kKeeping), std::end(kKeeping), status) != std::end(kKeeping);
+    // The library would have sent the body to the new place itself.
+    const bool leadsOn = made.keepsMethod && !made.redirect.isEmpty();
+    if (leadsOn && reply.error() == QNetworkReply::ContentReSendError) made.failure.clear();
     made.contentType = reply.header(QNetworkRequest::ContentTypeHeader).toString();
     made.body = body;
+    made.cookies = CookiesOf(reply);
     return made;
 }
 
@@ -95,7 +118,10 @@ void Send(QNetworkAccessManager& manager, const WebRequest& request) {
     wire.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     wire.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     wire.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    wire.setDecompressedSafetyCheckThreshold(-1);  // kLargestPage bounds it
     wire.setRawHeader("Connection", "close");
+    wire.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    if (!request.cookies.isEmpty()) wire.setRawHeader("Cookie", CookieLine(request.cookies));
     wire.setHeader(QNetworkRequest::ContentLengthHeader, request.body.size());
     if (request.post) wire.setRawHeader("Content-Type", request.contentType);
     auto* sent = new OneTimeBody(request.body, &manager);

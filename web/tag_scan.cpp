@@ -13,6 +13,8 @@ using Names = QSet<QByteArray>;
 constexpr qint64 kMostWork = 50'000'000;
 // A parser compares each attribute of a tag with all before it.
 constexpr int kMostAttributes = 500;
+// What stands open is made anew in block after block, so each tag may become a dozen.
+constexpr int kMostTags = 200'000;
 // So many tags are safe at any depth.
 constexpr int kSafeTags = 5000;
 
@@ -226,13 +228,15 @@ class Scan {
     void Count() {
         found_.deepest = std::max(found_.deepest, levels_.Depth());
         work_ += levels_.Depth() + 1;
-        found_.tooDeep = found_.tooDeep || found_.deepest > kDeepestTags || work_ > kMostWork;
+        found_.tooDeep =
+            found_.tooDeep || found_.deepest > kDeepestTags || work_ > kMostWork || ++tags_ > kMostTags;
     }
 
     QByteArrayView html_;
     TagScan found_;
     Levels levels_;
     qint64 work_ = 0;
+    int tags_ = 0;
 };
 
 // Where text that is no markup elsewhere holds tags after all, or a comment ends otherwise, the scan and a

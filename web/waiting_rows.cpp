@@ -193,7 +193,7 @@ class CellMaker {
 
 }  // namespace
 
-bool StoreWebLines(cConnection& book, const QString& text) {
+StoredDelivery StoreWebLines(cConnection& book, const QString& text) {
     const auto delivery = ReadDelivery(text);
     const QString file = delivery.skipped > 0 ? KeepDelivery(text) : QString();
     const auto sorted = SortOut(book, delivery);
@@ -201,8 +201,7 @@ bool StoreWebLines(cConnection& book, const QString& text) {
     InsertAll(book, all ? Pointers(delivery) : sorted.fresh);
     Notices().webRowsChanged.Emit();
     const int count = delivery.count - (all ? 0 : static_cast<int>(sorted.repeats.size()));
-    ShowMsg(Received(count, delivery.skipped, file), u"确定"_s, kMsgDone);
-    return delivery.count > 0;
+    return {delivery.count > 0, !sorted.repeats.empty(), Received(count, delivery.skipped, file)};
 }
 
 void ReadWebRows(cConnection& book, WebList list, Job& job, const std::function<void(WebRow&&)>& take) {

@@ -46,12 +46,21 @@ void WebFields::Handle(const QString& name, const QString& value) {
     if (name == u"txtAcc") formMet = true;
 }
 
+bool WebFields::IsOther() const {
+    const auto& settings = State().settings;
+    return !user_.isEmpty() && (user_ != settings.sWebName || pass_ != settings.sWebPass);
+}
+
 void WebFields::HandleRet(const QString& value) {
     auto& flag = State().settings.bWebOk;
     const bool bad = value == u"-1" || value == u"0";
     if (!bad && value != u"1" && value != u"2") return;
-    if (value != u"1") flag = bad ? 0 : 1;
     if (value != u"1") refused = bad;
+    if (IsOther()) {
+        accepted_ = value == u"2";
+        return;
+    }
+    if (value != u"1") flag = bad ? 0 : 1;
     SaveWebSettings();
     if (value == u"2" && user_.isEmpty()) SetWebTip(kTipUser, State().settings.sWebName);
 }
@@ -59,8 +68,10 @@ void WebFields::HandleRet(const QString& value) {
 void WebFields::HandleInfo(const QString& value) {
     const auto lines = value.split(u"\r\n"_s);
     if (lines.size() < 2) return Tell(u"用户名或密码错 或 无效获取验证信息!"_s, kMsgFail);
+    if (refused) return;
     auto& settings = State().settings;
     settings.sWebBook = lines.front();
+    if (IsOther() && accepted_) settings.bWebOk = 1;
     if (!user_.isEmpty()) {
         settings.sWebName = user_;
         settings.sWebPass = pass_;
@@ -80,7 +91,11 @@ void WebFields::HandleData(const QString& value) {
     if (otherBook)
         return Tell(u"网账需要的账本是："_s + settings.sWebBook + u"，而您当前的账本是："_s + open, kMsgWarn);
     answered = true;
-    if (StoreWebLines(State().gDB, value)) delivered = true;
+    const auto stored = StoreWebLines(State().gDB, value);
+    delivered = delivered || stored.any;
+    asked = asked || stored.asked;
+    data << value;
+    received << stored.told;
     SaveForNextStart([] { CloseWebReminder(); });
     SetWebTip(kTipCount, u"0"_s);
 }

@@ -4,6 +4,7 @@
 #include "web/page_reader.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <utility>
 #include <vector>
@@ -24,8 +25,11 @@ class WebFields {
     bool hasInfo = false;      ///< the user's information came, and the user has been taken over
     bool dataRefused = false;  ///< entries came that were not stored
     bool delivered = false;    ///< entries were stored, the site may be told
+    bool asked = false;        ///< a box stood before they were stored
     bool formMet = false;      ///< the upload form
-    bool answered = false;     ///< a box has told the user what became of the request
+    bool answered = false;     ///< a box tells the user what became of the request
+    QStringList data;          ///< the deliveries that were stored
+    QStringList received;      ///< what the user is to be told of them, once the site knows
 
  private:
     void HandleRet(const QString& value);
@@ -35,5 +39,9 @@ class WebFields {
     void HandleUpload(const QString& value);
     void Tell(const QString& text, int icon);
 
+    /// Others than the stored ones: what the service says of them is no word about the stored user.
+    bool IsOther() const;
+
     QString user_, pass_;
+    bool accepted_ = false;  ///< the typed user is valid
 };

@@ -47,7 +47,7 @@ void WebLedger::Stop() {
     auto awaited = std::find_if(waiting_.begin(), waiting_.end(), asked);
     const bool runs = current_ && current_->IsAsked();
     if (!runs && awaited == waiting_.end()) return;
-    const WebConversation stopped = runs ? *current_ : *awaited;
+    WebConversation stopped = runs ? *current_ : *awaited;
     std::erase_if(waiting_, asked);
     if (runs) {
         StopSending();
@@ -73,6 +73,7 @@ void WebLedger::Next() {
         current_.emplace(std::move(waiting_.front()));
         waiting_.pop_front();
         requests.clear();
+        cookies_.clear();
         std::optional<WebRequest> first;
         RunEvent([&] { first = current_->First(); });
         if (first && current_) return Launch(*first);
@@ -92,10 +93,11 @@ void WebLedger::Launch(const WebRequest& request) {
 
 void WebLedger::SendNow(const WebRequest& request) {
     request_ = request;
+    request_.cookies = cookies_;
     const int number = ++sending_;
     RunEvent([&] {
         if (!send) return Deliver({.failure = kCannotReach});
-        abort_ = send(request, [this, number](const WebReply& reply) {
+        abort_ = send(request_, [this, number](const WebReply& reply) {
             if (number == sending_) RunEvent([&] { Arrived(reply); });
         });
     });
@@ -103,6 +105,11 @@ void WebLedger::SendNow(const WebRequest& request) {
 
 void WebLedger::Arrived(const WebReply& reply) {
     abort_ = {};
+    for (auto cookie = reply.cookies.begin(); cookie != reply.cookies.end(); ++cookie)
+        if (cookie.value().isNull())
+            cookies_.remove(cookie.key());
+        else
+            cookies_.insert(cookie.key(), cookie.value());
     if (reply.failure.isEmpty() && !reply.redirect.isEmpty()) return Forward(reply);
     Deliver(reply);
 }
@@ -125,6 +132,7 @@ void WebLedger::Forward(const WebReply& reply) {
 void WebLedger::Deliver(const WebReply& reply) {
     StopSending();
     if (State().gBusy) {
+        current_->MarkLate();
         late_ = reply;
         return afterJob_.start();
     }

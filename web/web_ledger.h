@@ -57,6 +57,7 @@ class WebLedger {
     std::optional<WebConversation> current_;
     std::deque<WebConversation> waiting_;
     WebRequest request_;
+    Cookies cookies_;  ///< of the conversation; it stays with one host
     std::function<void()> abort_;
     QTimer limit_, outage_, afterJob_;
     WebReply late_;  ///< an answer that came during a job, which has the book to itself

@@ -32,13 +32,16 @@ struct Postable {
 
 // The id in a column; anything that is no whole number is no id of a chart.
 qint64 IdIn(const cRecordset& row, QStringView column) {
-    const double number = row.Number(column);
-    if (number <= 0) return kNoId;
-    return number == std::floor(number) ? row.Int(column) : kUnknownId;
+    const QString text = row.Text(column).trimmed();
+    if (text.isEmpty()) return kNoId;
+    const auto number = NumericValue(text);
+    if (!number) return kUnknownId;
+    if (*number <= 0) return kNoId;
+    return *number == std::floor(*number) && *number < kTooMuch ? static_cast<qint64>(*number) : kUnknownId;
 }
 
 int SignIn(const cRecordset& row, QStringView column) {
-    return row.Number(column) == 1 ? 1 : -1;
+    return NumericValue(row.Text(column)) == 1 ? 1 : -1;
 }
 
 std::optional<QString> CodeOf(cConnection& book, Chart chart, const QSet<qint64>& known, qint64 id) {
@@ -72,7 +75,8 @@ std::optional<Postable> Examine(cConnection& book, const cRecordset& row, const 
     if (!value || !accountValue) return {};
     found.value = Val(MoneyText(*value));
     found.accountValue = *accountValue;
-    return found;
+    const bool fits = std::fabs(found.value) < kTooMuch && std::fabs(found.accountValue) < kTooMuch;
+    return fits ? std::optional(found) : std::nullopt;
 }
 
 AccountRow KindRow(const cRecordset& row, const Postable& from, bool main) {

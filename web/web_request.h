@@ -2,10 +2,14 @@
 // Requests to the web ledger's service: where it is, what is asked, and where an answer may lead.
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
 #include <QUrl>
 
 enum class WebScript { regState, userInfo, listCount, listData, listDel, upKindAcc };
+
+/// What the service has asked to be told again in the same conversation, by name.
+using Cookies = QMap<QByteArray, QByteArray>;
 
 struct WebRequest {
     QString name;  ///< file name of what is asked, without values
@@ -13,6 +17,7 @@ struct WebRequest {
     bool post = false;
     QByteArray body = {};         ///< of a form, encoded
     QByteArray contentType = {};  ///< how it is encoded
+    Cookies cookies = {};
 };
 
 /// The service's address without a path of ours: JOT_WEB_BASE of the environment, otherwise the one of the

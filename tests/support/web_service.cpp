@@ -68,6 +68,7 @@ void WebService::Take(QTcpSocket* socket) {
                        : FieldsOf(asked.query, upload);
     seen << QString::fromLatin1(asked.method) + u' ' + asked.script;
     last = asked.fields;
+    cookies = HeaderOf(head, "cookie");
     Answer(socket, asked);
 }
 
@@ -133,11 +134,13 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
         socket->disconnectFromHost();
     };
     const auto redirect = [&](const QByteArray& to) {
-        send(Head(302, "Location: " + to + "\r\nContent-Length: 0\r\n"));
+        send(Head(leads, "Location: " + to + "\r\nContent-Length: 0\r\n"));
     };
     const auto page = [&] {
         const QByteArray body = Encoded(PageFor(asked));
-        return Head(200, type + "Content-Length: " + QByteArray::number(body.size()) + "\r\n") + body;
+        return Head(200, type + "Set-Cookie: " + asked.script.toLatin1() +
+                             "=1; path=/\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n") +
+               body;
     };
     const bool again = asked.path.contains("/again/");
     switch (mood) {
@@ -179,6 +182,9 @@ void WebService::Answer(QTcpSocket* socket, const Asked& asked) {
             const QString whole = PageFor(asked);
             return send(Head(200, type) + Encoded(whole.left(whole.lastIndexOf(u"</TextArea"_s))));
         }
+        case Mood::refuses:
+            return send(Head(200, type) +
+                        Encoded(u"<html><body>"_s + Box(u"txtRet"_s, u"-1"_s) + u"</body></html>"_s));
         case Mood::silent:
             return send(Head(200, type) + "<html><body>Welcome</body></html>");
         case Mood::good:

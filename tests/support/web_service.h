@@ -27,6 +27,7 @@ enum class Mood {
     leadsOn,      ///< redirects to the same answer at another address
     leadsRound,   ///< redirects to itself
     cut,          ///< a whole answer that ends within a text of its page
+    refuses,      ///< the user is not valid
     silent        ///< a page without a field
 };
 
@@ -50,10 +51,12 @@ class WebService {
     QString uploadResult = QStringLiteral("2");
     QString count;              ///< told instead of the number of entries, when not empty
     QMap<QString, Mood> moods;  ///< by the name of a script
+    int leads = 302;            ///< the status of a redirect
 
     QStringList seen;             ///< what was asked, in order: "GET getListData.asp"
     QMap<QString, QString> last;  ///< fields of the last request
     std::vector<QMap<QString, QString>> uploads;
+    QByteArray cookies;   ///< that came with the last request; each page sets one named after its script
     int open = 0;         ///< connections
     QByteArray boundary;  ///< between the parts of the last upload
 

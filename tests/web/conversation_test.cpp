@@ -105,8 +105,74 @@ TEST_F(ConversationTest, ADeliveryAgainIsAskedAboutAndTheSiteIsTold) {
     service_.entries << SiteLine(u"b"_s);
     boxes.Expect(u"有【1】条记账"_s, 0);
     Talk(WebTalk::fetch, {u"收到【1】"_s});
-    EXPECT_EQ(service_.seen.size(), 2);
+    EXPECT_EQ(service_.seen, (QStringList{kDrives, kDrives, kDeletes}));
     EXPECT_EQ(Dump(u"select Title1 from tAccountWeb"_s), (QStringList{u"a"_s, u"b"_s}));
+    // What comes to the site while the question stands is not forgotten with the rest.
+    service_.forgets = true;
+    auto typed = Notices().webRowsChanged.Subscribe([&] { service_.entries << SiteLine(u"c"_s); });
+    boxes.Expect(u"有【2】条记账"_s, 0);
+    Talk(WebTalk::fetch, {u"收到【0】"_s, u"网站上又有了新的记账，请再次检查!"_s});
+    EXPECT_EQ(service_.seen, (QStringList{kDrives, kDrives}));
+    EXPECT_EQ(service_.entries.size(), 3);
+    typed.reset();
+    boxes.Expect(u"有【2】条记账"_s, 0);
+    Talk(WebTalk::fetch, {u"收到【1】"_s});
+    EXPECT_EQ(service_.entries, QStringList());
+    EXPECT_EQ(Waiting().size(), 3);
+}
+
+TEST_F(ConversationTest, NoBoxStandsBetweenStoringAndTellingTheSite) {
+    service_.entries = {SiteLine(u"a"_s)};
+    service_.moods = {{u"getListDel.asp"_s, Mood::late}};
+    Web().Begin(WebTalk::fetch);
+    WaitFor([&] { return !Waiting().isEmpty() && service_.seen.size() == 2; });
+    EXPECT_EQ(service_.seen, (QStringList{kDrives, kDeletes}));
+    EXPECT_EQ(boxes.Seen(), QStringList());
+    boxes.Expect(u"收到【1】"_s);
+    Finish();
+    // A site that does not take the word keeps its entries, and the user knows.
+    service_.entries = {SiteLine(u"b"_s)};
+    service_.moods = {{u"getListDel.asp"_s, Mood::refuses}};
+    Talk(WebTalk::fetch, {u"收到【1】"_s, u"记账已收到，但未能通知网站：无效用户!"_s});
+}
+
+TEST_F(ConversationTest, ARedirectThatKeepsTheMethodIsFollowed) {
+    for (const int status : {302, 307, 308}) {
+        service_.leads = status;
+        service_.entries = {SiteLine(QString::number(status))};
+        service_.moods = {{u"getListData.asp"_s, Mood::leadsOn}};
+        Talk(WebTalk::fetch, {u"收到【1】"_s});
+        if (status == 302) continue;
+        service_.moods = {{u"saveKindAcc.asp"_s, Mood::leadsOn}};
+        Talk(WebTalk::upload, {u"已成功【上传】"_s});
+        EXPECT_EQ(service_.seen.mid(1), QStringList(2, u"POST saveKindAcc.asp"_s));
+    }
+    ASSERT_EQ(service_.uploads.size(), 2U);
+    EXPECT_EQ(service_.uploads[0][u"txtUser"_s], u"lin"_s);
+}
+
+TEST_F(ConversationTest, AUserWhoIsRefusedChangesNothingOfTheStoredOne) {
+    State().settings.bWebOk = 1;
+    Talk(WebTalk::validate, {u"用户名或密码错 或 无效获取验证信息!"_s}, u"x"_s, u"y"_s);
+    EXPECT_EQ(State().settings.bWebOk, 1);
+    WebConversation talk(WebTalk::validate, u"x"_s, u"y"_s);
+    talk.TakeFields({{u"txtRet"_s, u"-1"_s}, {u"txtInfo"_s, u"book\r\nx"_s}});
+    EXPECT_EQ(State().settings.sWebName, u"lin"_s);
+    State().settings.bWebOk = 0;
+    service_.users.insert(u"x"_s, u"y"_s);
+    Talk(WebTalk::validate, {u"验证成功!"_s}, u"x"_s, u"y"_s);
+    EXPECT_EQ(State().settings.sWebName, u"x"_s);
+    EXPECT_EQ(State().settings.bWebOk, 1);
+}
+
+TEST_F(ConversationTest, AnUploadKeepsToTheBookItWasBegunWith) {
+    service_.moods = {{u"upKindAcc.asp"_s, Mood::late}};
+    ASSERT_TRUE(QFile::copy(Book().Path(), Path(u"other.jotdb"_s)));
+    Web().Begin(WebTalk::upload);
+    Book().Open(Path(u"other.jotdb"_s));
+    boxes.Expect(u"账本已更换，没有上传!"_s);
+    Finish();
+    EXPECT_EQ(service_.uploads.size(), 0U);
 }
 
 TEST_F(ConversationTest, TheServiceReadsWhatTheUserTyped) {
@@ -143,6 +209,7 @@ TEST_F(ConversationTest, TheUploadIsSentAsABrowserSendsIt) {
         Talk(WebTalk::upload, {u"已成功【上传】事情分类到网站上您的账户【lin】!"_s});
         EXPECT_EQ(service_.seen.last(), QString::fromLatin1(method).toUpper() + u" saveKindAcc.asp"_s);
         EXPECT_EQ(service_.seen.size(), 2);
+        EXPECT_EQ(service_.cookies, "upKindAcc.asp=1");  // of this conversation alone
     }
     ASSERT_EQ(service_.uploads.size(), 3U);
     EXPECT_EQ(service_.uploads[0], service_.uploads[1]);
@@ -218,7 +285,7 @@ TEST_F(ConversationTest, EveryMisbehaviourEndsWithAWordAndNothingStored) {
     WaitFor([&] { return service_.open == 0; });
     EXPECT_EQ(service_.open, 0);
     State().gProgramFolder = Path(u"nowhere"_s);
-    Talk(WebTalk::fetch, {u"收取失败：无法访问"_s});
+    Talk(WebTalk::fetch, {u"收取失败：程序不完整，缺少【jotnetwork】"_s});
     State().gProgramFolder.clear();
     service_.moods = {{u"getListData.asp"_s, Mood::silent}};
     Talk(WebTalk::fetch, {u"收取失败：网站没有正常回答"_s});
