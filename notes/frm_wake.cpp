@@ -103,6 +103,7 @@ void frmWake::Build() {
 
 // What leads to the pages is locked with them.
 void frmWake::SetLocked(bool locked) {
+    if (KestroList1->isEnabled() != locked) return;
     KestroList1->setEnabled(!locked);
     btnWake->setEnabled(!locked);
     btnResetHeadIco->setEnabled(!locked && Commands().resetHeadIco);

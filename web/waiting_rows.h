@@ -12,16 +12,17 @@
 
 enum class WebList { waiting, history };
 
-/// StoreWebLines: takes the entries of a delivery into the book in one transaction. Lines that wait or were
-/// there before are asked about; a delivery with lines that are no entries is first kept as a file of its
-/// user. Throws when something cannot be written; nothing is stored then. Only after a delivery with lines
-/// may the site be told to forget what waits there, and at once: no box stands between the two, since
-/// whatever reaches the site meanwhile would be forgotten unseen.
 struct StoredDelivery {
     bool any = false;    ///< it had lines
     bool asked = false;  ///< a box stood, so that meanwhile more may have come to the site
     QString told;        ///< what the user is to be told of it
 };
+
+/// Takes the entries of a delivery into the book in one transaction. Lines that wait or were
+/// there before are asked about; a delivery with lines that are no entries is first kept as a file of its
+/// user. Throws when something cannot be written; nothing is stored then. Only after a delivery with lines
+/// may the site be told to forget what waits there, and at once: no box stands between the two, since
+/// whatever reaches the site meanwhile would be forgotten unseen.
 StoredDelivery StoreWebLines(cConnection& book, const QString& text);
 
 struct WebRow {

@@ -57,7 +57,7 @@ void WebFields::HandleRet(const QString& value) {
     if (!bad && value != u"1" && value != u"2") return;
     if (value != u"1") refused = bad;
     if (IsOther()) {
-        accepted_ = value == u"2";
+        if (value != u"1") accepted_ = !bad;
         return;
     }
     if (value != u"1") flag = bad ? 0 : 1;

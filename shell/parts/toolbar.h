@@ -41,7 +41,6 @@ class Toolbar : public QWidget {
 
  private:
     int Needed() const;
-
     void KeepOrder();
 
     QHBoxLayout* row_;
