@@ -1,5 +1,7 @@
 #include "tools/tour/tour.h"
 
+#include "store/state.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -34,7 +36,9 @@ void Tour::Tick() {
         QApplication::exit(0);
         return;
     }
-    QWidget* window = steps_.front().ready();
+    // What is clicked while a job yields is dropped, unless a window asks in front of it.
+    const bool deaf = State().gBusy && !QApplication::activeModalWidget();
+    QWidget* window = deaf ? nullptr : steps_.front().ready();
     if (!window) {
         if (waiting_.elapsed() > kPatienceMs) Fail(u"step never became ready: "_s + steps_.front().name);
         return;
